@@ -1,0 +1,39 @@
+# SPDX-FileCopyrightText: 2026 The Ombrel developers
+# SPDX-License-Identifier: MIT
+#
+# The compiler settings that every target of the project shares.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+
+find_program(OMBREL_CCACHE ccache)
+if(OMBREL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${OMBREL_CCACHE}")
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+if(OMBREL_WARNINGS_AS_ERRORS)
+    add_compile_options(-Werror)
+endif()
+if(OMBREL_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
+                        -fno-omit-frame-pointer -O1 -g1)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+# The library promises Qt 5.12: what came later must not compile, what was deprecated later
+# must not warn.
+add_compile_definitions(
+    QT_NO_KEYWORDS
+    QT_NO_CAST_TO_ASCII
+    QT_NO_URL_CAST_FROM_STRING
+    QT_DEPRECATED_WARNINGS_SINCE=0x050c00
+    QT_DISABLE_DEPRECATED_BEFORE=0x050c00)

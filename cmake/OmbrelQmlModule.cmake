@@ -1,0 +1,56 @@
+# SPDX-FileCopyrightText: 2026 The Ombrel developers
+# SPDX-License-Identifier: MIT
+#
+# ombrel_qml_module(<plugin target> URI <uri> [SUBMODULES <uri>...] [QMLDIR <file>])
+#
+# Places a plugin target, its qmldir and its type descriptions where a QML engine looks for them:
+# below <build>/qml while building, below OMBREL_QML_DIR when installed. The type descriptions
+# come from Qt's own tool, which loads the plugin, constructs each type and reads each property.
+
+find_program(OMBREL_QMLPLUGINDUMP NAMES qmlplugindump
+             HINTS /usr/lib/qt5/bin REQUIRED)
+
+set(OMBREL_BUILD_QML_DIR "${PROJECT_BINARY_DIR}/qml")
+set(OMBREL_DUMP_SCRIPT "${CMAKE_CURRENT_LIST_DIR}/DumpTypes.cmake")
+
+function(ombrel_qml_module target)
+    cmake_parse_arguments(arg "" "URI;QMLDIR" "DEPENDS" ${ARGN})
+    string(REPLACE "." "/" path "${arg_URI}")
+    set(dir "${OMBREL_BUILD_QML_DIR}/${path}")
+    set_target_properties(${target} PROPERTIES
+        LIBRARY_OUTPUT_DIRECTORY "${dir}"
+        PREFIX "lib")
+    configure_file("${arg_QMLDIR}" "${dir}/qmldir" COPYONLY)
+
+    set(preload "")
+    if(OMBREL_SANITIZE)
+        # The tool itself is not instrumented, so the sanitizer's library has to come first.
+        execute_process(COMMAND "${CMAKE_CXX_COMPILER}" -print-file-name=libasan.so
+                        OUTPUT_VARIABLE preload OUTPUT_STRIP_TRAILING_WHITESPACE)
+    endif()
+    set(types "${dir}/plugins.qmltypes")
+    add_custom_command(
+        OUTPUT "${types}"
+        COMMAND "${CMAKE_COMMAND}" "-DTOOL=${OMBREL_QMLPLUGINDUMP}" "-DURI=${arg_URI}"
+                "-DIMPORT=${OMBREL_BUILD_QML_DIR}" "-DOUTPUT=${types}" "-DPRELOAD=${preload}"
+                -P "${OMBREL_DUMP_SCRIPT}"
+        DEPENDS ${target} ${arg_DEPENDS} "${dir}/qmldir" "${OMBREL_DUMP_SCRIPT}"
+        COMMENT "Describing the types of ${arg_URI}"
+        VERBATIM)
+    add_custom_target(${target}_types ALL DEPENDS "${types}")
+
+    install(TARGETS ${target} LIBRARY DESTINATION "${OMBREL_QML_DIR}/${path}")
+    install(FILES "${dir}/qmldir" "${types}" DESTINATION "${OMBREL_QML_DIR}/${path}")
+endfunction()
+
+# ombrel_qml_submodule(<plugin target> URI <uri> QMLDIR <file>)
+#
+# A module whose types the plugin of another one registers. It has type descriptions and a qmldir
+# for tools, but no library of its own.
+function(ombrel_qml_submodule target)
+    cmake_parse_arguments(arg "" "URI;QMLDIR" "" ${ARGN})
+    string(REPLACE "." "/" path "${arg_URI}")
+    set(dir "${OMBREL_BUILD_QML_DIR}/${path}")
+    configure_file("${arg_QMLDIR}" "${dir}/qmldir" COPYONLY)
+    install(FILES "${dir}/qmldir" DESTINATION "${OMBREL_QML_DIR}/${path}")
+endfunction()

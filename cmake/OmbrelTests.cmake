@@ -1,0 +1,78 @@
+# SPDX-FileCopyrightText: 2026 The Ombrel developers
+# SPDX-License-Identifier: MIT
+#
+# ombrel_add_tests([INTERNAL <tst>...] [OFFSCREEN <tst>...] [ONE_LOOP <tst>...]
+#                  [LIBRARIES <target>...])
+#
+# Turns every tst_*.cpp and tst_*.qml of the calling folder into tests. Files are found, not
+# listed: a test that exists runs. By default a test loads the plugin through an engine, as an
+# application does, and runs on an X server of its own, once under each render loop.
+#
+#   INTERNAL   links the controls' inner library instead of loading the plugin (never both)
+#   OFFSCREEN  needs neither pixels nor a window system
+#   ONE_LOOP   has a window, but nothing of it depends on the render loop
+#   LIBRARIES  further targets that each C++ test of the folder links
+
+find_package(Qt5 5.15 REQUIRED COMPONENTS Test QuickTest)
+
+set(OMBREL_RUN_TEST "${PROJECT_SOURCE_DIR}/tests/support/run-test")
+
+function(ombrel_test_entry name loop offscreen)
+    set(environment
+        "QML2_IMPORT_PATH=${PROJECT_BINARY_DIR}/qml"
+        "OMBREL_SOURCE_DIR=${PROJECT_SOURCE_DIR}"
+        "OMBREL_BUILD_DIR=${PROJECT_BINARY_DIR}"
+        "ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=0"
+        "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
+        "UBSAN_OPTIONS=print_stacktrace=1"
+        "LC_ALL=C.UTF-8"
+        "QSG_RENDER_LOOP=${loop}")
+    if(offscreen)
+        list(APPEND environment "QT_QPA_PLATFORM=offscreen" "QT_QUICK_BACKEND=software")
+        set(runner "${OMBREL_RUN_TEST}" --no-display)
+    else()
+        list(APPEND environment "QT_QPA_PLATFORM=xcb" "LIBGL_ALWAYS_SOFTWARE=1")
+        set(runner "${OMBREL_RUN_TEST}")
+    endif()
+    add_test(NAME "${name}" COMMAND ${runner} ${ARGN})
+    set_tests_properties("${name}" PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
+endfunction()
+
+function(ombrel_test_entries test)
+    set(command ${ARGN})
+    if(test IN_LIST arg_OFFSCREEN)
+        ombrel_test_entry(${folder}.${test} basic TRUE ${command})
+    elseif(test IN_LIST arg_ONE_LOOP)
+        ombrel_test_entry(${folder}.${test} basic FALSE ${command})
+    else()
+        ombrel_test_entry(${folder}.${test}.basic basic FALSE ${command})
+        ombrel_test_entry(${folder}.${test}.threaded threaded FALSE ${command})
+    endif()
+endfunction()
+
+function(ombrel_add_tests)
+    cmake_parse_arguments(arg "" "" "INTERNAL;OFFSCREEN;ONE_LOOP;LIBRARIES" ${ARGN})
+    get_filename_component(folder "${CMAKE_CURRENT_SOURCE_DIR}" NAME)
+
+    file(GLOB sources CONFIGURE_DEPENDS "tst_*.cpp")
+    foreach(source IN LISTS sources)
+        get_filename_component(test "${source}" NAME_WE)
+        add_executable(${folder}_${test} "${source}")
+        target_link_libraries(${folder}_${test} PRIVATE ombrel_test_support ${arg_LIBRARIES})
+        if(test IN_LIST arg_INTERNAL)
+            target_link_libraries(${folder}_${test} PRIVATE ombrel_controls ombrel_logging
+                                  $<TARGET_NAME_IF_EXISTS:ombrel_resources>)
+        elseif(TARGET ombrelcontrolsplugin)
+            add_dependencies(${folder}_${test} ombrelcontrolsplugin)
+        endif()
+        set_target_properties(${folder}_${test} PROPERTIES
+            RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+        ombrel_test_entries(${test} $<TARGET_FILE:${folder}_${test}>)
+    endforeach()
+
+    file(GLOB documents CONFIGURE_DEPENDS "tst_*.qml")
+    foreach(document IN LISTS documents)
+        get_filename_component(test "${document}" NAME_WE)
+        ombrel_test_entries(${test}_qml $<TARGET_FILE:ombrel_qmltest> -input "${document}")
+    endforeach()
+endfunction()

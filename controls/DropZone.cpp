@@ -1,0 +1,200 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/DropZone.h"
+
+#include "controls/DropData.h"
+
+#include <QDebug>
+#include <QPointer>
+
+#include <algorithm>
+
+namespace om::controls {
+
+class DropZone::Private
+{
+public:
+    explicit Private(DropZone *zone)
+        : q(zone)
+        , dropData(new DropData(zone))
+    {
+    }
+
+    void append(DropHandler *handler);
+    void clear();
+    void forget(QObject *handler);
+    void setDragSource(QObject *source);
+    DropHandler *findHandler(const QMimeData *mimeData) const;
+
+    static Private *of(QQmlListProperty<DropHandler> *list)
+    {
+        return static_cast<Private *>(list->data);
+    }
+
+    DropZone *const q;
+    DropHandler *activeHandler = nullptr;
+    DropData *const dropData;
+    QList<DropHandler *> handlers;
+};
+
+void DropZone::Private::append(DropHandler *handler)
+{
+    if (!handler) {
+        return;
+    }
+    if (!handlers.contains(handler)) {
+        QObject::connect(handler, &QObject::destroyed, q,
+                         [this](QObject *object) { forget(object); });
+    }
+    handlers.append(handler);
+    Q_EMIT q->dropHandlersChanged();
+}
+
+void DropZone::Private::clear()
+{
+    if (handlers.isEmpty()) {
+        return;
+    }
+    if (activeHandler) {
+        qWarning("Drop handlers changed during drag operation");
+        // Deliberately silent: neither exited nor containsDragChanged follows.
+        activeHandler = nullptr;
+    }
+    for (DropHandler *handler : qAsConst(handlers)) {
+        handler->disconnect(q);
+    }
+    handlers.clear();
+    Q_EMIT q->dropHandlersChanged();
+}
+
+/// \a handler is being destroyed: only its address is left to look at.
+void DropZone::Private::forget(QObject *handler)
+{
+    const auto isHandler = [handler](const DropHandler *other) { return other == handler; };
+    handlers.erase(std::remove_if(handlers.begin(), handlers.end(), isHandler), handlers.end());
+    const bool wasActive = activeHandler == handler;
+    if (wasActive) {
+        activeHandler = nullptr;
+    }
+    const QPointer<DropZone> zone(q);
+    Q_EMIT q->dropHandlersChanged();
+    if (wasActive && zone) {
+        Q_EMIT zone->containsDragChanged();
+    }
+}
+
+void DropZone::Private::setDragSource(QObject *source)
+{
+    for (DropHandler *handler : qAsConst(handlers)) {
+        handler->setDragSource(source);
+    }
+}
+
+DropHandler *DropZone::Private::findHandler(const QMimeData *mimeData) const
+{
+    for (DropHandler *handler : handlers) {
+        if (handler->canHandle(mimeData)) {
+            return handler;
+        }
+    }
+    return nullptr;
+}
+
+DropZone::DropZone(QQuickItem *parent)
+    : QQuickItem(parent)
+    , d(std::make_unique<Private>(this))
+{
+    setFlag(ItemAcceptsDrops);
+}
+
+DropZone::~DropZone()
+{
+    // A handler may outlive the zone's record by the rest of this destruction.
+    for (DropHandler *handler : qAsConst(d->handlers)) {
+        handler->disconnect(this);
+    }
+}
+
+QQmlListProperty<DropHandler> DropZone::dropHandlers()
+{
+    using List = QQmlListProperty<DropHandler>;
+    return List(
+        this, d.get(), [](List *list, DropHandler *handler) { Private::of(list)->append(handler); },
+        [](List *list) { return Private::of(list)->handlers.count(); },
+        [](List *list, int index) { return Private::of(list)->handlers.value(index); },
+        [](List *list) { Private::of(list)->clear(); });
+}
+
+bool DropZone::containsDrag() const
+{
+    return d->activeHandler;
+}
+
+// Every signal below runs the application's code, which may destroy the zone, a handler or the
+// list: after each of them, what is still needed is looked at anew.
+
+void DropZone::dragEnterEvent(QDragEnterEvent *event)
+{
+    d->setDragSource(event->source());
+    DropHandler *const handler = d->findHandler(event->mimeData());
+    if (!handler) {
+        event->ignore();
+        return;
+    }
+    d->activeHandler = handler;
+    event->accept();
+    const QPointer<DropZone> self(this);
+    Q_EMIT containsDragChanged();
+    if (!self || !d->activeHandler) {
+        return;
+    }
+    d->dropData->setPosition(event->posF());
+    d->dropData->setSource(event->source());
+    d->dropData->setData(d->activeHandler->dropData(event->mimeData()));
+    Q_EMIT d->activeHandler->entered(d->dropData);
+}
+
+void DropZone::dragMoveEvent(QDragMoveEvent *event)
+{
+    if (!d->activeHandler) {
+        return;
+    }
+    d->dropData->setPosition(event->posF());
+    event->accept();
+    Q_EMIT d->activeHandler->positionChanged(d->dropData);
+}
+
+void DropZone::dragLeaveEvent(QDragLeaveEvent *)
+{
+    d->setDragSource(nullptr);
+    if (!d->activeHandler) {
+        return;
+    }
+    d->dropData->setPosition({});
+    const QPointer<DropZone> self(this);
+    Q_EMIT d->activeHandler->exited(d->dropData);
+    if (!self) {
+        return;
+    }
+    d->activeHandler = nullptr;
+    Q_EMIT containsDragChanged();
+}
+
+void DropZone::dropEvent(QDropEvent *event)
+{
+    const QPointer<DropZone> self(this);
+    if (d->activeHandler) {
+        d->dropData->setPosition(event->posF());
+        d->activeHandler->drop(d->dropData);
+        if (!self) {
+            return;
+        }
+    }
+    d->activeHandler = nullptr;
+    d->setDragSource(nullptr);
+    // Emitted even when no handler was active.
+    Q_EMIT containsDragChanged();
+}
+
+} // namespace om::controls

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QQmlExtensionPlugin>
+
+namespace om::controls {
+
+/// The object that a QML engine gets from the library: it makes every type reachable from QML.
+///
+/// The public types go under the URI that the engine hands in, the colour-picking types under
+/// "ombrel.Controls.Private".
+class OmbrelControlsPlugin : public QQmlExtensionPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QQmlExtensionInterface_iid)
+
+public:
+    explicit OmbrelControlsPlugin(QObject *parent = nullptr);
+
+    void registerTypes(const char *uri) override;
+    void initializeEngine(QQmlEngine *engine, const char *uri) override;
+};
+
+} // namespace om::controls

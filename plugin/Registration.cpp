@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "plugin/Registration.h"
+
+#include "controls/DropData.h"
+#include "controls/DropHandler.h"
+#include "controls/DropZone.h"
+#include "controls/FileDropHandler.h"
+#include "controls/ImageDropHandler.h"
+#include "controls/VideoDropHandler.h"
+
+#include <QtQml>
+
+// The order below is the order in which the types are registered; a new type is a new line.
+
+namespace om::controls {
+
+void registerPublicTypes(const char *uri)
+{
+    qmlRegisterType<DropZone>(uri, 1, 0, "DropZone");
+    qmlRegisterType<FileDropHandler>(uri, 1, 0, "FileDropHandler");
+    qmlRegisterType<ImageDropHandler>(uri, 1, 0, "ImageDropHandler");
+    qmlRegisterType<VideoDropHandler>(uri, 1, 0, "VideoDropHandler");
+    qmlRegisterUncreatableType<DropHandler>(uri, 1, 0, "DropHandler", "DropHandler is abstract");
+    qmlRegisterUncreatableType<DropData>(uri, 1, 0, "DropData", "DropData cannot be created");
+}
+
+void registerPrivateTypes(const char *uri)
+{
+    Q_UNUSED(uri)
+}
+
+} // namespace om::controls

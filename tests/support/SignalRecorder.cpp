@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/SignalRecorder.h"
+
+#include <QMetaMethod>
+
+namespace support {
+
+SignalRecorder::~SignalRecorder() = default;
+
+void SignalRecorder::watch(QObject *object, const QString &name, const QStringList &signalNames,
+                           Probe probe)
+{
+    const QMetaObject *meta = object->metaObject();
+    QStringList missing = signalNames;
+    for (int i = 0; i < meta->methodCount(); ++i) {
+        const QMetaMethod method = meta->method(i);
+        const QString signalName = QString::fromLatin1(method.name());
+        if (method.methodType() != QMetaMethod::Signal || method.name() == "destroyed") {
+            continue;
+        }
+        if (!signalNames.isEmpty() && !signalNames.contains(signalName)) {
+            continue;
+        }
+        missing.removeAll(signalName);
+        Slot slot;
+        slot.entry = name + QLatin1Char('.') + signalName;
+        for (int p = 0; p < method.parameterCount(); ++p) {
+            slot.types.append(method.parameterType(p));
+        }
+        slot.probe = probe;
+        m_slots.push_back(std::move(slot));
+        const int id = QObject::staticMetaObject.methodCount() + int(m_slots.size()) - 1;
+        QMetaObject::connect(object, i, this, id, Qt::DirectConnection);
+    }
+    if (!missing.isEmpty()) {
+        qFatal("SignalRecorder: %s has no signal %s", qPrintable(name),
+               qPrintable(missing.join(QLatin1Char(','))));
+    }
+}
+
+QStringList SignalRecorder::take()
+{
+    m_arguments.clear();
+    QStringList taken;
+    taken.swap(m_entries);
+    return taken;
+}
+
+int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void **arguments)
+{
+    id = QObject::qt_metacall(call, id, arguments);
+    if (id < 0 || call != QMetaObject::InvokeMetaMethod) {
+        return id;
+    }
+    const Slot &slot = m_slots.at(size_t(id));
+    QVariantList values;
+    for (int i = 0; i < slot.types.size(); ++i) {
+        const int type = slot.types.at(i);
+        if (type == QMetaType::QVariant) {
+            values.append(*static_cast<const QVariant *>(arguments[i + 1]));
+        } else if (type != QMetaType::UnknownType) {
+            values.append(QVariant(type, arguments[i + 1]));
+        } else {
+            values.append(QVariant());
+        }
+    }
+    QString entry = slot.entry;
+    if (slot.probe) {
+        entry += QStringLiteral(" [%1]").arg(slot.probe());
+    }
+    m_entries.append(entry);
+    m_arguments.append(QVariant(values));
+    return -1;
+}
+
+} // namespace support

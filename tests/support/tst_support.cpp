@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/Leftovers.h"
+#include "tests/support/Pixels.h"
+#include "tests/support/SignalRecorder.h"
+
+#include <QTest>
+#include <QWindow>
+
+/// The helpers are held to their promises first: a comparer that accepts anything makes every
+/// test above it worthless.
+class TestSupport : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void pixelErrorRejectsEachChannel_data();
+    void pixelErrorRejectsEachChannel();
+    void pixelErrorRejectsPointsOutside();
+    void imageErrorRejectsSizeAndContent();
+    void recorderKeepsOrderAndArguments();
+    void leftoversNameVisibleWindows();
+};
+
+void TestSupport::pixelErrorRejectsEachChannel_data()
+{
+    QTest::addColumn<QColor>("expected");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("same") << QColor(100, 100, 100, 200) << true;
+    QTest::newRow("within tolerance") << QColor(102, 98, 102, 198) << true;
+    QTest::newRow("red") << QColor(103, 100, 100, 200) << false;
+    QTest::newRow("green") << QColor(100, 103, 100, 200) << false;
+    QTest::newRow("blue") << QColor(100, 100, 97, 200) << false;
+    QTest::newRow("alpha") << QColor(100, 100, 100, 203) << false;
+}
+
+void TestSupport::pixelErrorRejectsEachChannel()
+{
+    QFETCH(QColor, expected);
+    QFETCH(bool, accepted);
+    QImage image(2, 2, QImage::Format_ARGB32);
+    image.fill(QColor(100, 100, 100, 200));
+    QCOMPARE(support::pixelError(image, {1, 1}, expected, 2).isEmpty(), accepted);
+}
+
+void TestSupport::pixelErrorRejectsPointsOutside()
+{
+    QImage image(2, 2, QImage::Format_ARGB32);
+    image.fill(Qt::red);
+    QVERIFY(!support::pixelError(image, {2, 0}, Qt::red).isEmpty());
+    QVERIFY(!support::pixelError(QImage(), {0, 0}, Qt::red).isEmpty());
+}
+
+void TestSupport::imageErrorRejectsSizeAndContent()
+{
+    QImage image(3, 2, QImage::Format_ARGB32);
+    image.fill(Qt::red);
+    QImage other = image;
+    QCOMPARE(support::imageError(image, other), QString());
+    other.setPixelColor(2, 1, Qt::blue);
+    QVERIFY(!support::imageError(image, other).isEmpty());
+    QVERIFY(!support::imageError(image, image.copy(0, 0, 2, 2)).isEmpty());
+}
+
+void TestSupport::recorderKeepsOrderAndArguments()
+{
+    QObject first;
+    QWindow second;
+    support::SignalRecorder recorder;
+    recorder.watch(&first, QStringLiteral("first"), {},
+                   [&first] { return QStringLiteral("named %1").arg(first.objectName()); });
+    recorder.watch(&second, QStringLiteral("second"), {QStringLiteral("widthChanged")});
+    second.setWidth(321);
+    first.setObjectName(QStringLiteral("x"));
+    second.setHeight(123);
+    QCOMPARE(recorder.arguments(0), QVariantList {321});
+    QCOMPARE(recorder.arguments(1), QVariantList {QStringLiteral("x")});
+    QCOMPARE(recorder.take(),
+             (QStringList {QStringLiteral("second.widthChanged"),
+                           QStringLiteral("first.objectNameChanged [named x]")}));
+    QVERIFY(recorder.entries().isEmpty());
+}
+
+void TestSupport::leftoversNameVisibleWindows()
+{
+    QCOMPARE(support::leftovers(), QString());
+    QWindow window;
+    window.setTitle(QStringLiteral("left"));
+    window.show();
+    QVERIFY(support::leftovers().contains(QStringLiteral("'left'")));
+    window.hide();
+    QCOMPARE(support::leftovers(), QString());
+}
+
+QTEST_MAIN(TestSupport)
+#include "tst_support.moc"
