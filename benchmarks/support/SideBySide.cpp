@@ -43,7 +43,8 @@ Result sideBySide(const char *name, double goal, const std::function<void()> &ou
     const double firstTheirs = microseconds(theirs, 1);
     int calls = options.calls;
     if (calls == 0) {
-        calls = int(std::clamp(1000.0 / std::max(1e-3, std::min(firstOurs, firstTheirs)), 1.0, 1e5));
+        calls =
+            int(std::clamp(1000.0 / std::max(1e-3, std::min(firstOurs, firstTheirs)), 1.0, 1e5));
     }
 
     std::vector<double> ourTimes;
@@ -54,7 +55,7 @@ Result sideBySide(const char *name, double goal, const std::function<void()> &ou
         prepare();
         theirTimes.push_back(microseconds(theirs, calls));
     }
-    const Result result {median(ourTimes), median(theirTimes)};
+    const Result result{median(ourTimes), median(theirTimes)};
     printRow(name, goal, result.ours, result.theirs, "us");
     return result;
 }

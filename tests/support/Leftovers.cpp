@@ -14,9 +14,9 @@ QString leftovers()
     QStringList left;
     for (const QWindow *window : QGuiApplication::allWindows()) {
         if (window->isVisible()) {
-            left.append(QStringLiteral("a visible window '%1' (%2)")
-                            .arg(window->title(),
-                                 QString::fromLatin1(window->metaObject()->className())));
+            left.append(
+                QStringLiteral("a visible window '%1' (%2)")
+                    .arg(window->title(), QString::fromLatin1(window->metaObject()->className())));
         }
     }
     if (QGuiApplication::overrideCursor()) {

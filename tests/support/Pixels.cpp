@@ -48,8 +48,7 @@ QString imageError(const QImage &actual, const QImage &expected, int tolerance)
     }
     for (int y = 0; y < actual.height(); ++y) {
         for (int x = 0; x < actual.width(); ++x) {
-            const QString error
-                = pixelError(actual, {x, y}, expected.pixelColor(x, y), tolerance);
+            const QString error = pixelError(actual, {x, y}, expected.pixelColor(x, y), tolerance);
             if (!error.isEmpty()) {
                 return error;
             }

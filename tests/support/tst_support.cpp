@@ -74,11 +74,11 @@ void TestSupport::recorderKeepsOrderAndArguments()
     second.setWidth(321);
     first.setObjectName(QStringLiteral("x"));
     second.setHeight(123);
-    QCOMPARE(recorder.arguments(0), QVariantList {321});
-    QCOMPARE(recorder.arguments(1), QVariantList {QStringLiteral("x")});
+    QCOMPARE(recorder.arguments(0), QVariantList{321});
+    QCOMPARE(recorder.arguments(1), QVariantList{QStringLiteral("x")});
     QCOMPARE(recorder.take(),
-             (QStringList {QStringLiteral("second.widthChanged"),
-                           QStringLiteral("first.objectNameChanged [named x]")}));
+             (QStringList{QStringLiteral("second.widthChanged"),
+                          QStringLiteral("first.objectNameChanged [named x]")}));
     QVERIFY(recorder.entries().isEmpty());
 }
 
