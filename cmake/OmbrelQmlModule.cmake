@@ -39,6 +39,12 @@ function(ombrel_qml_module target)
         VERBATIM)
     add_custom_target(${target}_types ALL DEPENDS "${types}")
 
+    # The libraries of the same prefix, wherever that is moved to.
+    cmake_path(ABSOLUTE_PATH OMBREL_QML_DIR BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}"
+               OUTPUT_VARIABLE installed_dir)
+    file(RELATIVE_PATH to_libraries "${installed_dir}/${path}" "${CMAKE_INSTALL_FULL_LIBDIR}")
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/${to_libraries}")
+
     install(TARGETS ${target} LIBRARY DESTINATION "${OMBREL_QML_DIR}/${path}")
     install(FILES "${dir}/qmldir" "${types}" DESTINATION "${OMBREL_QML_DIR}/${path}")
 endfunction()

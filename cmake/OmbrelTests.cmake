@@ -18,8 +18,13 @@ find_package(Qt5 5.15 REQUIRED COMPONENTS Test QuickTest)
 set(OMBREL_RUN_TEST "${PROJECT_SOURCE_DIR}/tests/support/run-test")
 
 function(ombrel_test_entry name loop offscreen)
+    set(import_path "${PROJECT_BINARY_DIR}/qml")
+    if(OmbrelDataCore_QML_DIR)
+        # The data core of the system brings its QML module along.
+        string(APPEND import_path ":${OmbrelDataCore_QML_DIR}")
+    endif()
     set(environment
-        "QML2_IMPORT_PATH=${PROJECT_BINARY_DIR}/qml"
+        "QML2_IMPORT_PATH=${import_path}"
         "OMBREL_SOURCE_DIR=${PROJECT_SOURCE_DIR}"
         "OMBREL_BUILD_DIR=${PROJECT_BINARY_DIR}"
         "ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=0"

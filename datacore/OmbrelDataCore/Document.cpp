@@ -1,0 +1,375 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include <OmbrelDataCore/Document.h>
+
+#include <QPointer>
+#include <QVector>
+
+namespace om::data {
+
+class Document::Private
+{
+public:
+    explicit Private(Document *document)
+        : q(document)
+    {
+    }
+
+    const QList<Document *> &loadedChildren();
+    bool isAncestorOrSelf(const Document *document) const;
+    void take(Document *child);
+    void adopt(Document *child, int index);
+    void clearChildren();
+    void emitChildrenChanged();
+
+    static void emitContextChanged(Document *top);
+    static void emitContextChangedIfNot(Context *before, Document *top);
+
+    static void append(QQmlListProperty<Document> *list, Document *child);
+    static int count(QQmlListProperty<Document> *list);
+    static Document *at(QQmlListProperty<Document> *list, int index);
+    static void clear(QQmlListProperty<Document> *list);
+
+    Document *const q;
+    QString documentId;
+    QString name;
+    QStringList types;
+    QUrl url;
+    QPointer<Context> ownContext;
+    QMetaObject::Connection ownContextDestroyed;
+    Document *parentDocument = nullptr;
+    QList<Document *> children;
+    bool childrenLoaded = false;
+};
+
+const QList<Document *> &Document::Private::loadedChildren()
+{
+    if (!childrenLoaded) {
+        childrenLoaded = true;
+        const QList<Document *> loaded = q->loadChildren();
+        for (Document *child : loaded) {
+            const bool usable = child && !child->d->parentDocument && !isAncestorOrSelf(child);
+            if (usable)
+                adopt(child, children.size());
+        }
+    }
+    return children;
+}
+
+bool Document::Private::isAncestorOrSelf(const Document *document) const
+{
+    const Document *ancestor = q;
+    while (ancestor && ancestor != document)
+        ancestor = ancestor->d->parentDocument;
+    return ancestor;
+}
+
+void Document::Private::take(Document *child)
+{
+    children.removeOne(child);
+    child->d->parentDocument = nullptr;
+}
+
+void Document::Private::adopt(Document *child, int index)
+{
+    children.insert(index, child);
+    child->d->parentDocument = q;
+
+    if (child->parent() && !qobject_cast<Document *>(child->parent()))
+        return;
+    // The list knows no cycles, but this document may be owned by the child without being in its
+    // list: then it cannot own the child in turn.
+    for (const QObject *owner = q; owner; owner = owner->parent()) {
+        if (owner == child)
+            return;
+    }
+    child->setParent(q);
+}
+
+void Document::Private::clearChildren()
+{
+    if (loadedChildren().isEmpty())
+        return;
+
+    QVector<QPointer<Document>> withoutContext;
+    const QList<Document *> taken = children;
+    children.clear();
+    for (Document *child : taken) {
+        Context *before = child->context();
+        child->d->parentDocument = nullptr;
+        if (child->context() != before)
+            withoutContext.append(child);
+    }
+
+    emitChildrenChanged();
+    for (const QPointer<Document> &child : qAsConst(withoutContext)) {
+        if (child)
+            emitContextChanged(child);
+    }
+}
+
+void Document::Private::emitChildrenChanged()
+{
+    const QPointer<Document> self(q);
+    Q_EMIT q->childrenChanged();
+    if (self)
+        q->notifyContext();
+}
+
+// Tells `top` and every descendant that has its context from there. Gathered before the first
+// signal, for a slot may change the tree.
+void Document::Private::emitContextChanged(Document *top)
+{
+    QVector<QPointer<Document>> changed{top};
+    for (int i = 0; i < changed.size(); ++i) {
+        const QList<Document *> children = changed.at(i)->d->children;
+        for (Document *child : children) {
+            if (!child->d->ownContext)
+                changed.append(child);
+        }
+    }
+    for (const QPointer<Document> &document : qAsConst(changed)) {
+        if (document)
+            Q_EMIT document->contextChanged();
+    }
+}
+
+void Document::Private::emitContextChangedIfNot(Context *before, Document *top)
+{
+    if (top->context() != before)
+        emitContextChanged(top);
+}
+
+void Document::Private::append(QQmlListProperty<Document> *list, Document *child)
+{
+    static_cast<Document *>(list->object)->appendChild(child);
+}
+
+int Document::Private::count(QQmlListProperty<Document> *list)
+{
+    return static_cast<Document *>(list->object)->d->loadedChildren().size();
+}
+
+Document *Document::Private::at(QQmlListProperty<Document> *list, int index)
+{
+    return static_cast<Document *>(list->object)->d->loadedChildren().value(index);
+}
+
+void Document::Private::clear(QQmlListProperty<Document> *list)
+{
+    static_cast<Document *>(list->object)->d->clearChildren();
+}
+
+Document::Document(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>(this))
+{
+}
+
+Document::~Document()
+{
+    // Everything is unlinked before the first signal. Children that this document owns are about to
+    // be destroyed with it and hear nothing.
+    Context *const inherited = context();
+    QVector<QPointer<Document>> survivors;
+    for (Document *child : qAsConst(d->children)) {
+        child->d->parentDocument = nullptr;
+        if (child->parent() != this && !child->d->ownContext)
+            survivors.append(child);
+    }
+    d->children.clear();
+    d->childrenLoaded = true;
+
+    const QPointer<Document> parentDocument = d->parentDocument;
+    if (parentDocument) {
+        parentDocument->d->take(this);
+        parentDocument->d->emitChildrenChanged();
+    }
+    if (inherited) {
+        for (const QPointer<Document> &survivor : qAsConst(survivors)) {
+            if (survivor)
+                Private::emitContextChanged(survivor);
+        }
+    }
+}
+
+QString Document::documentId() const
+{
+    return d->documentId;
+}
+
+void Document::setDocumentId(const QString &documentId)
+{
+    // Null equals empty for QString, but not for a document without an identifier.
+    if (d->documentId == documentId && d->documentId.isNull() == documentId.isNull())
+        return;
+    d->documentId = documentId;
+    const QPointer<Document> self(this);
+    Q_EMIT documentIdChanged();
+    if (self)
+        notifyContext();
+}
+
+QString Document::name() const
+{
+    return d->name;
+}
+
+void Document::setName(const QString &name)
+{
+    if (d->name == name)
+        return;
+    d->name = name;
+    const QPointer<Document> self(this);
+    Q_EMIT nameChanged();
+    if (self)
+        notifyContext();
+}
+
+QStringList Document::types() const
+{
+    return d->types;
+}
+
+void Document::setTypes(const QStringList &types)
+{
+    if (d->types == types)
+        return;
+    d->types = types;
+    const QPointer<Document> self(this);
+    Q_EMIT typesChanged();
+    if (self)
+        notifyContext();
+}
+
+QUrl Document::url() const
+{
+    return d->url;
+}
+
+void Document::setUrl(const QUrl &url)
+{
+    if (d->url == url)
+        return;
+    d->url = url;
+    const QPointer<Document> self(this);
+    Q_EMIT urlChanged();
+    if (self)
+        notifyContext();
+}
+
+Context *Document::context() const
+{
+    if (d->ownContext)
+        return d->ownContext;
+    return d->parentDocument ? d->parentDocument->context() : nullptr;
+}
+
+void Document::setContext(Context *newContext)
+{
+    if (d->ownContext == newContext)
+        return;
+    Context *const before = context();
+    disconnect(d->ownContextDestroyed);
+    d->ownContext = newContext;
+    if (newContext) {
+        // The guarded pointer is null by then, and the context has changed without a call.
+        d->ownContextDestroyed =
+            connect(newContext, &QObject::destroyed, this, [this] { d->emitContextChanged(this); });
+    }
+    Private::emitContextChangedIfNot(before, this);
+}
+
+void Document::resetContext()
+{
+    setContext(nullptr);
+}
+
+QQmlListProperty<Document> Document::childrenProperty()
+{
+    return {this, nullptr, &Private::append, &Private::count, &Private::at, &Private::clear};
+}
+
+QList<Document *> Document::childDocuments() const
+{
+    return d->loadedChildren();
+}
+
+Document *Document::parentDocument() const
+{
+    return d->parentDocument;
+}
+
+bool Document::insertChild(int index, Document *child)
+{
+    const QList<Document *> &children = d->loadedChildren();
+    if (!child || d->isAncestorOrSelf(child))
+        return false;
+
+    const QPointer<Document> oldParent = child->d->parentDocument;
+    if (oldParent == this) {
+        const int from = children.indexOf(child);
+        const int to = qBound(0, index, children.size() - 1);
+        if (from != to) {
+            d->children.move(from, to);
+            d->emitChildrenChanged();
+        }
+        return true;
+    }
+
+    Context *const before = child->context();
+    if (oldParent)
+        oldParent->d->take(child);
+    d->adopt(child, qBound(0, index, children.size()));
+
+    const QPointer<Document> self(this);
+    const QPointer<Document> inserted(child);
+    if (oldParent)
+        oldParent->d->emitChildrenChanged();
+    if (self)
+        d->emitChildrenChanged();
+    if (inserted)
+        Private::emitContextChangedIfNot(before, inserted);
+    return true;
+}
+
+bool Document::appendChild(Document *child)
+{
+    return insertChild(d->loadedChildren().size(), child);
+}
+
+bool Document::removeChild(Document *child)
+{
+    if (!child || !d->loadedChildren().contains(child))
+        return false;
+
+    Context *const before = child->context();
+    d->take(child);
+    if (child->parent() == this)
+        child->setParent(nullptr);
+
+    const QPointer<Document> removed(child);
+    d->emitChildrenChanged();
+    if (removed)
+        Private::emitContextChangedIfNot(before, removed);
+    return true;
+}
+
+bool Document::hasType(const QString &type) const
+{
+    return d->types.contains(type);
+}
+
+QList<Document *> Document::loadChildren()
+{
+    return {};
+}
+
+void Document::notifyContext()
+{
+    if (Context *const affected = context())
+        Q_EMIT affected->documentChanged(this);
+}
+
+} // namespace om::data

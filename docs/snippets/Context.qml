@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.12
+import ombrel.data.Core 1.0
+
+Column {
+    Context {
+        id: shelf
+        onDocumentChanged: news.text = document.name + " has changed"
+    }
+    Document {
+        id: album
+        context: shelf
+        name: "Holiday"
+        Document { id: beach; name: "Beach" }
+    }
+
+    Text { id: news }
+
+    // The child has no context of its own: the change reaches the album's.
+    Component.onCompleted: beach.name = "Long beach"
+}
