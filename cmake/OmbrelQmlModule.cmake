@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Ombrel developers
 # SPDX-License-Identifier: MIT
 #
-# ombrel_qml_module(<plugin target> URI <uri> [SUBMODULES <uri>...] [QMLDIR <file>])
+# ombrel_qml_module(<plugin target> URI <uri> QMLDIR <file> [DEPENDS <target>...])
 #
 # Places a plugin target, its qmldir and its type descriptions where a QML engine looks for them:
 # below <build>/qml while building, below OMBREL_QML_DIR when installed. The type descriptions
@@ -12,27 +12,35 @@ find_program(OMBREL_QMLPLUGINDUMP NAMES qmlplugindump
 
 set(OMBREL_BUILD_QML_DIR "${PROJECT_BINARY_DIR}/qml")
 set(OMBREL_DUMP_SCRIPT "${CMAKE_CURRENT_LIST_DIR}/DumpTypes.cmake")
+set(OMBREL_DUMP_PRELOAD "")
+if(OMBREL_SANITIZE)
+    # The tool itself is not instrumented, so the sanitizer's library has to come first.
+    execute_process(COMMAND "${CMAKE_CXX_COMPILER}" -print-file-name=libasan.so
+                    OUTPUT_VARIABLE OMBREL_DUMP_PRELOAD OUTPUT_STRIP_TRAILING_WHITESPACE)
+endif()
 
 function(ombrel_qml_module target)
     cmake_parse_arguments(arg "" "URI;QMLDIR" "DEPENDS" ${ARGN})
     string(REPLACE "." "/" path "${arg_URI}")
     set(dir "${OMBREL_BUILD_QML_DIR}/${path}")
+    # The installed plugin finds the data core without help.
+    if(IS_ABSOLUTE "${OMBREL_QML_DIR}")
+        set(rpath "${CMAKE_INSTALL_FULL_LIBDIR}")
+    else()
+        file(RELATIVE_PATH rpath "/${OMBREL_QML_DIR}/${path}" "/${CMAKE_INSTALL_LIBDIR}")
+        set(rpath "$ORIGIN/${rpath}")
+    endif()
     set_target_properties(${target} PROPERTIES
         LIBRARY_OUTPUT_DIRECTORY "${dir}"
-        PREFIX "lib")
+        PREFIX "lib"
+        INSTALL_RPATH "${rpath}")
     configure_file("${arg_QMLDIR}" "${dir}/qmldir" COPYONLY)
 
-    set(preload "")
-    if(OMBREL_SANITIZE)
-        # The tool itself is not instrumented, so the sanitizer's library has to come first.
-        execute_process(COMMAND "${CMAKE_CXX_COMPILER}" -print-file-name=libasan.so
-                        OUTPUT_VARIABLE preload OUTPUT_STRIP_TRAILING_WHITESPACE)
-    endif()
     set(types "${dir}/plugins.qmltypes")
     add_custom_command(
         OUTPUT "${types}"
         COMMAND "${CMAKE_COMMAND}" "-DTOOL=${OMBREL_QMLPLUGINDUMP}" "-DURI=${arg_URI}"
-                "-DIMPORT=${OMBREL_BUILD_QML_DIR}" "-DOUTPUT=${types}" "-DPRELOAD=${preload}"
+                "-DIMPORT=${OMBREL_BUILD_QML_DIR}" "-DOUTPUT=${types}" "-DPRELOAD=${OMBREL_DUMP_PRELOAD}"
                 -P "${OMBREL_DUMP_SCRIPT}"
         DEPENDS ${target} ${arg_DEPENDS} "${dir}/qmldir" "${OMBREL_DUMP_SCRIPT}"
         COMMENT "Describing the types of ${arg_URI}"

@@ -1,0 +1,405 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include <QFile>
+#include <QMetaMethod>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <map>
+#include <memory>
+#include <vector>
+
+/// Holds the type descriptions that tools read against the meta-objects that engines use, in both
+/// directions: what one has and the other lacks is a failure.
+class TestQmlTypes : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void describedAsRegistered_data();
+    void describedAsRegistered();
+    void nothingElseIsExported();
+    void noPathOfTheBuild();
+};
+
+namespace {
+
+/// A block of a .qmltypes file: "Property { name: "x"; type: "int" }".
+struct Block
+{
+    QString kind;
+    std::map<QString, QString> fields;
+    std::vector<Block> blocks;
+
+    QString text(const char *field) const
+    {
+        const auto found = fields.find(QLatin1String(field));
+        return found == fields.end() ? QString() : found->second;
+    }
+    bool flag(const char *field) const { return text(field) == QLatin1String("true"); }
+    std::vector<const Block *> children(const char *childKind) const
+    {
+        std::vector<const Block *> found;
+        for (const Block &block : blocks) {
+            if (block.kind == QLatin1String(childKind)) {
+                found.push_back(&block);
+            }
+        }
+        return found;
+    }
+};
+
+/// Reads the small part of QML that Qt's tool writes.
+class Parser
+{
+public:
+    explicit Parser(const QString &text)
+    {
+        const QRegularExpression token(QStringLiteral(
+            "//[^\\n]*|import [^\\n]*|(\"(?:[^\"\\\\]|\\\\.)*\"|[\\w.+-]+|[{}\\[\\]:;,])"));
+        auto tokens = token.globalMatch(text);
+        while (tokens.hasNext()) {
+            const QString captured = tokens.next().captured(1);
+            if (!captured.isEmpty()) {
+                m_tokens.append(captured);
+            }
+        }
+    }
+
+    Block parse()
+    {
+        Block root;
+        while (m_next < m_tokens.size()) {
+            member(&root);
+        }
+        return root;
+    }
+
+private:
+    QString take() { return m_tokens.value(m_next++); }
+    QString peek() const { return m_tokens.value(m_next); }
+
+    void member(Block *block)
+    {
+        const QString name = take();
+        if (name == QLatin1String(";") || name == QLatin1String(",")) {
+            return;
+        }
+        if (peek() == QLatin1String("{")) {
+            take();
+            Block child;
+            child.kind = name;
+            while (m_next < m_tokens.size() && peek() != QLatin1String("}")) {
+                member(&child);
+            }
+            take();
+            block->blocks.push_back(child);
+            return;
+        }
+        take(); // the colon
+        QString value;
+        if (peek() == QLatin1String("[") || peek() == QLatin1String("{")) {
+            const QString close =
+                take() == QLatin1String("[") ? QStringLiteral("]") : QStringLiteral("}");
+            while (m_next < m_tokens.size() && peek() != close) {
+                value += take();
+            }
+            take();
+        } else {
+            value = take();
+        }
+        block->fields[unquoted(name)] = unquoted(value);
+    }
+
+    static QString unquoted(const QString &text)
+    {
+        return text.startsWith(QLatin1Char('"')) && text.count(QLatin1Char('"')) == 2
+            ? text.mid(1, text.size() - 2)
+            : text;
+    }
+
+    QStringList m_tokens;
+    int m_next = 0;
+};
+
+Block descriptions;
+QString descriptionText;
+
+/// A type as the tool writes it: "QQmlListProperty<T>" is a list of T, "T*" a pointer to T.
+QString plainType(QString type)
+{
+    static const std::map<QString, QString> spelled = {
+        {QStringLiteral("QString"), QStringLiteral("string")},
+        {QStringLiteral("qreal"), QStringLiteral("double")},
+        {QStringLiteral("QUrl"), QStringLiteral("QUrl")}};
+    type.remove(QStringLiteral("QQmlListProperty<"));
+    type.remove(QLatin1Char('>'));
+    type.remove(QLatin1Char('*'));
+    const auto found = spelled.find(type);
+    return found == spelled.end() ? type : found->second;
+}
+
+/// An enum or flags type is written without its class.
+QString unqualified(const QString &type)
+{
+    return type.mid(type.lastIndexOf(QStringLiteral("::")) + 2);
+}
+
+bool sameType(const QString &described, const QByteArray &live)
+{
+    const QString plain = plainType(QString::fromLatin1(live));
+    return described == plain || described == unqualified(QStringLiteral("::") + plain)
+        || unqualified(QStringLiteral("::") + described)
+        == unqualified(QStringLiteral("::") + plain);
+}
+
+QString signatureOf(const Block &block)
+{
+    QStringList parameters;
+    for (const Block *parameter : block.children("Parameter")) {
+        parameters.append(unqualified(QStringLiteral("::") + parameter->text("type"))
+                          + QLatin1Char(' ') + parameter->text("name"));
+    }
+    return QStringLiteral("%1(%2)").arg(block.text("name"), parameters.join(QStringLiteral(", ")));
+}
+
+QString signatureOf(const QMetaMethod &method)
+{
+    QStringList parameters;
+    const auto types = method.parameterTypes();
+    const auto names = method.parameterNames();
+    for (int i = 0; i < types.size(); ++i) {
+        parameters.append(
+            unqualified(QStringLiteral("::") + plainType(QString::fromLatin1(types.at(i))))
+            + QLatin1Char(' ') + QString::fromLatin1(names.at(i)));
+    }
+    return QStringLiteral("%1(%2)").arg(QString::fromLatin1(method.name()),
+                                        parameters.join(QStringLiteral(", ")));
+}
+
+/// The tool leaves out a property's plain change signal: QML derives it from the property.
+bool isImplied(const QMetaObject *meta, const QMetaMethod &method)
+{
+    if (method.methodType() != QMetaMethod::Signal || method.parameterCount() > 0) {
+        return false;
+    }
+    for (int i = meta->propertyOffset(); i < meta->propertyCount(); ++i) {
+        if (meta->property(i).name() + QByteArray("Changed") == method.name()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// The names that the plugin registers, with the module each belongs to.
+std::map<QString, QString> registeredNames()
+{
+    QFile file(qEnvironmentVariable("OMBREL_SOURCE_DIR")
+               + QStringLiteral("/plugin/Registration.cpp"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    const QString text = QString::fromUtf8(file.readAll());
+    const int privateStart = text.indexOf(QStringLiteral("void registerPrivateTypes"));
+    const QRegularExpression row(
+        QStringLiteral("qmlRegister\\w+<\\w+>\\(\\s*uri, 1, 0,\\s*\"(\\w+)\""));
+    std::map<QString, QString> names;
+    auto rows = row.globalMatch(text);
+    while (rows.hasNext()) {
+        const auto match = rows.next();
+        names[match.captured(1)] = match.capturedStart() > privateStart
+            ? QStringLiteral("ombrel.Controls.Private")
+            : QStringLiteral("ombrel.Controls");
+    }
+    return names;
+}
+
+} // namespace
+
+void TestQmlTypes::initTestCase()
+{
+    QFile file(qEnvironmentVariable("OMBREL_BUILD_DIR")
+               + QStringLiteral("/qml/ombrel/Controls/plugins.qmltypes"));
+    QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.fileName()));
+    descriptionText = QString::fromUtf8(file.readAll());
+    descriptions = Parser(descriptionText).parse();
+    QCOMPARE(descriptions.blocks.size(), size_t(1));
+
+    // Registers the types, and the pointer types in their signals.
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    component.setData("import QtQml 2.12\nimport ombrel.Controls 1.0\nQtObject {}", QUrl());
+    std::unique_ptr<QObject> object(component.create());
+    QVERIFY2(object, qPrintable(component.errorString()));
+}
+
+void TestQmlTypes::describedAsRegistered_data()
+{
+    QTest::addColumn<QString>("module");
+    const auto names = registeredNames();
+    QVERIFY(!names.empty());
+    for (const auto &name : names) {
+        QTest::newRow(qPrintable(name.first)) << name.second;
+    }
+}
+
+void TestQmlTypes::describedAsRegistered()
+{
+    QFETCH(QString, module);
+    const QString name = QString::fromLatin1(QTest::currentDataTag());
+    const Block *type = nullptr;
+    for (const Block *block : descriptions.blocks.front().children("Component")) {
+        if (block->text("name") == QStringLiteral("om::controls::") + name) {
+            type = block;
+        }
+    }
+    QVERIFY2(type, "not described");
+    QCOMPARE(type->text("exports"), QStringLiteral("%1/%2 1.0").arg(module, name));
+
+    QQmlEngine engine;
+    const QByteArray imports =
+        "import ombrel.Controls 1.0\nimport ombrel.Controls.Private 1.0\nimport QtQml 2.12\n";
+    const QMetaObject *meta = nullptr;
+    std::unique_ptr<QObject> object;
+    if (type->flag("isSingleton")) {
+        QQmlComponent component(&engine);
+        component.setData(imports + "QtObject { property QtObject it: " + name.toLatin1() + " }",
+                          QUrl());
+        object.reset(component.create());
+        QVERIFY2(object, qPrintable(component.errorString()));
+        meta = object->property("it").value<QObject *>()->metaObject();
+    } else if (type->text("isCreatable") == QLatin1String("false")) {
+        meta = QMetaType::metaObjectForType(
+            QMetaType::type(qPrintable(QStringLiteral("om::controls::%1*").arg(name))));
+    } else {
+        if (name == QLatin1String("TreeView")) {
+            QTest::ignoreMessage(QtCriticalMsg,
+                                 "No delegate present - TreeView cannot render tree");
+        }
+        QQmlComponent component(&engine);
+        component.setData(imports + name.toLatin1() + " {}", QUrl());
+        object.reset(component.create());
+        QVERIFY2(object, qPrintable(component.errorString()));
+        meta = object->metaObject();
+    }
+    QVERIFY(meta);
+    QCOMPARE(QString::fromLatin1(meta->className()), type->text("name"));
+    QCOMPARE(type->text("prototype"), QString::fromLatin1(meta->superClass()->className()));
+
+    // Properties.
+    QStringList live;
+    QStringList described;
+    for (int i = meta->propertyOffset(); i < meta->propertyCount(); ++i) {
+        const QMetaProperty property = meta->property(i);
+        live.append(QString::fromLatin1(property.name()));
+        for (const Block *block : type->children("Property")) {
+            if (block->text("name") != live.last()) {
+                continue;
+            }
+            const QByteArray typeName = property.typeName();
+            QVERIFY2(sameType(block->text("type"), typeName),
+                     qPrintable(live.last() + QStringLiteral(": ") + block->text("type")
+                                + QStringLiteral(", not ") + QString::fromLatin1(typeName)));
+            QCOMPARE(block->flag("isReadonly"), !property.isWritable());
+            QCOMPARE(block->flag("isList"), typeName.startsWith("QQmlListProperty"));
+            QCOMPARE(block->flag("isPointer"), typeName.endsWith('*'));
+        }
+    }
+    for (const Block *block : type->children("Property")) {
+        described.append(block->text("name"));
+    }
+    live.sort();
+    described.sort();
+    QCOMPARE(described, live);
+
+    // Signals and invokables, with the names of their parameters.
+    QStringList liveSignals;
+    QStringList liveMethods;
+    for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
+        const QMetaMethod method = meta->method(i);
+        if (method.methodType() == QMetaMethod::Signal) {
+            const auto names = method.parameterNames();
+            for (const QByteArray &parameter : names) {
+                QVERIFY2(!parameter.isEmpty(), method.methodSignature().constData());
+            }
+            if (!isImplied(meta, method)) {
+                liveSignals.append(signatureOf(method));
+            }
+        } else if (method.access() == QMetaMethod::Public) {
+            liveMethods.append(signatureOf(method));
+        }
+    }
+    QStringList describedSignals;
+    for (const Block *block : type->children("Signal")) {
+        describedSignals.append(signatureOf(*block));
+    }
+    QStringList describedMethods;
+    for (const Block *block : type->children("Method")) {
+        describedMethods.append(signatureOf(*block));
+    }
+    for (QStringList *list : {&liveSignals, &liveMethods, &describedSignals, &describedMethods}) {
+        list->sort();
+    }
+    QCOMPARE(describedSignals, liveSignals);
+    QCOMPARE(describedMethods, liveMethods);
+
+    // Enumerations.
+    QStringList liveEnums;
+    for (int i = meta->enumeratorOffset(); i < meta->enumeratorCount(); ++i) {
+        const QMetaEnum enumerator = meta->enumerator(i);
+        for (int k = 0; k < enumerator.keyCount(); ++k) {
+            liveEnums.append(QStringLiteral("%1.%2=%3")
+                                 .arg(QString::fromLatin1(enumerator.name()),
+                                      QString::fromLatin1(enumerator.key(k)))
+                                 .arg(enumerator.value(k)));
+        }
+    }
+    QStringList describedEnums;
+    const QRegularExpression key(QStringLiteral("\"(\\w+)\":(-?\\d+)"));
+    for (const Block *block : type->children("Enum")) {
+        auto keys = key.globalMatch(block->text("values"));
+        while (keys.hasNext()) {
+            const auto match = keys.next();
+            describedEnums.append(
+                QStringLiteral("%1.%2=%3")
+                    .arg(block->text("name"), match.captured(1), match.captured(2)));
+        }
+    }
+    liveEnums.sort();
+    describedEnums.sort();
+    QCOMPARE(describedEnums, liveEnums);
+
+    // Class information.
+    const int defaultProperty = meta->indexOfClassInfo("DefaultProperty");
+    if (defaultProperty >= meta->classInfoOffset()) {
+        QCOMPARE(type->text("defaultProperty"),
+                 QString::fromLatin1(meta->classInfo(defaultProperty).value()));
+    } else {
+        QCOMPARE(type->text("defaultProperty"), QString());
+    }
+}
+
+void TestQmlTypes::nothingElseIsExported()
+{
+    const auto names = registeredNames();
+    for (const Block *block : descriptions.blocks.front().children("Component")) {
+        if (block->text("exports").isEmpty()) {
+            continue;
+        }
+        const QString name = unqualified(block->text("name"));
+        QVERIFY2(names.count(name) == 1, qPrintable(block->text("name")));
+    }
+}
+
+void TestQmlTypes::noPathOfTheBuild()
+{
+    QVERIFY(!descriptionText.contains(qEnvironmentVariable("OMBREL_BUILD_DIR")));
+    QVERIFY(!descriptionText.contains(qEnvironmentVariable("OMBREL_SOURCE_DIR")));
+}
+
+QTEST_MAIN(TestQmlTypes)
+#include "tst_qmltypes.moc"

@@ -1,0 +1,241 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+
+/// The house rules that a reader of the code relies on, as tests.
+class TestHouse : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void includesFollowTheArrows_data();
+    void includesFollowTheArrows();
+    void everyNameHasItsFiles_data();
+    void everyNameHasItsFiles();
+    void everySourceIsLicensed();
+    void testFilesAreFound();
+    void testCaseFunctionsRun();
+    void examplesAreInTheReference_data();
+    void examplesAreInTheReference();
+    void changelogNamesEveryType();
+
+private:
+    QStringList files(const QString &folder, const QStringList &patterns) const;
+    QString read(const QString &file) const;
+
+    QDir m_root;
+};
+
+void TestHouse::initTestCase()
+{
+    m_root.setPath(qEnvironmentVariable("OMBREL_SOURCE_DIR"));
+    QVERIFY(m_root.exists(QStringLiteral("plugin/Registration.cpp")));
+}
+
+QStringList TestHouse::files(const QString &folder, const QStringList &patterns) const
+{
+    QStringList found;
+    QDirIterator it(m_root.filePath(folder), patterns, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        found.append(m_root.relativeFilePath(it.next()));
+    }
+    found.sort();
+    return found;
+}
+
+QString TestHouse::read(const QString &file) const
+{
+    QFile source(m_root.filePath(file));
+    return source.open(QIODevice::ReadOnly) ? QString::fromUtf8(source.readAll()) : QString();
+}
+
+void TestHouse::includesFollowTheArrows_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QStringList>("allowed");
+    const auto row = [](const char *folder, const QStringList &allowed) {
+        QTest::newRow(folder) << QString::fromLatin1(folder) << allowed;
+    };
+    const QString shaders = QStringLiteral("shaders/");
+    row("qr", {QStringLiteral("qr/")});
+    row("controls/scenegraph", {QStringLiteral("controls/scenegraph/"), shaders});
+    row("controls/private",
+        {QStringLiteral("controls/private/"), QStringLiteral("controls/scenegraph/"), shaders});
+    row("controls", {QStringLiteral("controls/"), QStringLiteral("qr/QrEncoder.h"), shaders});
+    row("plugin", {QStringLiteral("plugin/"), QStringLiteral("controls/")});
+    row("datacore", {QStringLiteral("datacore/")});
+    row("gallery", {QStringLiteral("gallery/")});
+}
+
+/// A quoted include names a file of the project from its root (or, for a moc file, of the build);
+/// which rooms a room may enter is part of the design.
+void TestHouse::includesFollowTheArrows()
+{
+    QFETCH(QString, folder);
+    QFETCH(QStringList, allowed);
+    const QStringList sources = files(folder, {QStringLiteral("*.cpp"), QStringLiteral("*.h")});
+    QVERIFY(!sources.isEmpty());
+    const QRegularExpression quoted(QStringLiteral("^#include \"([^\"]+)\""),
+                                    QRegularExpression::MultilineOption);
+    const QRegularExpression qt(QStringLiteral("^#include <(Q|Ombrel)"),
+                                QRegularExpression::MultilineOption);
+    for (const QString &source : sources) {
+        const QString text = read(source);
+        auto includes = quoted.globalMatch(text);
+        while (includes.hasNext()) {
+            const QString include = includes.next().captured(1);
+            const bool fine = include.endsWith(QLatin1String(".moc"))
+                || std::any_of(allowed.cbegin(), allowed.cend(), [&include](const QString &room) {
+                                  return include.startsWith(room);
+                              });
+            QVERIFY2(fine, qPrintable(source + QStringLiteral(" includes ") + include));
+        }
+        if (folder == QLatin1String("qr")) {
+            QVERIFY2(!text.contains(qt), qPrintable(source + QStringLiteral(" includes Qt")));
+        }
+        if (folder.startsWith(QLatin1String("controls/"))) {
+            QVERIFY2(!text.contains(QStringLiteral("#include <OmbrelDataCore/")),
+                     qPrintable(source + QStringLiteral(" includes the data core")));
+        }
+    }
+}
+
+/// The names registered, as rows with the class (the same word) and the kind of registration.
+void TestHouse::everyNameHasItsFiles_data()
+{
+    QTest::addColumn<QString>("kind");
+    const QString text = read(QStringLiteral("plugin/Registration.cpp"));
+    const QRegularExpression row(
+        QStringLiteral("qmlRegister(\\w*)Type<(\\w+)>\\(\\s*uri, 1, 0,\\s*\"(\\w+)\""));
+    auto rows = row.globalMatch(text);
+    QVERIFY(rows.hasNext());
+    while (rows.hasNext()) {
+        const auto match = rows.next();
+        QCOMPARE(match.captured(2), match.captured(3));
+        QTest::newRow(qPrintable(match.captured(3))) << match.captured(1);
+    }
+}
+
+void TestHouse::everyNameHasItsFiles()
+{
+    QFETCH(QString, kind);
+    const QString name = QString::fromLatin1(QTest::currentDataTag());
+
+    const bool isPrivate = m_root.exists(QStringLiteral("controls/private/%1.h").arg(name));
+    const QString room =
+        isPrivate ? QStringLiteral("controls/private/") : QStringLiteral("controls/");
+    QStringList expected = {room + name + QStringLiteral(".h"),
+                            room + name + QStringLiteral(".cpp"),
+                            QStringLiteral("docs/reference/%1.md").arg(name)};
+    if (kind != QLatin1String("Uncreatable")) {
+        expected.append(QStringLiteral("docs/snippets/%1.qml").arg(name));
+        expected.append(QStringLiteral("gallery/qml/pages/%1Demo.qml").arg(name));
+    }
+    for (const QString &file : qAsConst(expected)) {
+        QVERIFY2(m_root.exists(file), qPrintable(file));
+    }
+
+    const QStringList tests =
+        files(QStringLiteral("tests"), {QStringLiteral("tst_*.cpp"), QStringLiteral("tst_*.qml")});
+    const QRegularExpression word(QStringLiteral("\\b%1\\b").arg(name));
+    int mentioned = 0;
+    for (const QString &test : tests) {
+        if (!test.startsWith(QLatin1String("tests/sanity"))
+            && !test.startsWith(QLatin1String("tests/plugin")) && read(test).contains(word)) {
+            ++mentioned;
+        }
+    }
+    QVERIFY2(mentioned > 0, "no test mentions it");
+    QVERIFY2(read(QStringLiteral("docs/README.md"))
+                 .contains(QStringLiteral("(reference/%1.md)").arg(name)),
+             "docs/README.md does not link its page");
+}
+
+void TestHouse::everySourceIsLicensed()
+{
+    const QStringList folders = {QStringLiteral("plugin"),     QStringLiteral("controls"),
+                                 QStringLiteral("qr"),         QStringLiteral("datacore"),
+                                 QStringLiteral("gallery"),    QStringLiteral("tests"),
+                                 QStringLiteral("benchmarks"), QStringLiteral("cmake")};
+    for (const QString &folder : folders) {
+        const QStringList sources = files(
+            folder,
+            {QStringLiteral("*.cpp"), QStringLiteral("*.h"), QStringLiteral("*.cmake"),
+             QStringLiteral("CMakeLists.txt"), QStringLiteral("*.vert"), QStringLiteral("*.frag")});
+        for (const QString &source : sources) {
+            QVERIFY2(read(source).left(200).contains(QStringLiteral("SPDX-License-"
+                                                                    "Identifier: MIT")),
+                     qPrintable(source));
+        }
+    }
+}
+
+/// A test file that ctest does not know is a test that cannot fail.
+void TestHouse::testFilesAreFound()
+{
+    const QString listed = read(QDir(qEnvironmentVariable("OMBREL_BUILD_DIR"))
+                                    .absoluteFilePath(QStringLiteral("tests/CTestTestfile.cmake")));
+    QVERIFY(!listed.isEmpty());
+    const QStringList tests =
+        files(QStringLiteral("tests"), {QStringLiteral("tst_*.cpp"), QStringLiteral("tst_*.qml")});
+    QVERIFY(tests.size() > 5);
+    for (const QString &test : tests) {
+        const QString folder = QFileInfo(test).path();
+        QVERIFY2(folder.count(QLatin1Char('/')) == 1,
+                 qPrintable(test + QStringLiteral(" lies too deep to be found")));
+        QVERIFY2(read(folder + QStringLiteral("/CMakeLists.txt"))
+                     .contains(QStringLiteral("ombrel_add_tests(")),
+                 qPrintable(test));
+        QVERIFY2(listed.contains(QFileInfo(folder).fileName()), qPrintable(test));
+    }
+}
+
+void TestHouse::testCaseFunctionsRun()
+{
+    const QRegularExpression misnamed(QStringLiteral("function (test(?!_)\\w+)\\("));
+    const QStringList tests = files(QStringLiteral("tests"), {QStringLiteral("tst_*.qml")});
+    for (const QString &test : tests) {
+        const auto match = misnamed.match(read(test));
+        QVERIFY2(!match.hasMatch(), qPrintable(test + QLatin1Char(' ') + match.captured(1)));
+    }
+}
+
+void TestHouse::examplesAreInTheReference_data()
+{
+    QTest::addColumn<QString>("snippet");
+    const QStringList snippets = files(QStringLiteral("docs/snippets"), {QStringLiteral("*.qml")});
+    QVERIFY(!snippets.isEmpty());
+    for (const QString &snippet : snippets) {
+        QTest::newRow(qPrintable(QFileInfo(snippet).completeBaseName())) << snippet;
+    }
+}
+
+void TestHouse::examplesAreInTheReference()
+{
+    QFETCH(QString, snippet);
+    const QString name = QFileInfo(snippet).completeBaseName();
+    const QString page = read(QStringLiteral("docs/reference/%1.md").arg(name));
+    QVERIFY2(page.contains(QStringLiteral("snippets/%1.qml").arg(name)),
+             "the reference page does not point to its example");
+}
+
+void TestHouse::changelogNamesEveryType()
+{
+    const QString changelog = read(QStringLiteral("CHANGELOG.md"));
+    const QString registration = read(QStringLiteral("plugin/Registration.cpp"));
+    const QRegularExpression row(QStringLiteral("uri, 1, 0,\\s*\"(\\w+)\""));
+    auto rows = row.globalMatch(registration);
+    while (rows.hasNext()) {
+        const QString name = rows.next().captured(1);
+        QVERIFY2(changelog.contains(QLatin1Char('`') + name + QLatin1Char('`')), qPrintable(name));
+    }
+}
+
+QTEST_GUILESS_MAIN(TestHouse)
+#include "tst_house.moc"
