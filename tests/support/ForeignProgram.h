@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QPoint>
+#include <QProcess>
+#include <QRect>
+#include <QStringList>
+
+namespace support {
+
+/// Another program with a window on the same X server, for drags that cross processes:
+///
+/// xdnd_source  drags from its window when the left button is pressed in it
+///     --url URL, --mime FORMAT=HEX   what it drags (repeatable)
+///     --many N                       N file URLs
+///     --actions copy,move,link       what it offers (default: all)
+///     prints "ready X Y WIDTH HEIGHT", "drag", and "result ACTION" (0 none, 1 copy, 2 move, 4
+///     link)
+/// xdnd_target  takes every drop
+///     --refuse                       refuses every drag
+///     prints "ready …", "enter FORMAT…", "move X Y", "leave", and at a drop "format NAME HEX" for
+///     each format, then "drop ACTION"
+///
+/// Both take --at X,Y and --size WIDTHxHEIGHT, and end when this object goes.
+class ForeignProgram
+{
+public:
+    explicit ForeignProgram(const QString &name);
+    ~ForeignProgram();
+
+    /// Starts the program and waits until its window is shown. False with error() otherwise.
+    bool start(const QStringList &arguments);
+    QString error() const { return m_error; }
+
+    /// The window, in global coordinates.
+    QRect geometry() const { return m_geometry; }
+    /// What it has printed so far.
+    QStringList lines() const { return m_lines; }
+    /// The lines that start with the word \a word, without it.
+    QStringList lines(const QString &word) const;
+    /// How often it printed the word \a word first on a line.
+    int count(const QString &word) const { return lines(word).size(); }
+
+private:
+    void read();
+
+    QProcess m_process;
+    QByteArray m_pending;
+    QStringList m_lines;
+    QRect m_geometry;
+    QString m_error;
+};
+
+} // namespace support
