@@ -5,6 +5,8 @@ import QtQuick 2.12
 import ombrel.data.Core 1.0
 
 Column {
+    width: 240
+
     Context {
         id: shelf
         onDocumentChanged: news.text = document.name + " has changed"

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <OmbrelDataCore/Document.h>
+
+#include <QFileInfo>
+#include <QPointer>
+
+namespace om::gallery {
+
+class FolderTree;
+
+/// A file or folder on disk as a document.
+///
+/// `documentId` is the absolute path, `name` the file name, `url` the file URL. `types` holds one
+/// of "folder", "image", "video", "text" and "file", by MIME type. The children of a folder are its
+/// visible entries, folders first, then by name with numbers in their order; they are read when
+/// somebody asks for them, and follow the disk from then on. A symbolic link to a folder is a
+/// folder without children, so that links cannot make the tree endless.
+class FolderDocument : public om::data::Document
+{
+    Q_OBJECT
+
+public:
+    FolderDocument(FolderTree *tree, const QFileInfo &file, QObject *parent = nullptr);
+    ~FolderDocument() override;
+
+    /// Whether the document stands for a folder, a link to one included.
+    bool isFolder() const;
+    /// Whether the children have been read.
+    bool isLoaded() const;
+
+    /// Makes the children what the folder holds now: documents of files that are still there stay
+    /// the same objects. Does nothing before the children have been read.
+    void refresh();
+
+    /// The type for a file: "folder", "image", "video", "text" or "file".
+    static QString typeOf(const QFileInfo &file);
+
+protected:
+    QList<om::data::Document *> loadChildren() override;
+
+private:
+    QFileInfoList entries() const;
+    bool standsFor(const QFileInfo &file) const;
+
+    const QPointer<FolderTree> m_tree;
+    const QString m_path;
+    const bool m_folder;
+    const bool m_link;
+    bool m_loaded = false;
+};
+
+} // namespace om::gallery

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "gallery/FolderTree.h"
+
+#include "gallery/FolderDocument.h"
+
+namespace om::gallery {
+
+namespace {
+
+// Unpacking or checking out touches a folder many times in a row; it is read once for all of them.
+constexpr int refreshDelay = 50; // ms
+
+} // namespace
+
+FolderTree::FolderTree(const QString &path, QObject *parent)
+    : QObject(parent)
+{
+    m_refresh.setInterval(refreshDelay);
+    m_refresh.setSingleShot(true);
+    connect(&m_refresh, &QTimer::timeout, this, &FolderTree::refreshChanged);
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
+            [this](const QString &changed) {
+                m_changed.insert(changed);
+                if (!m_refresh.isActive())
+                    m_refresh.start();
+            });
+    m_folder =
+        std::make_unique<FolderDocument>(this, QFileInfo(QFileInfo(path).canonicalFilePath()));
+    m_folder->setContext(&m_context);
+}
+
+FolderTree::~FolderTree() = default;
+
+om::data::Document *FolderTree::folder() const
+{
+    return m_folder.get();
+}
+
+om::data::Context *FolderTree::context()
+{
+    return &m_context;
+}
+
+bool FolderTree::watch(const QString &path, FolderDocument *document)
+{
+    m_watched.insert(path, document);
+    if (m_watcher.directories().contains(path) || !QFileInfo(path).isDir())
+        return false;
+    return m_watcher.addPath(path);
+}
+
+void FolderTree::unwatch(const QString &path, FolderDocument *document)
+{
+    // The path may belong to another document by now.
+    if (m_watched.value(path) != document)
+        return;
+    m_watched.remove(path);
+    if (m_watcher.directories().contains(path))
+        m_watcher.removePath(path);
+}
+
+void FolderTree::refreshChanged()
+{
+    const QSet<QString> changed = m_changed;
+    m_changed.clear();
+    for (const QString &path : changed) {
+        if (FolderDocument *document = m_watched.value(path))
+            document->refresh();
+    }
+}
+
+} // namespace om::gallery

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <OmbrelDataCore/Context.h>
+
+#include <QFileSystemWatcher>
+#include <QHash>
+#include <QObject>
+#include <QSet>
+#include <QTimer>
+
+#include <memory>
+
+namespace om::gallery {
+
+class FolderDocument;
+
+/// The folder that the gallery was opened on: its document, the context of all documents below it,
+/// and the watch over those folders that have been read.
+class FolderTree : public QObject
+{
+    Q_OBJECT
+    /// The document of the folder itself.
+    Q_PROPERTY(om::data::Document *folder READ folder CONSTANT)
+    /// The context of the folder and everything in it.
+    Q_PROPERTY(om::data::Context *context READ context CONSTANT)
+
+public:
+    explicit FolderTree(const QString &path, QObject *parent = nullptr);
+    ~FolderTree() override;
+
+    om::data::Document *folder() const;
+    om::data::Context *context();
+
+    /// From now on changes in the folder at `path` refresh `document`. Returns whether the folder
+    /// was not watched before.
+    bool watch(const QString &path, FolderDocument *document);
+    void unwatch(const QString &path, FolderDocument *document);
+
+private:
+    void refreshChanged();
+
+    om::data::Context m_context;
+    QFileSystemWatcher m_watcher;
+    QHash<QString, FolderDocument *> m_watched;
+    QSet<QString> m_changed;
+    QTimer m_refresh;
+    // The last member, for its documents take themselves out of the others.
+    std::unique_ptr<FolderDocument> m_folder;
+};
+
+} // namespace om::gallery

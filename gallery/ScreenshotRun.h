@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QElapsedTimer>
+#include <QImage>
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+class QQuickItem;
+class QQuickWindow;
+
+namespace om::gallery {
+
+/// Renders one page of the gallery after the other to "<name>.png" in a folder.
+///
+/// A picture is taken when no image of the page is loading any more and the page has come to rest:
+/// a frame looks like one a few animation steps before. Pages that never do are taken after a few
+/// seconds. The window grows with pages that are taller than it.
+class ScreenshotRun : public QObject
+{
+    Q_OBJECT
+
+public:
+    ScreenshotRun(QQuickWindow *window, const QString &folder, QObject *parent = nullptr);
+
+    void start(const QStringList &pages);
+
+Q_SIGNALS:
+    /// All pictures are made, or one could not be; `error` is empty or says why.
+    void finished(const QString &error);
+
+private:
+    void nextPage();
+    void handleFrame();
+    void fail(const QString &reason);
+
+    QQuickWindow *const m_window;
+    const QString m_folder;
+    const int m_lowestHeight;
+    QStringList m_pages;
+    QString m_page;
+    QImage m_previous;
+    QElapsedTimer m_onPage;
+    QElapsedTimer m_sincePrevious;
+    QTimer m_watchdog;
+    int m_frames = 0;
+};
+
+} // namespace om::gallery

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "gallery/FolderTree.h"
+#include "gallery/ScreenshotRun.h"
+
+#include <QCommandLineParser>
+#include <QCursor>
+#include <QDir>
+#include <QFont>
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+#include <QQmlContext>
+#include <QQuickWindow>
+#include <QScreen>
+#include <QTextStream>
+#include <QTimer>
+
+namespace {
+
+int refuse(const QString &reason)
+{
+    QTextStream(stderr) << "ombrel-gallery: " << reason << '\n';
+    return 1;
+}
+
+QStringList pageNames(const QQuickWindow *window)
+{
+    QStringList names;
+    const QVariantList pages = window->property("pages").toList();
+    for (const QVariant &page : pages)
+        names.append(page.toMap().value(QStringLiteral("name")).toString());
+    return names;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    // The gallery draws its own controls; the style must not depend on the desktop's.
+    qputenv("QT_QUICK_CONTROLS_STYLE", "Default");
+    QGuiApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setApplicationName(QStringLiteral("ombrel-gallery"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Ombrel Gallery"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Shows every control of ombrel.Controls, live and with its properties."));
+    parser.addHelpOption();
+    const QCommandLineOption pageOption(QStringLiteral("page"), QStringLiteral("Open this page."),
+                                        QStringLiteral("name"));
+    const QCommandLineOption pagesOption(QStringLiteral("pages"),
+                                         QStringLiteral("Print the names of the pages."));
+    const QCommandLineOption screenshotsOption(
+        QStringLiteral("screenshots"),
+        QStringLiteral("Render every page to <dir>/<name>.png (with --page, only that) and quit."),
+        QStringLiteral("dir"));
+    parser.addOptions({pageOption, pagesOption, screenshotsOption});
+    parser.addPositionalArgument(QStringLiteral("folder"),
+                                 QStringLiteral("The folder to show as documents; the current one "
+                                                "unless given."),
+                                 QStringLiteral("[folder]"));
+    parser.process(application);
+
+    const QString path = parser.positionalArguments().value(0, QDir::currentPath());
+    if (!QFileInfo(path).isDir())
+        return refuse(QStringLiteral("%1 is not a folder").arg(path));
+
+    // Light is a weight of its own, so the product's family stands for the whole of Lato.
+    QFont::insertSubstitution(QStringLiteral("Om_Lato"), QStringLiteral("Lato"));
+    QFont font(QStringLiteral("Om_Lato"));
+    font.setPixelSize(14);
+    QGuiApplication::setFont(font);
+
+    om::gallery::FolderTree tree(path);
+    QQmlApplicationEngine engine;
+    const QString here = QGuiApplication::applicationDirPath();
+#ifdef OMBREL_DATACORE_QML_DIR
+    engine.addImportPath(QStringLiteral(OMBREL_DATACORE_QML_DIR));
+#endif
+    engine.addImportPath(QDir(here).absoluteFilePath(QStringLiteral(OMBREL_GALLERY_QML_DIR)));
+    engine.addImportPath(here + QStringLiteral("/../qml"));
+    engine.rootContext()->setContextProperty(QStringLiteral("gallery"), &tree);
+    engine.load(QUrl(QStringLiteral("qrc:/gallery/qml/Gallery.qml")));
+    auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
+    if (!window)
+        return refuse(QStringLiteral("the window cannot be made"));
+
+    QStringList pages = pageNames(window);
+    if (parser.isSet(pagesOption)) {
+        QTextStream(stdout) << pages.join(QLatin1Char('\n')) << '\n';
+        return 0;
+    }
+    if (parser.isSet(pageOption)) {
+        const QString page = parser.value(pageOption);
+        if (!pages.contains(page)) {
+            return refuse(QStringLiteral("there is no page %1; there are: %2")
+                              .arg(page, pages.join(QStringLiteral(", "))));
+        }
+        window->setProperty("currentPage", page);
+        pages = QStringList{page};
+    }
+
+    if (!parser.isSet(screenshotsOption)) {
+        window->show();
+        return QGuiApplication::exec();
+    }
+
+    om::gallery::ScreenshotRun run(window, parser.value(screenshotsOption));
+    int code = 0;
+    QObject::connect(&run, &om::gallery::ScreenshotRun::finished, &application,
+                     [&code](const QString &error) {
+                         if (!error.isEmpty())
+                             code = refuse(error);
+                         QCoreApplication::quit();
+                     });
+    // Out of the way, or the item under the pointer is drawn as hovered.
+    QCursor::setPos(window->screen()->geometry().bottomRight());
+    window->setPosition(0, 0);
+    window->show();
+    QTimer::singleShot(0, &run, [&run, &pages] { run.start(pages); });
+    QGuiApplication::exec();
+    return code;
+}

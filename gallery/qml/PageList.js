@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+.pragma library
+
+// The pages of the gallery, in the order of the sidebar: one line a page. `name` is what --page
+// takes and the name of the picture; pages with the same `section` stand together under it.
+var pages = [
+    { name: "documents", title: "Documents", section: "Content", file: "DocumentsPage.qml" },
+];

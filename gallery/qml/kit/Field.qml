@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as Controls
+
+// A text field of the editors. `accepted` comes with Return and when the field is left.
+Controls.TextField {
+    id: field
+
+    property bool valid: true
+
+    implicitHeight: 28
+    leftPadding: 8
+    rightPadding: 8
+    topPadding: 0
+    bottomPadding: 0
+    verticalAlignment: TextInput.AlignVCenter
+    selectByMouse: true
+    color: enabled ? Theme.text : Theme.disabledText
+    placeholderTextColor: Theme.faintText
+    selectionColor: Theme.positive
+    selectedTextColor: Theme.accentContrast
+    font.family: Theme.family
+    font.pixelSize: 13
+    background: Rectangle {
+        radius: 4
+        color: field.enabled ? Theme.panel : Theme.sunken
+        border.width: 1
+        border.color: !field.valid ? Theme.error
+                    : field.activeFocus ? Theme.focus
+                    : field.hovered ? Theme.strongLine : Theme.line
+    }
+}

@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import QtQml 2.15
+import QtQuick.Controls 2.15 as Controls
+
+// A slider and a field for a number. The field takes numbers outside the slider's range too, so
+// that a property's own clamping can be seen.
+PropertyRow {
+    id: row
+
+    property real from: 0
+    property real to: 100
+    property real stepSize: 1
+    property int decimals: stepSize >= 1 ? 0 : stepSize >= 0.1 ? 1 : 2
+
+    Controls.Slider {
+        id: slider
+        anchors { left: parent.left; right: field.left; rightMargin: 10 }
+        anchors.verticalCenter: parent.verticalCenter
+        padding: 0
+        from: row.from
+        to: row.to
+        stepSize: row.stepSize
+        onMoved: row.write(value)
+        background: Rectangle {
+            x: 0
+            y: (slider.height - height) / 2
+            width: slider.width
+            height: 4
+            radius: 2
+            color: Theme.line
+            Rectangle {
+                width: slider.handle.x + slider.handle.width / 2
+                height: parent.height
+                radius: 2
+                color: row.enabled ? Theme.accentHover : Theme.off
+            }
+        }
+        handle: Rectangle {
+            x: slider.visualPosition * (slider.width - width)
+            y: (slider.height - height) / 2
+            width: 16
+            height: 16
+            radius: 8
+            color: Theme.panel
+            border.width: slider.activeFocus ? 2 : 1
+            border.color: slider.pressed || slider.hovered ? Theme.accent
+                        : slider.activeFocus ? Theme.focus : Theme.strongLine
+        }
+        // Not a plain binding, which the first drag of the handle would end.
+        Binding {
+            target: slider
+            property: "value"
+            value: row.value === undefined ? row.from : row.value
+            when: !slider.pressed
+            restoreMode: Binding.RestoreNone
+        }
+    }
+    Field {
+        id: field
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        width: 62
+        horizontalAlignment: TextInput.AlignRight
+        validator: DoubleValidator { notation: DoubleValidator.StandardNotation; locale: "C" }
+        onEditingFinished: {
+            const number = Number(text);
+            if (text.length > 0 && number !== row.value)
+                row.write(number);
+            shown.restore();
+        }
+        Binding {
+            id: shown
+            target: field
+            property: "text"
+            value: row.value === undefined ? "" : Number(row.value).toFixed(row.decimals)
+            when: !field.activeFocus
+            restoreMode: Binding.RestoreNone
+            function restore() { field.text = value; }
+        }
+    }
+}

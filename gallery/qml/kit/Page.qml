@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as Controls
+
+// A page of the gallery: a heading, a line or two on what it is about, and sections or demos below
+// one another. It scrolls by itself.
+Flickable {
+    id: page
+
+    property string title
+    property string summary
+    default property alias content: column.data
+
+    contentWidth: width
+    contentHeight: column.y + column.implicitHeight + 40
+    clip: true
+    boundsBehavior: Flickable.StopAtBounds
+    // Drags on a page belong to the demos; it scrolls by wheel and bar.
+    interactive: false
+
+    function scrollBy(distance) {
+        contentY = Math.max(0, Math.min(contentHeight - height, contentY + distance));
+    }
+
+    WheelHandler {
+        target: null
+        acceptedDevices: PointerDevice.AllDevices
+        onWheel: page.scrollBy(-event.angleDelta.y * 0.8)
+    }
+
+    Controls.ScrollBar.vertical: Controls.ScrollBar {
+        id: bar
+        contentItem: Rectangle {
+            implicitWidth: 6
+            radius: 3
+            color: bar.pressed ? Theme.faintText : Theme.strongLine
+            opacity: bar.size < 1 ? 1 : 0
+        }
+    }
+
+    Column {
+        id: column
+        x: 40
+        y: 36
+        width: Math.min(page.width - 80, 1080)
+        spacing: 20
+
+        Column {
+            width: parent.width
+            spacing: 6
+            bottomPadding: 8
+            Label {
+                width: parent.width
+                text: page.title
+                font.pixelSize: Theme.huge
+                font.weight: Font.Light
+            }
+            Label {
+                width: Math.min(parent.width, 720)
+                visible: text.length > 0
+                text: page.summary
+                color: Theme.softText
+                wrapMode: Text.WordWrap
+                font.pixelSize: 15
+                lineHeight: 1.25
+            }
+        }
+    }
+}

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import QtQml 2.15
+
+// A field for a text property. With `list` it edits a list of strings, separated by commas.
+PropertyRow {
+    id: row
+
+    property bool list: false
+    property alias placeholder: field.placeholderText
+    readonly property string shownText: value === undefined || value === null ? ""
+                                      : list ? Array.from(value).join(", ") : String(value)
+
+    function commit() {
+        if (field.text === shownText)
+            return;
+        write(list ? field.text.split(",").map(part => part.trim()).filter(part => part.length > 0)
+                   : field.text);
+    }
+
+    Field {
+        id: field
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        // The beginning is what tells a long text.
+        onTextChanged: if (!activeFocus) cursorPosition = 0
+        onTextEdited: if (!row.list) row.commit()
+        onEditingFinished: {
+            row.commit();
+            text = row.shownText;
+        }
+        Binding {
+            target: field
+            property: "text"
+            value: row.shownText
+            when: !field.activeFocus
+            restoreMode: Binding.RestoreNone
+        }
+    }
+}

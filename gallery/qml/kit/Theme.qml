@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+pragma Singleton
+
+import QtQuick 2.15
+
+// Colours, sizes and fonts of the gallery. Nothing else in it names a colour.
+QtObject {
+    readonly property color window: "#F8F7F5"
+    readonly property color panel: "#FFFFFF"
+    readonly property color sunken: "#FBFAF9"
+    readonly property color line: "#EAE8E2"
+    readonly property color strongLine: "#D8D7D1"
+
+    readonly property color text: "#222222"
+    readonly property color softText: "#666666"
+    readonly property color faintText: "#979790"
+    readonly property color disabledText: "#BBBBBB"
+
+    readonly property color accent: "#40A1BB"
+    readonly property color accentHover: "#6AB7CC"
+    readonly property color accentPress: "#70A9B8"
+    readonly property color accentSoft: "#E7F1F4"
+    readonly property color accentText: "#2C6F81"
+    readonly property color accentContrast: "#FFFFFF"
+    readonly property color positive: "#90C695"
+    readonly property color positiveSoft: "#E9F4EA"
+    readonly property color positiveText: "#5E9A64"
+    readonly property color warning: "#ECD284"
+    readonly property color warningSoft: "#FBF6E4"
+    readonly property color error: "#D98C6A"
+    readonly property color off: "#D7D7D7"
+    readonly property color focus: "#8BC7D8"
+
+    readonly property int radius: 6
+    readonly property int gap: 8
+    readonly property int wideGap: 24
+
+    readonly property string family: "Om_Lato"
+    readonly property string monoFamily: "monospace"
+    readonly property int small: 12
+    readonly property int normal: 14
+    readonly property int large: 18
+    readonly property int huge: 30
+
+    // A colour for each type of document of the opened folder.
+    function typeColor(type) {
+        switch (type) {
+        case "folder": return "#6AA0AF";
+        case "image": return "#81B286";
+        case "video": return "#B08FB8";
+        case "text": return "#C9A94B";
+        }
+        return "#979790";
+    }
+}

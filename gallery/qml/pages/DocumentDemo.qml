@@ -1,0 +1,197 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as Controls
+import ombrel.data.Core 1.0
+import "../kit"
+
+Demo {
+    id: demo
+
+    property Document folder: gallery.folder
+    property Document selected: folder.children.length > 0 ? folder.children[0] : folder
+    property var path: [gallery.folder]
+
+    function enter(document) {
+        path = path.concat([document]);
+        folder = document;
+        selected = document.children.length > 0 ? document.children[0] : document;
+    }
+    function leaveTo(index) {
+        const left = path[index + 1];
+        path = path.slice(0, index + 1);
+        folder = path[index];
+        selected = left;
+    }
+    // Documents come and go with their files.
+    Connections {
+        target: gallery.context
+        function onDocumentChanged(document) {
+            if (document !== demo.folder)
+                return;
+            for (let i = 0; i < demo.folder.children.length; ++i) {
+                if (demo.folder.children[i] === demo.selected)
+                    return;
+            }
+            demo.selected = demo.folder.children.length > 0 ? demo.folder.children[0] : demo.folder;
+        }
+    }
+
+    title: "Document"
+    hint: "Double-click a folder to look inside; its documents are made at that moment. Create, rename or "
+          + "delete a file on disk and the list follows. Change the selected document's name here."
+    stageHeight: 420
+
+    Row {
+        id: crumbs
+        x: 14
+        height: 40
+        spacing: 6
+        Repeater {
+            model: demo.path
+            Row {
+                height: crumbs.height
+                spacing: 6
+                Label {
+                    visible: index > 0
+                    height: parent.height
+                    verticalAlignment: Text.AlignVCenter
+                    text: "›"
+                    color: Theme.faintText
+                }
+                Label {
+                    height: parent.height
+                    verticalAlignment: Text.AlignVCenter
+                    text: modelData ? modelData.name : "gone"
+                    color: index === demo.path.length - 1 ? Theme.text : Theme.accent
+                    font.weight: index === demo.path.length - 1 ? Font.DemiBold : Font.Normal
+                    MouseArea {
+                        anchors.fill: parent
+                        enabled: index < demo.path.length - 1
+                        cursorShape: enabled ? Qt.PointingHandCursor : Qt.ArrowCursor
+                        onClicked: demo.leaveTo(index)
+                    }
+                }
+            }
+        }
+    }
+    Label {
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        height: 40
+        verticalAlignment: Text.AlignVCenter
+        text: demo.folder.children.length === 1 ? "1 document"
+                                                : demo.folder.children.length + " documents"
+        color: Theme.faintText
+        font.pixelSize: Theme.small
+    }
+    Rectangle {
+        y: 40
+        width: parent.width
+        height: 1
+        color: Theme.line
+    }
+
+    Label {
+        anchors.centerIn: list
+        visible: list.count === 0
+        text: "This folder is empty"
+        color: Theme.faintText
+    }
+
+    ListView {
+        id: list
+        anchors.fill: parent
+        anchors.topMargin: 41
+        topMargin: 6
+        bottomMargin: 6
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        model: demo.folder.children
+        Controls.ScrollBar.vertical: Controls.ScrollBar {
+            id: bar
+            contentItem: Rectangle {
+                implicitWidth: 6
+                radius: 3
+                color: Theme.strongLine
+                visible: bar.size < 1
+            }
+        }
+
+        delegate: Item {
+            id: entry
+            readonly property Document document: modelData
+            readonly property string type: document && document.types.length > 0 ? document.types[0] : ""
+            width: list.width
+            height: 44
+
+            Rectangle {
+                anchors.fill: parent
+                anchors.leftMargin: 6
+                anchors.rightMargin: 12
+                radius: Theme.radius
+                color: entry.document === demo.selected ? Theme.accentSoft
+                     : mouse.containsMouse ? Theme.window : "transparent"
+            }
+            Thumbnail {
+                x: 14
+                anchors.verticalCenter: parent.verticalCenter
+                width: 32
+                height: 32
+                document: entry.document
+            }
+            Label {
+                x: 58
+                width: chip.x - x - 10
+                anchors.verticalCenter: parent.verticalCenter
+                text: entry.document ? entry.document.name : ""
+            }
+            Chip {
+                id: chip
+                anchors.right: parent.right
+                anchors.rightMargin: 24
+                anchors.verticalCenter: parent.verticalCenter
+                text: entry.type
+                tone: Theme.typeColor(entry.type)
+            }
+            MouseArea {
+                id: mouse
+                anchors.fill: parent
+                hoverEnabled: true
+                onClicked: demo.selected = entry.document
+                onDoubleClicked: if (entry.document.hasType("folder")) demo.enter(entry.document)
+            }
+        }
+    }
+
+    editors: [
+        TextEditor { target: demo.selected; property: "name" },
+        TextEditor { target: demo.selected; property: "documentId" },
+        TextEditor { target: demo.selected; property: "types"; list: true },
+        TextEditor { id: typeEditor; label: "hasType(…)"; value: "image"; onEdited: value = newValue },
+        ValueRow {
+            label: "answers"
+            value: demo.selected ? demo.selected.types.length >= 0 && demo.selected.hasType(typeEditor.value)
+                                 : undefined
+        },
+        ValueRow { target: demo.selected; property: "url" },
+        ValueRow {
+            label: "children"
+            value: demo.selected && demo.selected.hasType("folder") ? demo.selected.children.length : "none"
+        },
+        Item {
+            width: parent ? parent.width : 0
+            height: preview.visible ? preview.height + 16 : 0
+            Thumbnail {
+                id: preview
+                y: 12
+                width: parent.width
+                height: 150
+                visible: demo.selected && demo.selected.hasType("image")
+                document: visible ? demo.selected : null
+                large: true
+            }
+        }
+    ]
+}

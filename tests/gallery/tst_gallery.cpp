@@ -1,0 +1,177 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include <QDir>
+#include <QFileInfo>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+// The gallery as a person runs it: the program of the build, with its options.
+class tst_Gallery : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void listsItsPages();
+    void everyPageLoadsAndIsRendered();
+    void onePageOnly();
+    void picturesDifferFromPageToPage();
+    void runsFromAnotherFolder();
+    void refuses_data();
+    void refuses();
+
+private:
+    struct Result
+    {
+        int code = -1;
+        QString output;
+        QString errors;
+    };
+    static Result run(const QStringList &arguments);
+
+    QStringList m_pages;
+    QTemporaryDir m_dir;
+};
+
+tst_Gallery::Result tst_Gallery::run(const QStringList &arguments)
+{
+    QProcess process;
+    // It finds the modules by itself.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove("QML2_IMPORT_PATH");
+    process.setProcessEnvironment(environment);
+    process.start(qEnvironmentVariable("OMBREL_BUILD_DIR") + "/bin/ombrel-gallery", arguments);
+    Result result;
+    if (!process.waitForFinished(240000)) {
+        process.kill();
+        process.waitForFinished();
+        result.errors = "it did not end: " + process.errorString();
+        return result;
+    }
+    result.code = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    result.output = QString::fromUtf8(process.readAllStandardOutput());
+    const QStringList lines =
+        QString::fromUtf8(process.readAllStandardError()).split('\n', Qt::SkipEmptyParts);
+    for (const QString &line : lines) {
+        // The one message that the controls print on purpose.
+        if (line != "Registering types of Controls plugin")
+            result.errors += line + '\n';
+    }
+    return result;
+}
+
+void tst_Gallery::initTestCase()
+{
+    QVERIFY(m_dir.isValid());
+    QVERIFY(QDir(m_dir.path()).mkpath("album"));
+    QImage picture(60, 40, QImage::Format_RGB32);
+    picture.fill(Qt::darkCyan);
+    QVERIFY(picture.save(m_dir.filePath("album/beach.png")));
+    QVERIFY(picture.save(m_dir.filePath("hills.png")));
+}
+
+void tst_Gallery::listsItsPages()
+{
+    const Result result = run({"--pages", m_dir.path()});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.code, 0);
+    m_pages = result.output.split('\n', Qt::SkipEmptyParts);
+    QVERIFY(m_pages.contains("documents"));
+
+    // Each page's file is in the list once, and no page file is left out.
+    QFile list(qEnvironmentVariable("OMBREL_SOURCE_DIR") + "/gallery/qml/PageList.js");
+    QVERIFY(list.open(QFile::ReadOnly));
+    const QString text = QString::fromUtf8(list.readAll());
+    const QStringList files = QDir(qEnvironmentVariable("OMBREL_SOURCE_DIR") + "/gallery/qml/pages")
+                                  .entryList({"*Page.qml"});
+    for (const QString &file : files)
+        QVERIFY2(text.count('"' + file + '"') == 1, qPrintable(file));
+    QCOMPARE(m_pages.size(), files.size());
+    QCOMPARE(m_pages.toSet().size(), m_pages.size());
+}
+
+void tst_Gallery::everyPageLoadsAndIsRendered()
+{
+    const QString shots = m_dir.filePath("pictures/of pages");
+    const Result result = run({"--screenshots", shots, m_dir.path()});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.code, 0);
+    QStringList expected;
+    for (const QString &page : qAsConst(m_pages))
+        expected.append(page + ".png");
+    expected.sort();
+    QCOMPARE(QDir(shots).entryList(QDir::Files, QDir::Name), expected);
+    for (const QString &file : qAsConst(expected)) {
+        const QImage picture(shots + '/' + file);
+        QVERIFY2(picture.width() >= 800 && picture.height() >= 480, qPrintable(file));
+        // Something is on it: not all of the part beside the sidebar has one colour.
+        const QImage content = picture.copy(240, 0, picture.width() - 240, picture.height());
+        QImage plain(content.size(), content.format());
+        plain.fill(content.pixelColor(2, 2));
+        QVERIFY2(content != plain, qPrintable(file));
+    }
+}
+
+void tst_Gallery::onePageOnly()
+{
+    const QString shots = m_dir.filePath("one");
+    const Result result = run({"--page", "documents", "--screenshots", shots, m_dir.path()});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.code, 0);
+    QCOMPARE(QDir(shots).entryList(QDir::Files), QStringList{"documents.png"});
+}
+
+void tst_Gallery::picturesDifferFromPageToPage()
+{
+    const QDir shots(m_dir.filePath("pictures/of pages"));
+    QVector<QImage> seen;
+    const QStringList files = shots.entryList(QDir::Files);
+    for (const QString &file : files) {
+        const QImage picture(shots.filePath(file));
+        QVERIFY2(!seen.contains(picture), qPrintable(file));
+        seen.append(picture);
+    }
+}
+
+void tst_Gallery::runsFromAnotherFolder()
+{
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_dir.filePath("album")));
+    const Result result = run({"--page", "documents", "--screenshots", "here"});
+    QVERIFY(QDir::setCurrent(before));
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.code, 0);
+    QVERIFY(QFileInfo::exists(m_dir.filePath("album/here/documents.png")));
+}
+
+void tst_Gallery::refuses_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("an unknown page") << QStringList{"--page", "nowhere"} << "no page nowhere";
+    QTest::newRow("an unknown page, for a picture")
+        << QStringList{"--page", "nowhere", "--screenshots", "x"} << "no page nowhere";
+    QTest::newRow("a folder that is not there") << QStringList{"not there"} << "is not a folder";
+    QTest::newRow("a file for a folder")
+        << QStringList{QCoreApplication::applicationFilePath()} << "is not a folder";
+    QTest::newRow("a folder that cannot be made")
+        << QStringList{"--screenshots", QCoreApplication::applicationFilePath() + "/x"}
+        << "cannot be made";
+}
+
+void tst_Gallery::refuses()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, reason);
+    const Result result = run(arguments);
+    QCOMPARE(result.code, 1);
+    QVERIFY2(result.errors.contains(reason), qPrintable(result.errors));
+    QCOMPARE(result.errors.count('\n'), 1);
+}
+
+QTEST_GUILESS_MAIN(tst_Gallery)
+
+#include "tst_gallery.moc"
