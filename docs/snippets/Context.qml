@@ -4,8 +4,9 @@
 import QtQuick 2.12
 import ombrel.data.Core 1.0
 
-Column {
+Item {
     width: 240
+    height: 40
 
     Context {
         id: shelf
@@ -18,7 +19,7 @@ Column {
         Document { id: beach; name: "Beach" }
     }
 
-    Text { id: news }
+    Text { id: news; anchors.centerIn: parent }
 
     // The child has no context of its own: the change reaches the album's.
     Component.onCompleted: beach.name = "Long beach"

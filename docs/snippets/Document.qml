@@ -5,6 +5,9 @@ import QtQuick 2.12
 import ombrel.data.Core 1.0
 
 Column {
+    width: 240
+    height: 80
+
     Document {
         id: album
         documentId: "holiday"
