@@ -9,33 +9,44 @@ import "../kit"
 Demo {
     id: demo
 
-    property Document folder: gallery.folder
-    property Document selected: folder.children.length > 0 ? folder.children[0] : folder
+    // From the opened folder to the one shown.
     property var path: [gallery.folder]
+    readonly property Document folder: path[path.length - 1]
+    property Document selected: firstOf(gallery.folder)
 
+    function firstOf(document) {
+        return document.children.length > 0 ? document.children[0] : document;
+    }
+    function holds(parentDocument, document) {
+        for (let i = 0; i < parentDocument.children.length; ++i) {
+            if (parentDocument.children[i] === document)
+                return true;
+        }
+        return false;
+    }
     function enter(document) {
         path = path.concat([document]);
-        folder = document;
-        selected = document.children.length > 0 ? document.children[0] : document;
+        selected = firstOf(document);
     }
     function leaveTo(index) {
         const left = path[index + 1];
         path = path.slice(0, index + 1);
-        folder = path[index];
         selected = left;
     }
-    // Documents come and go with their files.
+    // Documents come and go with their files: stay in the deepest folder that is left.
+    function settle() {
+        for (let i = 0; i + 1 < path.length; ++i) {
+            if (!holds(path[i], path[i + 1])) {
+                path = path.slice(0, i + 1);
+                break;
+            }
+        }
+        if (selected !== folder && !holds(folder, selected))
+            selected = firstOf(folder);
+    }
     Connections {
         target: gallery.context
-        function onDocumentChanged(document) {
-            if (document !== demo.folder)
-                return;
-            for (let i = 0; i < demo.folder.children.length; ++i) {
-                if (demo.folder.children[i] === demo.selected)
-                    return;
-            }
-            demo.selected = demo.folder.children.length > 0 ? demo.folder.children[0] : demo.folder;
-        }
+        function onDocumentChanged() { demo.settle(); }
     }
 
     title: "Document"
