@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "qr/QrStages.h"
+
+#include <cstring>
+
+namespace om::controls::qr {
+
+namespace {
+
+constexpr int ModeBits = 4;
+constexpr int ByteModeIndicator = 4;
+constexpr int StreamCapacity = 8 * MaximumDataCodewords;
+
+std::uint64_t loadBigEndian(const void *bytes)
+{
+    std::uint64_t value;
+    std::memcpy(&value, bytes, sizeof value);
+#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+    value = __builtin_bswap64(value);
+#endif
+    return value;
+}
+
+void storeBigEndian(std::uint64_t value, void *bytes)
+{
+#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+    value = __builtin_bswap64(value);
+#endif
+    std::memcpy(bytes, &value, sizeof value);
+}
+
+} // namespace
+
+int alphanumericValue(char character)
+{
+    if (character >= '0' && character <= '9')
+        return character - '0';
+    if (character >= 'A' && character <= 'Z')
+        return character - 'A' + 10;
+    switch (character) {
+    case ' ':
+        return 36;
+    case '$':
+        return 37;
+    case '%':
+        return 38;
+    case '*':
+        return 39;
+    case '+':
+        return 40;
+    case '-':
+        return 41;
+    case '.':
+        return 42;
+    case '/':
+        return 43;
+    default:
+        return 44;
+    }
+}
+
+std::int64_t segmentBits(Mode mode, std::int64_t count, int group)
+{
+    const std::int64_t header = ModeBits + countWidths[group][mode];
+    switch (mode) {
+    case Numeric:
+        return header + 10 * (count / 3) + (count % 3 == 0 ? 0 : count % 3 == 1 ? 4 : 7);
+    case Alphanumeric:
+        return header + 11 * (count / 2) + 6 * (count % 2);
+    case EightBit:
+        return header + 8 * count;
+    case Kanji:
+        return header + 13 * (count / 2);
+    }
+    return header;
+}
+
+int byteCapacity(int level, int version)
+{
+    const int header = ModeBits + countWidths[groupOf(version)][EightBit];
+    return (8 * versionTable[version].data[level] - header) / 8;
+}
+
+int chooseVersion(int level, int requested, std::int64_t length)
+{
+    constexpr int groupEnds[3] = {9, 26, MaximumVersion};
+    for (int group = groupOf(requested); group < 3; ++group) {
+        const std::int64_t codewords = (segmentBits(EightBit, length, group) + 7) / 8;
+        for (int version = group ? groupEnds[group - 1] + 1 : 1; version <= groupEnds[group];
+             ++version) {
+            if (versionTable[version].data[level] >= codewords)
+                return version;
+        }
+    }
+    return 0;
+}
+
+bool BitStream::append(unsigned value, int count)
+{
+    if (m_failed || m_bits + count > StreamCapacity) {
+        m_failed = true;
+        return false;
+    }
+    while (count > 0) {
+        const int used = m_bits & 7;
+        const int taken = count < 8 - used ? count : 8 - used;
+        const unsigned part = value >> (count - taken) & ((1u << taken) - 1);
+        unsigned char &byte = m_buffer[m_bits >> 3];
+        byte = static_cast<unsigned char>((used ? byte : 0u) | part << (8 - used - taken));
+        m_bits += taken;
+        count -= taken;
+    }
+    return true;
+}
+
+bool BitStream::appendBytes(const char *bytes, int count)
+{
+    if (m_failed || count > (StreamCapacity - m_bits) / 8) {
+        m_failed = true;
+        return false;
+    }
+    const int used = m_bits & 7;
+    int index = 0;
+    // Eight at a time: what is left of the byte that was begun stays in front of each word.
+    for (; used && count - index > 8; index += 8) {
+        unsigned char *place = m_buffer + (m_bits >> 3);
+        const std::uint64_t next = loadBigEndian(bytes + index);
+        const std::uint64_t begun = std::uint64_t(place[0]) << 56;
+        storeBigEndian(begun | next >> used, place);
+        place[8] = static_cast<unsigned char>(next << (8 - used));
+        m_bits += 64;
+    }
+    for (; index < count; ++index)
+        append(static_cast<unsigned char>(bytes[index]), 8);
+    return true;
+}
+
+void encodeData(int level, int version, const char *text, int length, unsigned char *codewords)
+{
+    constexpr unsigned padding[2] = {0xec, 0x11};
+    const int capacity = versionTable[version].data[level];
+    BitStream stream(codewords);
+    stream.append(ByteModeIndicator, ModeBits);
+    stream.append(static_cast<unsigned>(length), countWidths[groupOf(version)][EightBit]);
+    stream.appendBytes(text, length);
+
+    const int left = 8 * capacity - stream.bits();
+    stream.append(0, left < 4 ? left : 4);
+    const int used = (stream.bits() + 7) / 8;
+    for (int index = used; index < capacity; ++index)
+        codewords[index] = static_cast<unsigned char>(padding[(index - used) & 1]);
+}
+
+} // namespace om::controls::qr

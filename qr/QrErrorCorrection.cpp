@@ -1,0 +1,208 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "qr/QrStages.h"
+
+#include <cstring>
+
+namespace om::controls::qr {
+
+namespace {
+
+constexpr int FieldPolynomial = 0x11d;
+constexpr int Stride = 8; ///< Data codewords that are divided in one step.
+
+/// Logarithms and powers of GF(256), base 2.
+struct Field
+{
+    std::uint8_t power[510] = {};
+    std::uint8_t logarithm[256] = {};
+
+    constexpr Field()
+    {
+        int value = 1;
+        for (int exponent = 0; exponent < 255; ++exponent) {
+            power[exponent] = power[exponent + 255] = static_cast<std::uint8_t>(value);
+            logarithm[value] = static_cast<std::uint8_t>(exponent);
+            value = value & 0x80 ? value << 1 ^ FieldPolynomial : value << 1;
+        }
+    }
+
+    constexpr std::uint8_t product(int a, int b) const
+    {
+        return a && b ? power[logarithm[a] + logarithm[b]] : std::uint8_t(0);
+    }
+};
+
+constexpr Field field;
+
+/// A polynomial of a lower degree than the generator, highest coefficient first.
+template<int Degree>
+struct alignas(16) Remainder
+{
+    static constexpr int Words = Degree <= 16 ? 2 : 4;
+    std::uint8_t coefficients[8 * Words] = {};
+};
+
+/// For each half of a byte (high, low) of each of the next eight codewords: the whole remainder
+/// that each of its values leaves once the eight are divided away. They need only be added up.
+template<int Degree>
+struct Remainders
+{
+    Remainder<Degree> halves[2 * Stride][16];
+
+    constexpr Remainders()
+    {
+        std::uint8_t generator[Degree] = {}; // Without the leading 1, highest first.
+        generator[Degree - 1] = 1;
+        for (int root = 0; root < Degree; ++root) {
+            for (int index = 0; index < Degree; ++index) {
+                generator[index] = field.product(generator[index], field.power[root]);
+                if (index + 1 < Degree)
+                    generator[index] ^= generator[index + 1];
+            }
+        }
+
+        // The remainder of x to the power of Degree, then Degree + 1, and so on.
+        std::uint8_t rest[Degree] = {};
+        for (int index = 0; index < Degree; ++index)
+            rest[index] = generator[index];
+        for (int codeword = Stride - 1; codeword >= 0; --codeword) {
+            for (int value = 0; value < 16; ++value) {
+                for (int index = 0; index < Degree; ++index) {
+                    halves[2 * codeword][value].coefficients[index]
+                        = field.product(value << 4, rest[index]);
+                    halves[2 * codeword + 1][value].coefficients[index]
+                        = field.product(value, rest[index]);
+                }
+            }
+            const int head = rest[0];
+            for (int index = 0; index < Degree; ++index) {
+                rest[index] = static_cast<std::uint8_t>(
+                    (index + 1 < Degree ? rest[index + 1] : 0)
+                    ^ field.product(head, generator[index]));
+            }
+        }
+    }
+};
+
+template<int Degree>
+constexpr Remainders<Degree> remainders;
+
+typedef std::uint64_t Pair __attribute__((vector_size(16)));
+
+/// The next eight codewords as they lie in memory.
+std::uint64_t load(const unsigned char *codewords)
+{
+    std::uint64_t value;
+    std::memcpy(&value, codewords, sizeof value);
+    return value;
+}
+
+#if __BYTE_ORDER__ != __ORDER_LITTLE_ENDIAN__
+#error "The remainder is shifted in words whose first byte is the lowest"
+#endif
+
+template<int Degree>
+void divide(const unsigned char *data, int count, unsigned char *result)
+{
+    constexpr bool wide = Degree > 16;
+    Pair front = {0, 0};
+    Pair back = {0, 0};
+
+    // The first step takes what is more than whole steps: zeros in front change nothing.
+    const int ahead = count % Stride;
+    std::uint64_t next = 0;
+    if (ahead) {
+        for (int index = 0; index < ahead; ++index)
+            next = next >> 8 | std::uint64_t(data[index]) << 56;
+    } else {
+        next = load(data);
+    }
+    for (int done = ahead ? ahead : Stride;; done += Stride) {
+        const std::uint64_t head = next ^ front[0];
+        front = Pair {front[1], back[0]};
+        back = Pair {back[1], 0};
+        for (int codeword = 0; codeword < Stride; ++codeword) {
+            const Remainder<Degree> &high
+                = remainders<Degree>.halves[2 * codeword][head >> (8 * codeword + 4) & 15];
+            const Remainder<Degree> &low
+                = remainders<Degree>.halves[2 * codeword + 1][head >> (8 * codeword) & 15];
+            Pair parts[4];
+            std::memcpy(&parts[0], high.coefficients, 16);
+            std::memcpy(&parts[1], low.coefficients, 16);
+            front ^= parts[0] ^ parts[1];
+            if constexpr (wide) {
+                std::memcpy(&parts[2], high.coefficients + 16, 16);
+                std::memcpy(&parts[3], low.coefficients + 16, 16);
+                back ^= parts[2] ^ parts[3];
+            }
+        }
+        if (done >= count)
+            break;
+        next = load(data + done);
+    }
+    std::memcpy(result, &front, 16);
+    std::memcpy(result + 16, &back, 16);
+}
+
+} // namespace
+
+void correctionCodewords(const unsigned char *data, int count, int degree, unsigned char *result)
+{
+    switch (degree) {
+    case 7:
+        return divide<7>(data, count, result);
+    case 10:
+        return divide<10>(data, count, result);
+    case 13:
+        return divide<13>(data, count, result);
+    case 15:
+        return divide<15>(data, count, result);
+    case 16:
+        return divide<16>(data, count, result);
+    case 17:
+        return divide<17>(data, count, result);
+    case 18:
+        return divide<18>(data, count, result);
+    case 20:
+        return divide<20>(data, count, result);
+    case 22:
+        return divide<22>(data, count, result);
+    case 24:
+        return divide<24>(data, count, result);
+    case 26:
+        return divide<26>(data, count, result);
+    case 28:
+        return divide<28>(data, count, result);
+    default: // The version table has no other.
+        return divide<30>(data, count, result);
+    }
+}
+
+void interleave(int level, int version, const unsigned char *data, unsigned char *codewords)
+{
+    const VersionRow &row = versionTable[version];
+    const int blocks = row.blockCount(level);
+    const int shorter = row.groups[level][0].blocks;
+    const int shortData = row.groups[level][0].data;
+    const int correction = row.correction(level);
+    unsigned char *extra = codewords + blocks * shortData;
+    unsigned char *corrections = codewords + row.data[level];
+
+    for (int block = 0; block < blocks; ++block) {
+        const int count = shortData + (block >= shorter);
+        unsigned char rest[32];
+        correctionCodewords(data, count, correction, rest);
+
+        for (int column = 0; column < shortData; ++column)
+            codewords[column * blocks + block] = data[column];
+        if (count > shortData)
+            *extra++ = data[shortData];
+        for (int column = 0; column < correction; ++column)
+            corrections[column * blocks + block] = rest[column];
+        data += count;
+    }
+}
+
+} // namespace om::controls::qr

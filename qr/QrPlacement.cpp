@@ -1,0 +1,238 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "qr/QrStages.h"
+
+#include <cstring>
+
+namespace om::controls::qr {
+
+namespace {
+
+constexpr int TimingColumn = 6;
+constexpr int StreamWords = (8 * MaximumCodewords + 63) / 64;
+
+/// The codewords as bits, whole and split once into every other bit: where both columns of a pair
+/// are free, one takes the even bits and the other the odd ones, many rows at a time. Each part
+/// has a word of zeros behind it for the remainder bits.
+struct Stream
+{
+    std::uint64_t whole[StreamWords + 2];
+    std::uint64_t alternate[2][StreamWords / 2 + 2];
+};
+
+Stream stream;
+
+/// Moves the even bits (counted from the most significant) into the upper half of the word and the
+/// odd ones into the lower, in their order.
+std::uint64_t unshuffle(std::uint64_t value)
+{
+    std::uint64_t swapped = (value ^ value >> 1) & 0x2222222222222222ull;
+    value ^= swapped ^ swapped << 1;
+    swapped = (value ^ value >> 2) & 0x0c0c0c0c0c0c0c0cull;
+    value ^= swapped ^ swapped << 2;
+    swapped = (value ^ value >> 4) & 0x00f000f000f000f0ull;
+    value ^= swapped ^ swapped << 4;
+    swapped = (value ^ value >> 8) & 0x0000ff000000ff00ull;
+    value ^= swapped ^ swapped << 8;
+    swapped = (value ^ value >> 16) & 0x00000000ffff0000ull;
+    return value ^ swapped ^ swapped << 16;
+}
+
+std::uint64_t reverse(std::uint64_t value)
+{
+    value = (value >> 1 & 0x5555555555555555ull) | (value & 0x5555555555555555ull) << 1;
+    value = (value >> 2 & 0x3333333333333333ull) | (value & 0x3333333333333333ull) << 2;
+    value = (value >> 4 & 0x0f0f0f0f0f0f0f0full) | (value & 0x0f0f0f0f0f0f0f0full) << 4;
+    return __builtin_bswap64(value);
+}
+
+void split(const unsigned char *codewords, int count)
+{
+    const int words = (count + 7) / 8;
+    stream.whole[count / 8] = 0;
+    std::memcpy(stream.whole, codewords, count);
+    stream.whole[words] = 0;
+    stream.whole[words + 1] = 0;
+    for (int index = 0; index < words + 1; index += 2) {
+        const std::uint64_t first = __builtin_bswap64(stream.whole[index]);
+        const std::uint64_t second = __builtin_bswap64(stream.whole[index + 1]);
+        stream.whole[index] = first;
+        stream.whole[index + 1] = second;
+        const std::uint64_t front = unshuffle(first);
+        const std::uint64_t back = unshuffle(second);
+        stream.alternate[0][index / 2] = (front & 0xffffffff00000000ull) | back >> 32;
+        stream.alternate[1][index / 2] = front << 32 | (back & 0x00000000ffffffffull);
+    }
+    stream.alternate[0][words / 2 + 1] = 0;
+    stream.alternate[1][words / 2 + 1] = 0;
+}
+
+/// \a count bits, 1 to 64, from \a position on, in the most significant bits.
+inline std::uint64_t take(const std::uint64_t *bits, int position, int count)
+{
+    const std::uint64_t *word = bits + (position >> 6);
+    const int offset = position & 63;
+    const std::uint64_t value = word[0] << offset | word[1] >> 1 >> (63 - offset);
+    return value & ~0ull << (64 - count);
+}
+
+/// How many bits from \a bit on are set, in the direction of reading. \a bit is the first one read.
+template<bool Upwards>
+inline int runLength(std::uint64_t bits, int bit)
+{
+    const std::uint64_t end = Upwards ? ~(bits >> bit) : ~(bits << bit);
+    if (!end)
+        return 64;
+    return Upwards ? __builtin_ctzll(end) : __builtin_clzll(end);
+}
+
+/// Bits, the first read in the most significant, put where a run that begins at \a bit lies.
+template<bool Upwards>
+inline std::uint64_t laid(std::uint64_t bits, int bit)
+{
+    return Upwards ? reverse(bits) << bit : bits >> bit;
+}
+
+/// Fills one word of a pair of columns, run by run of modules that are free alike. Upwards, the
+/// first module is the least significant bit. Returns the position in the stream behind it.
+template<bool Upwards>
+int fillWord(std::uint64_t freeRight, std::uint64_t freeLeft, std::uint64_t &right,
+             std::uint64_t &left, int position)
+{
+    const std::uint64_t both = freeRight & freeLeft;
+    std::uint64_t waiting = freeRight | freeLeft;
+    while (waiting) {
+        const int bit = Upwards ? __builtin_ctzll(waiting) : __builtin_clzll(waiting);
+        const std::uint64_t here = Upwards ? 1ull << bit : 1ull << 63 >> bit;
+        int count;
+        if (both & here) {
+            count = runLength<Upwards>(both, bit);
+            const int odd = position & 1;
+            right |= laid<Upwards>(take(stream.alternate[odd], position >> 1, count), bit);
+            left |= laid<Upwards>(take(stream.alternate[!odd], (position >> 1) + odd, count), bit);
+            position += 2 * count;
+        } else {
+            const bool rightOnly = freeRight & here;
+            count = runLength<Upwards>((rightOnly ? freeRight : freeLeft) & ~both, bit);
+            (rightOnly ? right : left)
+                |= laid<Upwards>(take(stream.whole, position, count), bit);
+            position += count;
+        }
+        const int next = bit + count;
+        waiting &= next == 64 ? 0 : Upwards ? ~0ull << next : ~0ull >> next;
+    }
+    return position;
+}
+
+} // namespace
+
+void placeCodewords(int size, const unsigned char *codewords, int count, Boards &boards)
+{
+    split(codewords, count);
+
+    std::uint64_t inside[3];
+    for (int word = 0; word < 3; ++word) {
+        const int rows = size - 64 * word;
+        inside[word] = rows <= 0 ? 0 : rows >= 64 ? ~0ull : ~(~0ull >> rows);
+    }
+    const int words = (size + 63) / 64;
+
+    int position = 0;
+    bool upwards = true;
+    for (int column = size - 1; column > 0; column -= 2, upwards = !upwards) {
+        if (column == TimingColumn)
+            --column;
+        const std::uint64_t *functionRight = boards.function[column].words;
+        const std::uint64_t *functionLeft = boards.function[column - 1].words;
+        std::uint64_t *right = boards.modules[column].words;
+        std::uint64_t *left = boards.modules[column - 1].words;
+        for (int step = 0; step < words; ++step) {
+            const int word = upwards ? words - 1 - step : step;
+            const std::uint64_t freeRight = ~functionRight[word] & inside[word];
+            const std::uint64_t freeLeft = ~functionLeft[word] & inside[word];
+            position = upwards
+                ? fillWord<true>(freeRight, freeLeft, right[word], left[word], position)
+                : fillWord<false>(freeRight, freeLeft, right[word], left[word], position);
+        }
+    }
+}
+
+namespace {
+
+/// The 32 bits of a line from \a position on.
+inline std::uint32_t cut(const Line &line, int position)
+{
+    const std::uint64_t *word = line.words + (position >> 6);
+    const int offset = position & 63;
+    return static_cast<std::uint32_t>((word[0] << offset | word[1] >> 1 >> (63 - offset)) >> 32);
+}
+
+typedef std::uint32_t Words __attribute__((vector_size(16)));
+
+/// Exchanges, in squares of 2 * Distance a side, the upper right and the lower left quarter.
+template<int Distance>
+inline void exchange(Words (&lines)[32], std::uint32_t right)
+{
+    for (int base = 0; base < 32; base += 2 * Distance) {
+        for (int index = base; index < base + Distance; ++index) {
+            const Words swapped = (lines[index] ^ lines[index + Distance] >> Distance)
+                & (Words {} + right);
+            lines[index] ^= swapped;
+            lines[index + Distance] ^= swapped << Distance;
+        }
+    }
+}
+
+/// Transposes four squares of 32 x 32 modules, one in each lane: what was a line becomes a bit.
+void transpose(Words (&lines)[32])
+{
+    exchange<16>(lines, 0x0000ffffu);
+    exchange<8>(lines, 0x00ff00ffu);
+    exchange<4>(lines, 0x0f0f0f0fu);
+    exchange<2>(lines, 0x33333333u);
+    exchange<1>(lines, 0x55555555u);
+}
+
+} // namespace
+
+void cutStrips(int size, Boards &boards)
+{
+    const int strips = stripsOf(size);
+    for (int strip = 0; strip < strips; ++strip) {
+        const int first = strip * StripWidth;
+        for (int column = 0; column < size; ++column) {
+            boards.columns.lines[strip][column] = cut(boards.modules[column], first);
+            Line free;
+            for (int word = 0; word < 4; ++word)
+                free.words[word] = ~boards.function[column].words[word];
+            boards.free.lines[strip][column] = cut(free, first);
+        }
+
+        // The columns of this strip, 128 rows at a time, become the lines of its rows.
+        for (int half = 0; 128 * half < size; ++half) {
+            Words lines[32];
+            for (int column = 0; column < 32; ++column) {
+                const std::uint64_t *words = boards.modules[first + column].words + 2 * half;
+                lines[column] = Words {static_cast<std::uint32_t>(words[0] >> 32),
+                                       static_cast<std::uint32_t>(words[0]),
+                                       static_cast<std::uint32_t>(words[1] >> 32),
+                                       static_cast<std::uint32_t>(words[1])};
+            }
+            transpose(lines);
+            for (int lane = 0; lane < 4 && 128 * half + 32 * lane < size; ++lane) {
+                for (int row = 0; row < 32; ++row)
+                    boards.rows.lines[strip][128 * half + 32 * lane + row] = lines[row][lane];
+            }
+        }
+    }
+
+    // Behind the symbol nothing is free: those positions stay light in all masks.
+    const int behind = size - (strips - 1) * StripWidth;
+    for (int line = 0; line < size; ++line) {
+        if (behind < 32)
+            boards.free.lines[strips - 1][line] &= ~(~0u >> behind);
+    }
+}
+
+} // namespace om::controls::qr
