@@ -38,6 +38,21 @@ Item {
         NumberEditor { id: loose; label: "loose"; value: 5; onEdited: value = newValue }
         EventLog { id: log; lines: 3 }
     }
+    Demo {
+        id: demo
+        width: 1000
+        title: "Demo"
+        hint: "Try it"
+        Rectangle { id: live; anchors.fill: parent }
+        editors: [ BoolEditor { id: first; label: "first" }, ValueRow { id: second; label: "second" } ]
+    }
+    Section {
+        id: section
+        width: 400
+        title: "Section"
+        Rectangle { id: upper; width: 10; height: 40 }
+        Rectangle { id: lower; width: 10; height: 50 }
+    }
 
     function find(item, test) {
         if (test(item))
@@ -173,6 +188,36 @@ Item {
         function test_withoutTarget() {
             type(loose, "8");
             compare(loose.value, 8);
+        }
+
+        function at(item, below) { return item.mapToItem(below, 0, 0); }
+
+        function test_demoStageBesideItsEditors() {
+            demo.width = 1000;
+            compare(demo.stage, live.parent);
+            verify(at(first, demo).x > at(live, demo).x + live.width);
+            verify(at(second, demo).y >= at(first, demo).y + first.height);
+            verify(demo.height >= at(live, demo).y + live.height);
+        }
+
+        function test_demoStageAboveItsEditorsWhenNarrow() {
+            demo.width = 500;
+            verify(at(first, demo).y >= at(live, demo).y + live.height);
+            verify(demo.height >= at(second, demo).y + second.height);
+            verify(live.width > 400);
+        }
+
+        function test_demoStageGrowsWithManyEditors() {
+            demo.width = 1000;
+            demo.stageHeight = 20;
+            verify(at(live, demo).y + live.height >= at(second, demo).y + second.height - 1);
+            demo.stageHeight = 240;
+            verify(live.height > 230);
+        }
+
+        function test_sectionHoldsItsItems() {
+            verify(at(lower, section).y >= at(upper, section).y + upper.height);
+            verify(section.height > at(lower, section).y + lower.height);
         }
 
         function test_log() {

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void sidebarOpensPages();
     void sidebarTakesArrowKeys();
     void pageScrollsByWheel();
+    void pageScrollsByKeys();
 
     void foldersOpenByDoubleClick();
     void crumbsLeadBack();
@@ -187,6 +188,22 @@ void tst_Window::pageScrollsByWheel()
     QTRY_VERIFY(heading->mapToScene({}).y() > 0);
     for (int i = 0; i < 50; ++i)
         wheel(120);
+    QTRY_COMPARE(heading->mapToScene({}).y(), before);
+}
+
+void tst_Window::pageScrollsByKeys()
+{
+    // A field keeps its keys; a click beside it gives them to the page.
+    QQuickItem *heading = withText("Context");
+    QVERIFY(heading);
+    const qreal before = heading->mapToScene({}).y();
+    click(heading);
+    QTest::keyClick(m_window, Qt::Key_Down);
+    QTRY_VERIFY(heading->mapToScene({}).y() < before);
+    const qreal step = before - heading->mapToScene({}).y();
+    QTest::keyClick(m_window, Qt::Key_End);
+    QTRY_VERIFY(before - heading->mapToScene({}).y() > step);
+    QTest::keyClick(m_window, Qt::Key_Home);
     QTRY_COMPARE(heading->mapToScene({}).y(), before);
 }
 

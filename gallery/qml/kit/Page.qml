@@ -30,6 +30,24 @@ Flickable {
         onWheel: page.scrollBy(-event.angleDelta.y * 0.8)
     }
 
+    Keys.onPressed: {
+        const page = height * 0.9;
+        const distance = ({ [Qt.Key_PageDown]: page, [Qt.Key_PageUp]: -page, [Qt.Key_Down]: 60,
+                            [Qt.Key_Up]: -60, [Qt.Key_Home]: -contentHeight,
+                            [Qt.Key_End]: contentHeight })[event.key];
+        if (distance === undefined)
+            return;
+        scrollBy(distance);
+        event.accepted = true;
+    }
+
+    // A click beside everything takes the focus out of a field, which commits it.
+    MouseArea {
+        width: page.width
+        height: Math.max(page.height, page.contentHeight)
+        onPressed: page.forceActiveFocus()
+    }
+
     Controls.ScrollBar.vertical: Controls.ScrollBar {
         id: bar
         contentItem: Rectangle {

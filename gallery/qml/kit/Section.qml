@@ -3,7 +3,7 @@
 
 import QtQuick 2.15
 
-// A card on a page: a title, a line on what to try, and anything below.
+// A card on a page without editors: a title, a line on what to try, and items below one another.
 Surface {
     id: section
 
@@ -12,16 +12,15 @@ Surface {
     default property alias content: body.data
 
     width: parent ? parent.width : 0
-    implicitHeight: column.implicitHeight + 40
+    implicitHeight: body.y + body.height + 22
     height: implicitHeight
 
     Column {
-        id: column
+        id: heading
         x: 22
-        y: 20
+        y: 18
         width: section.width - 44
         spacing: 4
-
         Label {
             width: parent.width
             visible: text.length > 0
@@ -37,11 +36,12 @@ Surface {
             wrapMode: Text.WordWrap
             lineHeight: 1.2
         }
-        Item {
-            id: body
-            width: parent.width
-            height: childrenRect.height + y0
-            readonly property int y0: 0
-        }
+    }
+    Column {
+        id: body
+        x: 22
+        y: heading.y + heading.height + 16
+        width: section.width - 44
+        spacing: 12
     }
 }
