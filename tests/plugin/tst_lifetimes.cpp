@@ -1,0 +1,224 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/Leftovers.h"
+
+#include <QDir>
+#include <QPointer>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+#include <functional>
+#include <limits>
+#include <memory>
+
+/// Every example of the reference, through everything that can happen to objects from outside:
+/// windows and engines that go first, windows changed, scene graphs lost, sizes that make no sense.
+/// What is judged is that the process lives, says nothing, and shows the item again afterwards; the
+/// sanitizers judge the rest.
+class TestLifetimes : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void survives_data();
+    void survives();
+    void cleanup();
+};
+
+namespace {
+
+/// An example in a window of its own; each part can be destroyed at any time.
+struct Stage
+{
+    std::unique_ptr<QQmlEngine> engine = std::make_unique<QQmlEngine>();
+    std::unique_ptr<QQuickWindow> window = std::make_unique<QQuickWindow>();
+    QPointer<QQuickItem> item;
+
+    void load(const QString &file)
+    {
+        QQmlComponent component(engine.get(), QUrl::fromLocalFile(file));
+        QObject *object = component.isReady() ? component.create() : nullptr;
+        item = qobject_cast<QQuickItem *>(object);
+        QVERIFY2(item, qPrintable(component.errorString()));
+        item->setParentItem(window->contentItem());
+        window->resize(int(qMax(1.0, item->width())), int(qMax(1.0, item->height())));
+    }
+
+    void show()
+    {
+        window->show();
+        window->requestActivate();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+        QVERIFY(!window->grabWindow().isNull());
+    }
+
+    ~Stage()
+    {
+        delete item.data();
+        window.reset();
+    }
+};
+
+void renderAgain(QQuickWindow *window)
+{
+    QCoreApplication::sendPostedEvents();
+    QVERIFY(!window->grabWindow().isNull());
+}
+
+using Ordeal = std::function<void(Stage &)>;
+
+/// The ordeals by name, in words that say what happens.
+const std::vector<std::pair<const char *, Ordeal>> &ordeals()
+{
+    static const std::vector<std::pair<const char *, Ordeal>> list = {
+        {"destroyed before it was ever shown", [](Stage &stage) { delete stage.item.data(); }},
+        {"destroyed with queued calls pending",
+         [](Stage &stage) {
+             stage.show();
+             stage.item->setX(5);
+             delete stage.item.data();
+             QCoreApplication::processEvents();
+         }},
+        {"engine destroyed first",
+         [](Stage &stage) {
+             stage.show();
+             stage.engine.reset();
+             QCoreApplication::processEvents();
+             if (stage.item) {
+                 renderAgain(stage.window.get());
+             }
+         }},
+        {"window destroyed first",
+         [](Stage &stage) {
+             stage.show();
+             stage.item->setParentItem(nullptr);
+             stage.item->setParentItem(stage.window->contentItem());
+             stage.window.reset();
+             QCoreApplication::processEvents();
+         }},
+        {"window closed and shown again",
+         [](Stage &stage) {
+             stage.show();
+             stage.window->close();
+             QCoreApplication::processEvents();
+             stage.show();
+         }},
+        {"moved to another window and back",
+         [](Stage &stage) {
+             stage.show();
+             QQuickWindow other;
+             other.resize(stage.window->size());
+             other.show();
+             QVERIFY(QTest::qWaitForWindowExposed(&other));
+             stage.item->setParentItem(other.contentItem());
+             renderAgain(&other);
+             renderAgain(stage.window.get());
+             stage.item->setParentItem(stage.window->contentItem());
+             renderAgain(&other);
+             renderAgain(stage.window.get());
+         }},
+        {"scene graph released and made again",
+         [](Stage &stage) {
+             stage.window->setPersistentOpenGLContext(false);
+             stage.window->setPersistentSceneGraph(false);
+             stage.show();
+             stage.window->hide();
+             stage.window->releaseResources();
+             QCoreApplication::processEvents();
+             stage.show();
+         }},
+        {"rendered through a layer, then not",
+         [](Stage &stage) {
+             stage.show();
+             QObject *layer = stage.item->property("layer").value<QObject *>();
+             QVERIFY(layer);
+             QVERIFY(layer->setProperty("enabled", true));
+             renderAgain(stage.window.get());
+             QVERIFY(layer->setProperty("enabled", false));
+             renderAgain(stage.window.get());
+         }},
+        {"sizes that make no sense",
+         [](Stage &stage) {
+             stage.show();
+             const QSizeF size(stage.item->width(), stage.item->height());
+             const qreal senseless[] = {0, -1, 1e9, std::numeric_limits<qreal>::quiet_NaN()};
+             for (qreal length : senseless) {
+                 stage.item->setSize({length, length});
+                 renderAgain(stage.window.get());
+             }
+             stage.item->setSize(size);
+             stage.item->setScale(0);
+             renderAgain(stage.window.get());
+             stage.item->setScale(1);
+             renderAgain(stage.window.get());
+         }},
+        {"hidden, disabled, transparent",
+         [](Stage &stage) {
+             stage.show();
+             stage.item->setVisible(false);
+             renderAgain(stage.window.get());
+             stage.item->setEnabled(false);
+             stage.item->setVisible(true);
+             stage.item->setOpacity(0);
+             renderAgain(stage.window.get());
+             stage.item->setOpacity(1);
+             stage.item->setEnabled(true);
+             renderAgain(stage.window.get());
+         }},
+        {"destroyed between press and release",
+         [](Stage &stage) {
+             stage.show();
+             const QPoint centre(stage.window->width() / 2, stage.window->height() / 2);
+             QTest::mouseMove(stage.window.get(), centre);
+             QTest::mousePress(stage.window.get(), Qt::LeftButton, {}, centre);
+             QTest::keyPress(stage.window.get(), Qt::Key_Tab);
+             delete stage.item.data();
+             QTest::mouseMove(stage.window.get(), centre + QPoint(1, 1));
+             QTest::mouseRelease(stage.window.get(), Qt::LeftButton, {}, centre + QPoint(1, 1));
+             QTest::keyRelease(stage.window.get(), Qt::Key_Tab);
+             renderAgain(stage.window.get());
+         }},
+    };
+    return list;
+}
+
+} // namespace
+
+void TestLifetimes::survives_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("ordeal");
+    const QDir folder(qEnvironmentVariable("OMBREL_SOURCE_DIR") + QStringLiteral("/docs/snippets"));
+    const auto files = folder.entryInfoList({QStringLiteral("*.qml")}, QDir::Files);
+    QVERIFY(!files.isEmpty());
+    for (const QFileInfo &file : files) {
+        for (size_t i = 0; i < ordeals().size(); ++i) {
+            QTest::addRow("%s, %s", qPrintable(file.completeBaseName()), ordeals().at(i).first)
+                << file.absoluteFilePath() << int(i);
+        }
+    }
+}
+
+void TestLifetimes::survives()
+{
+    QFETCH(QString, file);
+    QFETCH(int, ordeal);
+    Stage stage;
+    stage.load(file);
+    if (!QTest::currentTestFailed()) {
+        ordeals().at(size_t(ordeal)).second(stage);
+    }
+}
+
+void TestLifetimes::cleanup()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(support::leftovers(), QString());
+}
+
+QTEST_MAIN(TestLifetimes)
+#include "tst_lifetimes.moc"
