@@ -6,6 +6,7 @@
 #include "controls/DropData.h"
 
 #include <QDebug>
+#include <QMimeData>
 #include <QPointer>
 
 #include <algorithm>
@@ -24,6 +25,7 @@ public:
     void append(DropHandler *handler);
     void clear();
     void forget(QObject *handler);
+    void unwatchHandlers();
     void setDragSource(QObject *source);
     DropHandler *findHandler(const QMimeData *mimeData) const;
 
@@ -43,6 +45,7 @@ void DropZone::Private::append(DropHandler *handler)
     if (!handler) {
         return;
     }
+    // Once, however often it is listed.
     if (!handlers.contains(handler)) {
         QObject::connect(handler, &QObject::destroyed, q,
                          [this](QObject *object) { forget(object); });
@@ -61,9 +64,7 @@ void DropZone::Private::clear()
         // Deliberately silent: neither exited nor containsDragChanged follows.
         activeHandler = nullptr;
     }
-    for (DropHandler *handler : qAsConst(handlers)) {
-        handler->disconnect(q);
-    }
+    unwatchHandlers();
     handlers.clear();
     Q_EMIT q->dropHandlersChanged();
 }
@@ -84,6 +85,14 @@ void DropZone::Private::forget(QObject *handler)
     }
 }
 
+void DropZone::Private::unwatchHandlers()
+{
+    // Only what append() connected: the application may have connections of its own.
+    for (DropHandler *handler : qAsConst(handlers)) {
+        QObject::disconnect(handler, &QObject::destroyed, q, nullptr);
+    }
+}
+
 void DropZone::Private::setDragSource(QObject *source)
 {
     for (DropHandler *handler : qAsConst(handlers)) {
@@ -93,8 +102,10 @@ void DropZone::Private::setDragSource(QObject *source)
 
 DropHandler *DropZone::Private::findHandler(const QMimeData *mimeData) const
 {
-    for (DropHandler *handler : handlers) {
-        if (handler->canHandle(mimeData)) {
+    // By index: a handler of the application's own may change the list while it is asked.
+    for (int i = 0; i < handlers.size(); ++i) {
+        DropHandler *const handler = handlers.at(i);
+        if (handler->canHandle(mimeData) && handlers.contains(handler)) {
             return handler;
         }
     }
@@ -110,10 +121,8 @@ DropZone::DropZone(QQuickItem *parent)
 
 DropZone::~DropZone()
 {
-    // A handler may outlive the zone's record by the rest of this destruction.
-    for (DropHandler *handler : qAsConst(d->handlers)) {
-        handler->disconnect(this);
-    }
+    // Handlers that are the zone's children die after its record.
+    d->unwatchHandlers();
 }
 
 QQmlListProperty<DropHandler> DropZone::dropHandlers()
@@ -142,17 +151,20 @@ void DropZone::dragEnterEvent(QDragEnterEvent *event)
         event->ignore();
         return;
     }
+    const QPointer<DropZone> self(this);
+    // Belongs to the drag, which may end inside the signal below.
+    const QPointer<QMimeData> mimeData(const_cast<QMimeData *>(event->mimeData()));
+    const QPointer<QObject> source(event->source());
     d->activeHandler = handler;
     event->accept();
-    const QPointer<DropZone> self(this);
     Q_EMIT containsDragChanged();
-    if (!self || !d->activeHandler) {
+    if (!self || d->activeHandler != handler) {
         return;
     }
     d->dropData->setPosition(event->posF());
-    d->dropData->setSource(event->source());
-    d->dropData->setData(d->activeHandler->dropData(event->mimeData()));
-    Q_EMIT d->activeHandler->entered(d->dropData);
+    d->dropData->setSource(source);
+    d->dropData->setData(mimeData ? handler->dropData(mimeData) : QVariant());
+    Q_EMIT handler->entered(d->dropData);
 }
 
 void DropZone::dragMoveEvent(QDragMoveEvent *event)
@@ -161,8 +173,8 @@ void DropZone::dragMoveEvent(QDragMoveEvent *event)
         return;
     }
     d->dropData->setPosition(event->posF());
-    event->accept();
     Q_EMIT d->activeHandler->positionChanged(d->dropData);
+    event->accept();
 }
 
 void DropZone::dragLeaveEvent(QDragLeaveEvent *)
@@ -183,6 +195,8 @@ void DropZone::dragLeaveEvent(QDragLeaveEvent *)
 
 void DropZone::dropEvent(QDropEvent *event)
 {
+    // The event's acceptance is deliberately left as delivered. Windows deliver drops as ignored,
+    // so a drag of the same program ends with Qt::IgnoreAction.
     const QPointer<DropZone> self(this);
     if (d->activeHandler) {
         d->dropData->setPosition(event->posF());
