@@ -121,7 +121,7 @@ DropZone::DropZone(QQuickItem *parent)
 
 DropZone::~DropZone()
 {
-    // Handlers that are the zone's children die after its record.
+    // The base's destructor still runs code of the application, which may destroy handlers.
     d->unwatchHandlers();
 }
 

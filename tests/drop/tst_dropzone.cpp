@@ -271,6 +271,7 @@ private Q_SLOTS:
     void handlerDestroyedWhileActive();
     void handlerListedTwiceAndDestroyed();
     void handlerDestroyedAfterItsZone();
+    void handlerDestroyedWhileItsZoneIs();
     void activeHandlerDestroyedInside_data() { moments(); }
     void activeHandlerDestroyedInside();
     void otherHandlerDestroyedInside_data() { moments(); }
@@ -1039,6 +1040,20 @@ void TestDropZone::handlerDestroyedAfterItsZone()
     takeHappened();
     zone.reset();
     a.reset();
+    QCOMPARE(takeHappened(), QStringList());
+}
+
+void TestDropZone::handlerDestroyedWhileItsZoneIs()
+{
+    QQuickItem parent;
+    auto *zone = new DropZone(&parent);
+    QPointer<Handler> a(new Handler("a"));
+    append(zone, a);
+    watch(zone);
+    takeHappened();
+    connect(&parent, &QQuickItem::childrenChanged, [&a] { delete a; });
+    delete zone;
+    QVERIFY(!a);
     QCOMPARE(takeHappened(), QStringList());
 }
 

@@ -119,6 +119,9 @@ void TestFileDropHandler::filter_data()
     QTest::newRow("percent-encoded suffix")
         << list("pdf") << urls("file:///a%2E%50df file:///a.%70df")
         << urls("file:///a%2E%50df file:///a.%70df");
+    QTest::newRow("percent-encoded signs that URLs reserve")
+        << QStringList{QStringLiteral("a#b c%")} << urls("file:///x.a%23b%20c%25")
+        << urls("file:///x.a%23b%20c%25");
     QTest::newRow("broken percent-encoding")
         << list("pdf") << urls("file:///%.pdf file:///%zz.pdf file:///a.pd% file:///%C3.pdf")
         << urls("file:///%.pdf file:///%zz.pdf file:///%C3.pdf");
