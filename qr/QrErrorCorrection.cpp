@@ -70,17 +70,16 @@ struct Remainders
         for (int codeword = Stride - 1; codeword >= 0; --codeword) {
             for (int value = 0; value < 16; ++value) {
                 for (int index = 0; index < Degree; ++index) {
-                    halves[2 * codeword][value].coefficients[index]
-                        = field.product(value << 4, rest[index]);
-                    halves[2 * codeword + 1][value].coefficients[index]
-                        = field.product(value, rest[index]);
+                    halves[2 * codeword][value].coefficients[index] =
+                        field.product(value << 4, rest[index]);
+                    halves[2 * codeword + 1][value].coefficients[index] =
+                        field.product(value, rest[index]);
                 }
             }
             const int head = rest[0];
             for (int index = 0; index < Degree; ++index) {
-                rest[index] = static_cast<std::uint8_t>(
-                    (index + 1 < Degree ? rest[index + 1] : 0)
-                    ^ field.product(head, generator[index]));
+                rest[index] = static_cast<std::uint8_t>((index + 1 < Degree ? rest[index + 1] : 0)
+                                                        ^ field.product(head, generator[index]));
             }
         }
     }
@@ -121,13 +120,13 @@ void divide(const unsigned char *data, int count, unsigned char *result)
     }
     for (int done = ahead ? ahead : Stride;; done += Stride) {
         const std::uint64_t head = next ^ front[0];
-        front = Pair {front[1], back[0]};
-        back = Pair {back[1], 0};
+        front = Pair{front[1], back[0]};
+        back = Pair{back[1], 0};
         for (int codeword = 0; codeword < Stride; ++codeword) {
-            const Remainder<Degree> &high
-                = remainders<Degree>.halves[2 * codeword][head >> (8 * codeword + 4) & 15];
-            const Remainder<Degree> &low
-                = remainders<Degree>.halves[2 * codeword + 1][head >> (8 * codeword) & 15];
+            const Remainder<Degree> &high =
+                remainders<Degree>.halves[2 * codeword][head >> (8 * codeword + 4) & 15];
+            const Remainder<Degree> &low =
+                remainders<Degree>.halves[2 * codeword + 1][head >> (8 * codeword) & 15];
             Pair parts[4];
             std::memcpy(&parts[0], high.coefficients, 16);
             std::memcpy(&parts[1], low.coefficients, 16);

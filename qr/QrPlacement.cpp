@@ -115,8 +115,7 @@ int fillWord(std::uint64_t freeRight, std::uint64_t freeLeft, std::uint64_t &rig
         } else {
             const bool rightOnly = freeRight & here;
             count = runLength<Upwards>((rightOnly ? freeRight : freeLeft) & ~both, bit);
-            (rightOnly ? right : left)
-                |= laid<Upwards>(take(stream.whole, position, count), bit);
+            (rightOnly ? right : left) |= laid<Upwards>(take(stream.whole, position, count), bit);
             position += count;
         }
         const int next = bit + count;
@@ -176,8 +175,8 @@ inline void exchange(Words (&lines)[32], std::uint32_t right)
 {
     for (int base = 0; base < 32; base += 2 * Distance) {
         for (int index = base; index < base + Distance; ++index) {
-            const Words swapped = (lines[index] ^ lines[index + Distance] >> Distance)
-                & (Words {} + right);
+            const Words swapped =
+                (lines[index] ^ lines[index + Distance] >> Distance) & (Words{} + right);
             lines[index] ^= swapped;
             lines[index + Distance] ^= swapped << Distance;
         }
@@ -214,10 +213,10 @@ void cutStrips(int size, Boards &boards)
             Words lines[32];
             for (int column = 0; column < 32; ++column) {
                 const std::uint64_t *words = boards.modules[first + column].words + 2 * half;
-                lines[column] = Words {static_cast<std::uint32_t>(words[0] >> 32),
-                                       static_cast<std::uint32_t>(words[0]),
-                                       static_cast<std::uint32_t>(words[1] >> 32),
-                                       static_cast<std::uint32_t>(words[1])};
+                lines[column] = Words{static_cast<std::uint32_t>(words[0] >> 32),
+                                      static_cast<std::uint32_t>(words[0]),
+                                      static_cast<std::uint32_t>(words[1] >> 32),
+                                      static_cast<std::uint32_t>(words[1])};
             }
             transpose(lines);
             for (int lane = 0; lane < 4 && 128 * half + 32 * lane < size; ++lane) {

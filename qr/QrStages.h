@@ -3,7 +3,8 @@
 
 #pragma once
 
-// The stages of making a symbol, in their order. Internal: only the encoder and its tests look here.
+// The stages of making a symbol, in their order. Internal: only the encoder and its tests look
+// here.
 
 #include "qr/QrTables.h"
 
@@ -104,10 +105,10 @@ struct Strips
 struct Boards
 {
     Line function[PaddedSize]; ///< Columns: the modules that are no data.
-    Line modules[PaddedSize];  ///< Columns: dark modules before masking, no format information.
-    Strips free;        ///< The data modules; alike by columns and by rows.
-    Strips columns;     ///< The modules, a line a column.
-    Strips rows;        ///< The modules, a line a row.
+    Line modules[PaddedSize]; ///< Columns: dark modules before masking, no format information.
+    Strips free; ///< The data modules; alike by columns and by rows.
+    Strips columns; ///< The modules, a line a column.
+    Strips rows; ///< The modules, a line a row.
 };
 
 /// Clears the columns that a symbol of \a size uses.
@@ -185,14 +186,18 @@ const FormatLanes &formatLanes(int level);
 /// What the penalty rules count, for each mask.
 struct Features
 {
-    std::uint32_t runs[MaskCount];       ///< Points for runs of five and more, both ways.
-    std::uint32_t blocks[MaskCount];     ///< Squares of 2 x 2 modules of one colour.
+    std::uint32_t runs[MaskCount]; ///< Points for runs of five and more, both ways.
+    std::uint32_t blocks[MaskCount]; ///< Squares of 2 x 2 modules of one colour.
     std::uint32_t finderLike[MaskCount]; ///< Patterns 1:1:3:1:1 with light around, both ways.
-    std::uint32_t dark[MaskCount];       ///< Dark modules.
+    std::uint32_t dark[MaskCount]; ///< Dark modules.
 };
 
 /// The ways of counting, from the one that runs everywhere to the widest.
-enum Instructions { Baseline, Avx2, InstructionSets };
+enum Instructions {
+    Baseline,
+    Avx2,
+    InstructionSets
+};
 
 /// Whether this processor has them.
 bool available(Instructions instructions);

@@ -32,7 +32,7 @@ struct VersionRow
     std::uint16_t data[LevelCount];
     std::uint8_t alignmentCount;
     std::uint8_t alignments[MaximumAlignments]; ///< Coordinates other than 6, ascending.
-    BlockGroup groups[LevelCount][2];           ///< The second is empty where all are alike.
+    BlockGroup groups[LevelCount][2]; ///< The second is empty where all are alike.
 
     int blockCount(int level) const { return groups[level][0].blocks + groups[level][1].blocks; }
     int correction(int level) const { return groups[level][0].total - groups[level][0].data; }
@@ -41,7 +41,12 @@ struct VersionRow
 /// One row per version; row 0 is all zeros.
 extern const VersionRow versionTable[MaximumVersion + 1];
 
-enum Mode { Numeric, Alphanumeric, EightBit, Kanji };
+enum Mode {
+    Numeric,
+    Alphanumeric,
+    EightBit,
+    Kanji
+};
 
 /// The width of the character count, by version group (1-9, 10-26, 27-40) and mode.
 extern const std::uint8_t countWidths[3][4];

@@ -113,7 +113,7 @@ int multiply(int a, int b)
 Bytes correction(const Bytes &block, int degree)
 {
     // The generator polynomial is the product of all x - 2^i.
-    std::vector<int> generator {1};
+    std::vector<int> generator{1};
     int root = 1;
     for (int factor = 0; factor < degree; ++factor) {
         std::vector<int> product(generator.size() + 1, 0);
@@ -167,7 +167,7 @@ void placeFunctionPatterns(int version, Matrix &matrix)
         setFunction(matrix, index, 6, index % 2 == 0);
     }
 
-    std::vector<int> places {6};
+    std::vector<int> places{6};
     for (int index = 0; index < versionTable[version].alignmentCount; ++index)
         places.push_back(versionTable[version].alignments[index]);
     for (int centerX : places) {
@@ -324,8 +324,8 @@ Penalty score(const Matrix &matrix)
             if (matrix.dark(x, y))
                 ++penalty.darkModules;
             if (x + 1 < size && y + 1 < size) {
-                const int darks = matrix.dark(x, y) + matrix.dark(x + 1, y)
-                    + matrix.dark(x, y + 1) + matrix.dark(x + 1, y + 1);
+                const int darks = matrix.dark(x, y) + matrix.dark(x + 1, y) + matrix.dark(x, y + 1)
+                    + matrix.dark(x + 1, y + 1);
                 if (darks == 0 || darks == 4)
                     ++penalty.blocks;
             }
@@ -360,7 +360,8 @@ Bytes packed(const Matrix &matrix)
         for (int x = 0; x < matrix.size; ++x) {
             const int k = y * matrix.size + x;
             if (matrix.dark(x, y))
-                result[static_cast<std::size_t>(k / 8)] |= static_cast<unsigned char>(0x80 >> k % 8);
+                result[static_cast<std::size_t>(k / 8)] |=
+                    static_cast<unsigned char>(0x80 >> k % 8);
         }
     }
     return result;

@@ -15,9 +15,9 @@ using Bytes = std::vector<unsigned char>;
 
 /// What a byte of the matrix says about its module.
 enum Flag {
-    Masked = 0x01,   ///< A data module that is dark after masking.
-    Data = 0x02,     ///< The bit that a data module shows before masking.
-    Dark = 0x10,     ///< A dark function module.
+    Masked = 0x01, ///< A data module that is dark after masking.
+    Data = 0x02, ///< The bit that a data module shows before masking.
+    Dark = 0x10, ///< A dark function module.
     Function = 0x20, ///< A module that masking never touches.
 };
 

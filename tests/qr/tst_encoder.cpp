@@ -277,9 +277,9 @@ void TestEncoder::measuresNoFurtherThanNeeded()
 {
     // Behind the readable page nothing may be touched.
     const long page = sysconf(_SC_PAGESIZE);
-    char *pages = static_cast<char *>(mmap(nullptr, static_cast<std::size_t>(2 * page),
-                                           PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1,
-                                           0));
+    char *pages =
+        static_cast<char *>(mmap(nullptr, static_cast<std::size_t>(2 * page),
+                                 PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
     QVERIFY(pages != MAP_FAILED);
     QCOMPARE(mprotect(pages + page, static_cast<std::size_t>(page), PROT_NONE), 0);
     std::memset(pages, 'x', static_cast<std::size_t>(page));
@@ -294,16 +294,16 @@ void TestEncoder::measuresNoFurtherThanNeeded()
 void TestEncoder::readsNoFurtherThanItsLength()
 {
     const long page = sysconf(_SC_PAGESIZE);
-    char *pages = static_cast<char *>(mmap(nullptr, static_cast<std::size_t>(3 * page),
-                                           PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1,
-                                           0));
+    char *pages =
+        static_cast<char *>(mmap(nullptr, static_cast<std::size_t>(3 * page),
+                                 PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
     QVERIFY(pages != MAP_FAILED);
     QCOMPARE(mprotect(pages, static_cast<std::size_t>(page), PROT_NONE), 0);
     QCOMPARE(mprotect(pages + 2 * page, static_cast<std::size_t>(page), PROT_NONE), 0);
     std::memset(pages + page, 'x', static_cast<std::size_t>(page));
     for (int length : {1, 7, 8, 9, 16, 17, 100, 2953}) {
-        const slow::Symbol expected
-            = slow::encode(0, 0, std::string(static_cast<std::size_t>(length), 'x'));
+        const slow::Symbol expected =
+            slow::encode(0, 0, std::string(static_cast<std::size_t>(length), 'x'));
         Result atEnd;
         QCOMPARE(qrEncode(0, 0, pages + 2 * page - length, length, atEnd.data()), expected.size);
         QVERIFY(atEnd.equals(expected.result));
@@ -325,9 +325,9 @@ void TestEncoder::anyAddress()
         std::memset(results, 0xff, sizeof results);
         QCOMPARE(qrEncode(2, 0, moved.data() + offset, 200, results + offset),
                  slow::encode(2, 0, text).size);
-        QCOMPARE(std::memcmp(results + offset, slow::encode(2, 0, text).result.data(),
-                             QrResultBytes),
-                 0);
+        QCOMPARE(
+            std::memcmp(results + offset, slow::encode(2, 0, text).result.data(), QrResultBytes),
+            0);
         QCOMPARE(int(results[offset + QrResultBytes]), 0xff);
     }
 }

@@ -89,10 +89,10 @@ slow::Matrix drawn(int size, const std::function<bool(int, int)> &dark)
     return matrix;
 }
 
-#define COMPARE_GRIDS(size, actual, expected)                                                      \
-    do {                                                                                           \
-        const QString text = difference(size, actual, expected);                                   \
-        QVERIFY2(text.isEmpty(), qPrintable(QLatin1Char('\n') + text));                            \
+#define COMPARE_GRIDS(size, actual, expected) \
+    do { \
+        const QString text = difference(size, actual, expected); \
+        QVERIFY2(text.isEmpty(), qPrintable(QLatin1Char('\n') + text)); \
     } while (false)
 
 } // namespace
@@ -325,14 +325,14 @@ void TestStages::data_data()
 
     QTest::newRow("padding") << 1 << QByteArray("A")
                              << QByteArray::fromHex("40141 0ec11ec11ec11ec11ec11ec11ec11ec11");
-    QTest::newRow("digits are bytes") << 1 << QByteArray("12345678901234567")
-                                      << QByteArray::fromHex(
-                                             "41131323334353637383930313233343536370");
+    QTest::newRow("digits are bytes")
+        << 1 << QByteArray("12345678901234567")
+        << QByteArray::fromHex("41131323334353637383930313233343536370");
     QTest::newRow("one codeword of padding")
         << 1 << QByteArray("1234567890123456")
         << QByteArray::fromHex("410 31323334353637383930313233343536 0ec");
-    QTest::newRow("count of 16 bits") << 10 << QByteArray("\xff")
-                                      << QByteArray::fromHex("40001ff0ec11ec11");
+    QTest::newRow("count of 16 bits")
+        << 10 << QByteArray("\xff") << QByteArray::fromHex("40001ff0ec11ec11");
 }
 
 void TestStages::data()
@@ -383,8 +383,8 @@ void TestStages::correction()
 
 void TestStages::correctionOfKnownBlock()
 {
-    // The block of one, 2^0, leaves the generator polynomial itself: for degree 7, in powers of two,
-    // 87, 229, 146, 149, 238, 102, 21.
+    // The block of one, 2^0, leaves the generator polynomial itself: for degree 7, in powers of
+    // two, 87, 229, 146, 149, 238, 102, 21.
     int powers[256] = {1};
     for (int index = 1; index < 256; ++index)
         powers[index] = slow::multiply(powers[index - 1], 2);
@@ -514,7 +514,8 @@ void TestStages::maskPatterns()
                 const auto at = [&](bool byRows, int line, int position) {
                     const int strip = position / qr::StripWidth;
                     return (qr::maskPattern(byRows, strip).lines[line % qr::MaskPeriod][mask]
-                            >> (31 - position % qr::StripWidth) & 1)
+                                >> (31 - position % qr::StripWidth)
+                            & 1)
                         != 0;
                 };
                 QCOMPARE(at(true, y, x), expected);
