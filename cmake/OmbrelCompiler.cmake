@@ -27,13 +27,6 @@ if(OMBREL_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
                         -fno-omit-frame-pointer -O1 -g1)
     add_link_options(-fsanitize=address,undefined)
-    add_library(ombrel_keep_loaded OBJECT "${PROJECT_SOURCE_DIR}/tests/support/keep_loaded.cpp")
-    function(ombrel_sanitized_program target)
-        target_link_libraries(${target} PRIVATE ombrel_keep_loaded)
-    endfunction()
-else()
-    function(ombrel_sanitized_program target)
-    endfunction()
 endif()
 
 # The library promises Qt 5.12: what came later must not compile, what was deprecated later

@@ -64,7 +64,6 @@ function(ombrel_add_tests)
         get_filename_component(test "${source}" NAME_WE)
         add_executable(${folder}_${test} "${source}")
         target_link_libraries(${folder}_${test} PRIVATE ombrel_test_support ${arg_LIBRARIES})
-        ombrel_sanitized_program(${folder}_${test})
         if(test IN_LIST arg_INTERNAL)
             target_link_libraries(${folder}_${test} PRIVATE ombrel_controls ombrel_logging
                                   $<TARGET_NAME_IF_EXISTS:ombrel_resources>)
