@@ -57,9 +57,8 @@ void ScreenshotRun::start(const QStringList &pages)
 {
     m_pages = pages;
     if (!QDir().mkpath(m_folder))
-        fail(QStringLiteral("%1 cannot be made").arg(m_folder));
-    else
-        nextPage();
+        return fail(QStringLiteral("%1 cannot be made").arg(m_folder));
+    nextPage();
 }
 
 void ScreenshotRun::nextPage()

@@ -171,7 +171,7 @@ Document::~Document()
 {
     // Everything is unlinked before the first signal. Children that this document owns are about to
     // be destroyed with it and hear nothing.
-    Context *const inherited = context();
+    Context *const inherited = Document::context();
     QVector<QPointer<Document>> survivors;
     for (Document *child : qAsConst(d->children)) {
         child->d->parentDocument = nullptr;

@@ -126,7 +126,8 @@ private:
     int m_next = 0;
 };
 
-Block descriptions;
+/// The described types of all modules, and the text they were read from.
+std::vector<Block> descriptions;
 QString descriptionText;
 
 /// A type as the tool writes it: "QQmlListProperty<T>" is a list of T, "T*" a pointer to T.
@@ -195,15 +196,24 @@ bool isImplied(const QMetaObject *meta, const QMetaMethod &method)
     return false;
 }
 
-/// The names that the plugin registers, with the module each belongs to.
+QString contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// There in builds with the bundled data core only.
+QString dataCoreDescriptions()
+{
+    return qEnvironmentVariable("OMBREL_BUILD_DIR")
+        + QStringLiteral("/qml/ombrel/data/Core/plugins.qmltypes");
+}
+
+/// The names that the plugins register, with the module each belongs to.
 std::map<QString, QString> registeredNames()
 {
-    QFile file(qEnvironmentVariable("OMBREL_SOURCE_DIR")
-               + QStringLiteral("/plugin/Registration.cpp"));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    const QString text = QString::fromUtf8(file.readAll());
+    const QString sources = qEnvironmentVariable("OMBREL_SOURCE_DIR");
+    const QString text = contentOf(sources + QStringLiteral("/plugin/Registration.cpp"));
     const int privateStart = text.indexOf(QStringLiteral("void registerPrivateTypes"));
     const QRegularExpression row(
         QStringLiteral("qmlRegister\\w+<\\w+>\\(\\s*uri, 1, 0,\\s*\"(\\w+)\""));
@@ -215,6 +225,13 @@ std::map<QString, QString> registeredNames()
             ? QStringLiteral("ombrel.Controls.Private")
             : QStringLiteral("ombrel.Controls");
     }
+    if (QFile::exists(dataCoreDescriptions())) {
+        rows = row.globalMatch(
+            contentOf(sources + QStringLiteral("/datacore/qml/OmbrelDataCorePlugin.cpp")));
+        while (rows.hasNext()) {
+            names[rows.next().captured(1)] = QStringLiteral("ombrel.data.Core");
+        }
+    }
     return names;
 }
 
@@ -222,12 +239,20 @@ std::map<QString, QString> registeredNames()
 
 void TestQmlTypes::initTestCase()
 {
-    QFile file(qEnvironmentVariable("OMBREL_BUILD_DIR")
-               + QStringLiteral("/qml/ombrel/Controls/plugins.qmltypes"));
-    QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.fileName()));
-    descriptionText = QString::fromUtf8(file.readAll());
-    descriptions = Parser(descriptionText).parse();
-    QCOMPARE(descriptions.blocks.size(), size_t(1));
+    const QString controls = qEnvironmentVariable("OMBREL_BUILD_DIR")
+        + QStringLiteral("/qml/ombrel/Controls/plugins.qmltypes");
+    for (const QString &path : {controls, dataCoreDescriptions()}) {
+        const QString text = contentOf(path);
+        if (text.isEmpty() && path != controls) {
+            continue;
+        }
+        const Block module = Parser(text).parse();
+        QVERIFY2(module.blocks.size() == 1, qPrintable(path));
+        for (const Block *block : module.blocks.front().children("Component")) {
+            descriptions.push_back(*block);
+        }
+        descriptionText += text;
+    }
 
     // Registers the types, and the pointer types in their signals.
     QQmlEngine engine;
@@ -251,18 +276,23 @@ void TestQmlTypes::describedAsRegistered()
 {
     QFETCH(QString, module);
     const QString name = QString::fromLatin1(QTest::currentDataTag());
+    const bool dataCore = module == QLatin1String("ombrel.data.Core");
+    const QString className =
+        (dataCore ? QStringLiteral("om::data::") : QStringLiteral("om::controls::")) + name;
     const Block *type = nullptr;
-    for (const Block *block : descriptions.blocks.front().children("Component")) {
-        if (block->text("name") == QStringLiteral("om::controls::") + name) {
-            type = block;
+    for (const Block &block : descriptions) {
+        if (block.text("name") == className) {
+            type = &block;
         }
     }
     QVERIFY2(type, "not described");
     QCOMPARE(type->text("exports"), QStringLiteral("%1/%2 1.0").arg(module, name));
 
     QQmlEngine engine;
-    const QByteArray imports =
-        "import ombrel.Controls 1.0\nimport ombrel.Controls.Private 1.0\nimport QtQml 2.12\n";
+    const QByteArray imports = dataCore
+        ? QByteArray("import ombrel.data.Core 1.0\nimport QtQml 2.12\n")
+        : QByteArray("import ombrel.Controls 1.0\nimport ombrel.Controls.Private 1.0\n"
+                     "import QtQml 2.12\n");
     const QMetaObject *meta = nullptr;
     std::unique_ptr<QObject> object;
     if (type->flag("isSingleton")) {
@@ -273,8 +303,8 @@ void TestQmlTypes::describedAsRegistered()
         QVERIFY2(object, qPrintable(component.errorString()));
         meta = object->property("it").value<QObject *>()->metaObject();
     } else if (type->text("isCreatable") == QLatin1String("false")) {
-        meta = QMetaType::metaObjectForType(
-            QMetaType::type(qPrintable(QStringLiteral("om::controls::%1*").arg(name))));
+        meta =
+            QMetaType::metaObjectForType(QMetaType::type(qPrintable(className + QLatin1Char('*'))));
     } else {
         if (name == QLatin1String("TreeView")) {
             QTest::ignoreMessage(QtCriticalMsg,
@@ -386,12 +416,12 @@ void TestQmlTypes::describedAsRegistered()
 void TestQmlTypes::nothingElseIsExported()
 {
     const auto names = registeredNames();
-    for (const Block *block : descriptions.blocks.front().children("Component")) {
-        if (block->text("exports").isEmpty()) {
+    for (const Block &block : descriptions) {
+        if (block.text("exports").isEmpty()) {
             continue;
         }
-        const QString name = unqualified(block->text("name"));
-        QVERIFY2(names.count(name) == 1, qPrintable(block->text("name")));
+        const QString name = unqualified(block.text("name"));
+        QVERIFY2(names.count(name) == 1, qPrintable(block.text("name")));
     }
 }
 
