@@ -94,33 +94,33 @@ void FolderDocument::refresh()
         present.insert(file.absoluteFilePath(), file);
 
     QHash<QString, FolderDocument *> kept;
+    QList<FolderDocument *> gone;
     const QList<om::data::Document *> children = childDocuments();
     for (om::data::Document *child : children) {
         auto *document = qobject_cast<FolderDocument *>(child);
         if (!document)
             continue;
-        if (document->standsFor(present.value(document->m_path))) {
+        if (document->standsFor(present.value(document->m_path)))
             kept.insert(document->m_path, document);
-        } else {
-            removeChild(document);
-            // Whoever shows it may be in the middle of something.
-            document->deleteLater();
-        }
+        else
+            gone.append(document);
     }
 
-    int index = 0;
+    QList<om::data::Document *> now;
     for (const QFileInfo &file : files) {
         FolderDocument *document = kept.value(file.absoluteFilePath());
-        if (!document) {
-            insertChild(index, new FolderDocument(m_tree, file));
-        } else {
-            insertChild(index, document);
-            document->setTypes({typeOf(file)});
-            // A folder that was deleted and made anew between two looks is another one on disk.
-            if (document->m_loaded && m_tree->watch(document->m_path, document))
-                document->refresh();
-        }
-        ++index;
+        now.append(document ? document : new FolderDocument(m_tree, file));
+    }
+    setChildDocuments(now);
+    // Whoever shows them may be in the middle of something.
+    for (FolderDocument *document : qAsConst(gone))
+        document->deleteLater();
+
+    for (FolderDocument *document : qAsConst(kept)) {
+        document->setTypes({typeOf(QFileInfo(document->m_path))});
+        // A folder that was deleted and made anew between two looks is another one on disk.
+        if (document->m_loaded && m_tree->watch(document->m_path, document))
+            document->refresh();
     }
 }
 

@@ -3,7 +3,9 @@
 
 #include <OmbrelDataCore/Document.h>
 
+#include <QPair>
 #include <QPointer>
+#include <QSet>
 #include <QVector>
 
 namespace om::data {
@@ -20,6 +22,7 @@ public:
     bool isAncestorOrSelf(const Document *document) const;
     void take(Document *child);
     void adopt(Document *child, int index);
+    void own(Document *child);
     void clearChildren();
     void emitChildrenChanged();
 
@@ -74,6 +77,12 @@ void Document::Private::take(Document *child)
 void Document::Private::adopt(Document *child, int index)
 {
     children.insert(index, child);
+    own(child);
+}
+
+// Makes `child`, which is in the list, one of this document.
+void Document::Private::own(Document *child)
+{
     child->d->parentDocument = q;
 
     if (child->parent() && !qobject_cast<Document *>(child->parent()))
@@ -294,6 +303,58 @@ QQmlListProperty<Document> Document::childrenProperty()
 QList<Document *> Document::childDocuments() const
 {
     return d->loadedChildren();
+}
+
+void Document::setChildDocuments(const QList<Document *> &children)
+{
+    const QList<Document *> before = d->loadedChildren();
+    QList<Document *> after;
+    QSet<Document *> kept;
+    for (Document *child : children) {
+        if (child && !kept.contains(child) && !d->isAncestorOrSelf(child)) {
+            kept.insert(child);
+            after.append(child);
+        }
+    }
+    if (after == before)
+        return;
+
+    // Everything is linked anew before the first signal.
+    QVector<QPair<QPointer<Document>, Context *>> movedFrom;
+    QVector<QPointer<Document>> robbed;
+    for (Document *child : before) {
+        if (kept.contains(child))
+            continue;
+        movedFrom.append({child, child->context()});
+        child->d->parentDocument = nullptr;
+        if (child->parent() == this)
+            child->setParent(nullptr);
+    }
+    for (Document *child : qAsConst(after)) {
+        Document *const oldParent = child->d->parentDocument;
+        if (oldParent == this)
+            continue;
+        movedFrom.append({child, child->context()});
+        if (oldParent) {
+            oldParent->d->take(child);
+            if (!robbed.contains(oldParent))
+                robbed.append(oldParent);
+        }
+        d->own(child);
+    }
+    d->children = after;
+
+    const QPointer<Document> self(this);
+    for (const QPointer<Document> &oldParent : qAsConst(robbed)) {
+        if (oldParent)
+            oldParent->d->emitChildrenChanged();
+    }
+    if (self)
+        d->emitChildrenChanged();
+    for (const auto &moved : qAsConst(movedFrom)) {
+        if (moved.first)
+            Private::emitContextChangedIfNot(moved.second, moved.first);
+    }
 }
 
 Document *Document::parentDocument() const

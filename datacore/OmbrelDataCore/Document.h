@@ -76,6 +76,10 @@ public:
 
     /// The child documents in their order.
     QList<Document *> childDocuments() const;
+    /// Makes `children` the child documents, with one `childrenChanged()` for all that comes, goes
+    /// and moves. Null, what `insertChild` refuses, and second mentions are left out. Documents
+    /// that are taken out are handed over as `removeChild` does.
+    void setChildDocuments(const QList<om::data::Document *> &children);
     /// The document in whose child list this one is, or null. Nothing that QML sees.
     Document *parentDocument() const;
 

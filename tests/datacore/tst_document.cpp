@@ -158,6 +158,10 @@ private Q_SLOTS:
     void insertedElsewhereLeavesTheOldParent();
     void insertedAgainMoves();
     void refusesNullItselfAndAncestors();
+    void setAllAtOnce();
+    void setAllLeavesOutWhatCannotBe();
+    void setAllTakesFromOthers();
+    void setAllHandsOverWhatGoes();
     void removeHandsOverOwnership();
     void removeOfAStranger();
     void ownership();
@@ -382,6 +386,84 @@ void tst_Document::refusesNullItselfAndAncestors()
     // The other way round it is no cycle: a descendant may move up.
     QVERIFY(top.appendChild(&leaf));
     QCOMPARE(top.childDocuments(), (Documents{&middle, &leaf}));
+}
+
+void tst_Document::setAllAtOnce()
+{
+    Log log;
+    Context context;
+    context.setObjectName("context");
+    log.watch(&context);
+    Named parent("parent", &log);
+    parent.setContext(&context);
+    Named a("a");
+    Named b("b");
+    Named c("c");
+    parent.appendChild(&a);
+    parent.appendChild(&b);
+    log.take();
+    log.watch(&c);
+
+    parent.setChildDocuments({&c, &b, &a});
+    QCOMPARE(parent.childDocuments(), (Documents{&c, &b, &a}));
+    QCOMPARE(c.parentDocument(), &parent);
+    QCOMPARE(log.take(), (QStringList{"parent.children", "context(parent)", "c.context"}));
+    parent.setChildDocuments({&c, &b, &a});
+    QCOMPARE(log.take(), QStringList());
+}
+
+void tst_Document::setAllLeavesOutWhatCannotBe()
+{
+    Document top;
+    Document parent;
+    Document a;
+    Document b;
+    top.appendChild(&parent);
+    parent.setChildDocuments({nullptr, &a, &top, &b, &parent, &a});
+    QCOMPARE(parent.childDocuments(), (Documents{&a, &b}));
+    QVERIFY(!top.parentDocument());
+}
+
+void tst_Document::setAllTakesFromOthers()
+{
+    Log log;
+    Named first("first", &log);
+    Named second("second", &log);
+    Named parent("parent", &log);
+    Named a("a");
+    Named b("b");
+    Named c("c");
+    first.setChildDocuments({&a, &b});
+    second.setChildDocuments({&c});
+    log.take();
+
+    QObject guard;
+    connect(&first, &Document::childrenChanged, &guard, [&] {
+        QCOMPARE(parent.childDocuments(), (Documents{&a, &b, &c}));
+    });
+    parent.setChildDocuments({&a, &b, &c});
+    QVERIFY(first.childDocuments().isEmpty());
+    QVERIFY(second.childDocuments().isEmpty());
+    QCOMPARE(log.take(), (QStringList{"first.children", "second.children", "parent.children"}));
+    QCOMPARE(a.parent(), &parent);
+}
+
+void tst_Document::setAllHandsOverWhatGoes()
+{
+    Log log;
+    Context context;
+    Named parent("parent", &log);
+    parent.setContext(&context);
+    QScopedPointer<Document> gone(new Named("gone", &log));
+    auto *stays = new Named("stays", &log);
+    parent.setChildDocuments({gone.data(), stays});
+    log.take();
+    parent.setChildDocuments({stays});
+    QCOMPARE(log.take(), (QStringList{"parent.children", "gone.context"}));
+    QVERIFY(!gone->parentDocument());
+    QVERIFY(!gone->parent());
+    QVERIFY(!gone->context());
+    QCOMPARE(stays->parent(), &parent);
 }
 
 void tst_Document::removeHandsOverOwnership()
