@@ -7,4 +7,5 @@
 // takes and the name of the picture; pages with the same `section` stand together under it.
 var pages = [
     { name: "documents", title: "Documents", section: "Content", file: "DocumentsPage.qml" },
+    { name: "dropzones", title: "Drop zones", section: "Drag and drop", file: "DropZonesPage.qml" },
 ];

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import ombrel.Controls 1.0
+import "../kit"
+
+Demo {
+    title: "ImageDropHandler"
+    hint: "Takes what this system can read as an image, told by the suffix. Drag all files of the folder: "
+          + "only the pictures come in."
+    stageHeight: 280
+
+    DropPad {
+        id: pad
+        anchors { fill: parent; margins: 18 }
+        invitation: "Drop images here"
+        takes: Array.from(handler.suffixes).join(", ")
+        onHappened: log.note(what)
+        ImageDropHandler { id: handler }
+    }
+
+    editors: [
+        ValueRow { label: "suffixes"; value: Array.from(handler.suffixes).join(", ") },
+        ValueRow { target: pad.zone; property: "containsDrag" },
+        ValueRow { label: "drag.data"; value: pad.countOf(pad.shown) },
+        EventLog { id: log; lines: 5 }
+    ]
+}

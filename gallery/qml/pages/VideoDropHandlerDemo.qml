@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import ombrel.Controls 1.0
+import "../kit"
+
+Demo {
+    title: "VideoDropHandler"
+    hint: "Takes six kinds of video files. A file called just “mp4”, without a dot, counts as one."
+    stageHeight: 280
+
+    DropPad {
+        id: pad
+        anchors { fill: parent; margins: 18 }
+        invitation: "Drop videos here"
+        takes: Array.from(handler.suffixes).join(", ")
+        onHappened: log.note(what)
+        VideoDropHandler { id: handler }
+    }
+
+    editors: [
+        ValueRow { label: "suffixes"; value: Array.from(handler.suffixes).join(", ") },
+        ValueRow { target: pad.zone; property: "containsDrag" },
+        ValueRow { label: "drag.data"; value: pad.countOf(pad.shown) },
+        EventLog { id: log; lines: 5 }
+    ]
+}
