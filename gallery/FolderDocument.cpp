@@ -63,7 +63,7 @@ FolderDocument::FolderDocument(FolderTree *tree, const QFileInfo &file, QObject 
     setDocumentId(m_path);
     setName(file.fileName().isEmpty() ? m_path : file.fileName());
     setUrl(QUrl::fromLocalFile(m_path));
-    setTypes({typeOf(file)});
+    updateType(file);
 }
 
 FolderDocument::~FolderDocument()
@@ -100,10 +100,11 @@ void FolderDocument::refresh()
         auto *document = qobject_cast<FolderDocument *>(child);
         if (!document)
             continue;
-        if (document->standsFor(present.value(document->m_path)))
+        if (document->standsFor(present.value(document->m_path))) {
             kept.insert(document->m_path, document);
-        else
+        } else {
             gone.append(document);
+        }
     }
 
     QList<om::data::Document *> now;
@@ -117,11 +118,21 @@ void FolderDocument::refresh()
         document->deleteLater();
 
     for (FolderDocument *document : qAsConst(kept)) {
-        document->setTypes({typeOf(QFileInfo(document->m_path))});
+        document->updateType(present.value(document->m_path));
         // A folder that was deleted and made anew between two looks is another one on disk.
         if (document->m_loaded && m_tree->watch(document->m_path, document))
             document->refresh();
     }
+}
+
+void FolderDocument::updateType(const QFileInfo &file)
+{
+    // Finding a type may mean reading the file; large folders have many that did not change.
+    if (file.size() == m_typedSize && file.lastModified() == m_typedTime)
+        return;
+    m_typedSize = file.size();
+    m_typedTime = file.lastModified();
+    setTypes({typeOf(file)});
 }
 
 bool FolderDocument::standsFor(const QFileInfo &file) const

@@ -5,6 +5,7 @@
 
 #include <OmbrelDataCore/Document.h>
 
+#include <QDateTime>
 #include <QFileInfo>
 #include <QPointer>
 
@@ -45,12 +46,15 @@ protected:
 private:
     QFileInfoList entries() const;
     bool standsFor(const QFileInfo &file) const;
+    void updateType(const QFileInfo &file);
 
     const QPointer<FolderTree> m_tree;
     const QString m_path;
     const bool m_folder;
     const bool m_link;
     bool m_loaded = false;
+    qint64 m_typedSize = -1;
+    QDateTime m_typedTime;
 };
 
 } // namespace om::gallery
