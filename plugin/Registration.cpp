@@ -8,6 +8,7 @@
 #include "controls/DropZone.h"
 #include "controls/FileDropHandler.h"
 #include "controls/ImageDropHandler.h"
+#include "controls/TreeView.h"
 #include "controls/VideoDropHandler.h"
 
 #include <QtQml>
@@ -18,6 +19,7 @@ namespace om::controls {
 
 void registerPublicTypes(const char *uri)
 {
+    qmlRegisterType<TreeView>(uri, 1, 0, "TreeView");
     qmlRegisterType<DropZone>(uri, 1, 0, "DropZone");
     qmlRegisterType<FileDropHandler>(uri, 1, 0, "FileDropHandler");
     qmlRegisterType<ImageDropHandler>(uri, 1, 0, "ImageDropHandler");

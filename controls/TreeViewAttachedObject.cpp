@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/TreeViewAttachedObject.h"
+
+#include "controls/TreeView.h"
+#include "controls/TreeViewEntry.h"
+
+namespace om::controls {
+
+class TreeViewAttachedObject::Private
+{
+public:
+    explicit Private(TreeViewEntry *rowEntry)
+        : entry(rowEntry)
+    {
+    }
+
+    TreeViewEntry *const entry; ///< The parent: it lives as long as this object.
+};
+
+TreeViewAttachedObject::TreeViewAttachedObject(TreeViewEntry *entry)
+    : QObject(entry)
+    , d(std::make_unique<Private>(entry))
+{
+    connect(entry, &TreeViewEntry::collapsedChanged, this,
+            &TreeViewAttachedObject::collapsedItemChanged);
+    connect(entry, &TreeViewEntry::activeChanged, this, &TreeViewAttachedObject::activeItemChanged);
+}
+
+TreeViewAttachedObject::~TreeViewAttachedObject() = default;
+
+TreeView *TreeViewAttachedObject::view() const
+{
+    return d->entry->view();
+}
+
+bool TreeViewAttachedObject::isCollapsedItem() const
+{
+    return d->entry->isCollapsed();
+}
+
+void TreeViewAttachedObject::setCollapsedItem(bool collapsed)
+{
+    d->entry->setCollapsed(collapsed);
+}
+
+bool TreeViewAttachedObject::isActiveItem() const
+{
+    return d->entry->isActive();
+}
+
+} // namespace om::controls

@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.2
+
+// What holds the rows of a TreeView.
+Item {
+    width: parent ? parent.width : 0
+    height: childrenRect.height
+}
