@@ -8,6 +8,7 @@
 #include "controls/DropZone.h"
 #include "controls/FileDropHandler.h"
 #include "controls/ImageDropHandler.h"
+#include "controls/QRCode.h"
 #include "controls/TreeView.h"
 #include "controls/VideoDropHandler.h"
 
@@ -20,6 +21,7 @@ namespace om::controls {
 void registerPublicTypes(const char *uri)
 {
     qmlRegisterType<TreeView>(uri, 1, 0, "TreeView");
+    qmlRegisterType<QRCode>(uri, 1, 0, "QRCode");
     qmlRegisterType<DropZone>(uri, 1, 0, "DropZone");
     qmlRegisterType<FileDropHandler>(uri, 1, 0, "FileDropHandler");
     qmlRegisterType<ImageDropHandler>(uri, 1, 0, "ImageDropHandler");

@@ -8,4 +8,5 @@
 var pages = [
     { name: "documents", title: "Documents", section: "Content", file: "DocumentsPage.qml" },
     { name: "dropzones", title: "Drop zones", section: "Drag and drop", file: "DropZonesPage.qml" },
+    { name: "qrcodes", title: "QR codes", section: "Visuals", file: "QRCodesPage.qml" },
 ];

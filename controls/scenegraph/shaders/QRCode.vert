@@ -1,0 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+attribute lowp vec4 vertex;
+attribute lowp vec2 texCoord;
+uniform lowp mat4 qt_Matrix;
+varying lowp vec2 tex;
+void main() {
+    gl_Position = qt_Matrix * vertex;
+    tex = texCoord;
+}
