@@ -59,6 +59,7 @@ private Q_SLOTS:
     void oddUrlsFromAnotherProgram();
     void otherFormatsFromAnotherProgram();
     void zoneDestroyedUnderARealDrag();
+    void windowDestroyedUnderARealDrag();
     void dragWithinTheWindow();
 };
 
@@ -439,6 +440,30 @@ void TestFileDrops::zoneDestroyedUnderARealDrag()
         .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
     QCOMPARE(view.root()->property("drops").toInt(), 0);
+}
+
+void TestFileDrops::windowDestroyedUnderARealDrag()
+{
+    support::ForeignProgram source(text("xdnd_source"));
+    QVERIFY2(source.start({text("--at"), text("600,100"), text("--url"), text("file:///a.pdf")}),
+             qPrintable(source.error()));
+    support::QmlView view;
+    view.loadFile(text("data/zones.qml"));
+    view.show();
+    QPointer<QQuickItem> zone(view.item("zone"));
+    const QPoint over = support::positionIn(zone);
+    support::Gesture gesture;
+    gesture.move(source.geometry().center())
+        .press()
+        .glide(source.geometry().center(), over)
+        .hoverUntil(
+            over, [&] { return zone->property("containsDrag").toBool(); }, "the drag")
+        .then([&] { view.close(); })
+        .until([&] { return !zone; }, "the window's end")
+        .move(over + QPoint(3, 3))
+        .release()
+        .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
+    QVERIFY2(gesture.run(), gesture.error());
 }
 
 void TestFileDrops::dragWithinTheWindow()

@@ -1,0 +1,259 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "gallery/FolderTree.h"
+#include "tests/support/ForeignProgram.h"
+#include "tests/support/Gesture.h"
+#include "tests/support/QmlView.h"
+
+#include <QImage>
+#include <QQmlContext>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+QString text(const char *latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+void collect(QQuickItem *item, const QByteArray &type, QList<QQuickItem *> *found)
+{
+    if (QByteArray(item->metaObject()->className()).startsWith(type + "_QML")) {
+        found->append(item);
+    }
+    const auto children = item->childItems();
+    for (QQuickItem *child : children) {
+        collect(child, type, found);
+    }
+}
+
+/// The items below \a item whose type is declared in the file \a type, in their order on the page.
+QList<QQuickItem *> itemsOf(QQuickItem *item, const char *type)
+{
+    QList<QQuickItem *> found;
+    collect(item, type, &found);
+    return found;
+}
+
+/// What is to be read below \a item.
+QStringList textsOn(QQuickItem *item)
+{
+    QStringList texts;
+    const auto children = item->childItems();
+    for (QQuickItem *child : children) {
+        if (child->isVisible()) {
+            texts += textsOn(child);
+            const QString shown = child->property("text").toString();
+            if (!shown.isEmpty()) {
+                texts.append(shown);
+            }
+        }
+    }
+    return texts;
+}
+
+} // namespace
+
+/// The page of drop zones, used by hand: files of its shelf and of another program are dragged into
+/// its zones.
+class TestDropZonesPage : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void shelfHasTheFoldersFiles();
+    void eachZoneTakesItsOwnFromTheShelf_data();
+    void eachZoneTakesItsOwnFromTheShelf();
+    void overAZoneItSaysWhatItWouldTake();
+    void filesFromAnotherProgram();
+    void suffixesThatAreEditedCount();
+
+private:
+    QQuickItem *pad(int index) const { return itemsOf(m_view->root(), "DropPad").value(index); }
+    /// The card at the end of the shelf, which carries all files.
+    QQuickItem *allCard() const;
+    void scrollTo(QQuickItem *item);
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<om::gallery::FolderTree> m_tree;
+    std::unique_ptr<support::QmlView> m_view;
+};
+
+void TestDropZonesPage::initTestCase()
+{
+    QVERIFY(m_folder.isValid());
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QVERIFY(image.save(m_folder.filePath(text("red.png"))));
+    QVERIFY(image.save(m_folder.filePath(text("rot.bmp"))));
+    for (const char *name : {"notes.md", "clip.mp4", "song.ogg"}) {
+        QFile file(m_folder.filePath(text(name)));
+        QVERIFY(file.open(QFile::WriteOnly));
+    }
+    QVERIFY(QDir(m_folder.path()).mkdir(text("inner")));
+}
+
+void TestDropZonesPage::init()
+{
+    m_tree = std::make_unique<om::gallery::FolderTree>(m_folder.path());
+    m_view = std::make_unique<support::QmlView>();
+    m_view->engine()->rootContext()->setContextProperty(text("gallery"), m_tree.get());
+    m_view->window()->setResizeMode(QQuickView::SizeRootObjectToView);
+    m_view->window()->setGeometry(0, 0, 900, 800);
+    m_view->loadFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
+                     + text("/gallery/qml/pages/DropZonesPage.qml"));
+    m_view->show();
+    QCOMPARE(itemsOf(m_view->root(), "DropPad").size(), 5);
+}
+
+void TestDropZonesPage::cleanup()
+{
+    m_view.reset();
+    m_tree.reset();
+}
+
+QQuickItem *TestDropZonesPage::allCard() const
+{
+    const auto tiles = itemsOf(m_view->root(), "FileTile");
+    for (QQuickItem *tile : tiles) {
+        if (tile->parentItem()->property("all").toBool()) {
+            return tile->parentItem();
+        }
+    }
+    return nullptr;
+}
+
+void TestDropZonesPage::scrollTo(QQuickItem *item)
+{
+    // Below the shelf, which stays at the top.
+    QQuickItem *page = m_view->root();
+    const qreal y = item->mapToItem(page, {0, 0}).y() + page->property("contentY").toReal();
+    const qreal last = page->property("contentHeight").toReal() - page->height();
+    page->setProperty("contentY", qBound(0.0, y - 320, last));
+}
+
+void TestDropZonesPage::shelfHasTheFoldersFiles()
+{
+    QQuickItem *shelf = itemsOf(m_view->root(), "FileShelf").value(0);
+    QVERIFY(shelf);
+    const QStringList texts = textsOn(shelf);
+    for (const char *name : {"red.png", "rot.bmp", "notes.md", "clip.mp4", "song.ogg", "All 5"}) {
+        QVERIFY2(texts.contains(text(name)), name);
+    }
+    QVERIFY(!texts.contains(text("inner")));
+}
+
+void TestDropZonesPage::eachZoneTakesItsOwnFromTheShelf_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QString>("said");
+    QTest::newRow("three handlers: images first") << 0 << 2 << text("Got 2 files");
+    QTest::newRow("any file") << 1 << 5 << text("Got 5 files");
+    QTest::newRow("suffixes") << 2 << 1 << text("Got 1 file");
+    QTest::newRow("images") << 3 << 2 << text("Got 2 files");
+    QTest::newRow("videos") << 4 << 1 << text("Got 1 file");
+}
+
+void TestDropZonesPage::eachZoneTakesItsOwnFromTheShelf()
+{
+    QFETCH(int, index);
+    QFETCH(int, count);
+    QFETCH(QString, said);
+    QQuickItem *target = pad(index);
+    scrollTo(target);
+    const QPoint from = support::positionIn(allCard(), 40, 30);
+    const QPoint over = support::positionIn(target);
+    support::Gesture gesture;
+    gesture.move(from)
+        .press()
+        .glide(from, over)
+        .hoverUntil(
+            over, [&] { return target->property("over").toBool(); }, "the drag")
+        .release()
+        .until([&] { return !target->property("over").toBool(); }, "the drop");
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(target->property("got").toList().size(), count);
+    QVERIFY2(textsOn(target).contains(said), qPrintable(textsOn(target).join(QLatin1Char('|'))));
+}
+
+void TestDropZonesPage::overAZoneItSaysWhatItWouldTake()
+{
+    QQuickItem *target = pad(0);
+    const QPoint from = support::positionIn(allCard(), 40, 30);
+    const QPoint over = support::positionIn(target);
+    QStringList during;
+    support::Gesture gesture;
+    gesture.move(from)
+        .press()
+        .glide(from, over)
+        .hoverUntil(
+            over, [&] { return target->property("over").toBool(); }, "the drag")
+        .then([&] { during = textsOn(target); })
+        .glide(over, from)
+        .hoverUntil(
+            from, [&] { return !target->property("over").toBool(); }, "the leave")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QVERIFY(during.contains(text("Would take 2 files")));
+    QVERIFY(during.contains(text("red.png")));
+    QVERIFY(!during.contains(text("notes.md")));
+    QVERIFY(textsOn(target).contains(text("Drop files here")));
+}
+
+void TestDropZonesPage::filesFromAnotherProgram()
+{
+    support::ForeignProgram source(text("xdnd_source"));
+    QStringList arguments = {text("--at"),  text("1000,100"),
+                             text("--url"), text("file:///%zz.dat"),
+                             text("--url"), text("file:///")};
+    for (int i = 0; i < 300; ++i) {
+        arguments << text("--url") << QStringLiteral("file:///many/%1.dat").arg(i);
+    }
+    QVERIFY2(source.start(arguments), qPrintable(source.error()));
+    QQuickItem *target = pad(1);
+    scrollTo(target);
+    const QPoint over = support::positionIn(target);
+    support::Gesture gesture;
+    gesture.move(source.geometry().center())
+        .press()
+        .glide(source.geometry().center(), over)
+        .hoverUntil(
+            over, [&] { return target->property("over").toBool(); }, "the drag")
+        .release()
+        .until([&] { return source.count(text("result")) > 0; }, "the drop");
+    QVERIFY2(gesture.run(), gesture.error());
+    QVERIFY(textsOn(target).contains(text("Got 302 files")));
+}
+
+void TestDropZonesPage::suffixesThatAreEditedCount()
+{
+    QQuickItem *target = pad(2);
+    QObject *handler = support::evaluate(target, text("zone.dropHandlers[0]")).value<QObject *>();
+    QVERIFY(handler);
+    handler->setProperty("suffixes", QStringList{text("ogg"), text("MD")});
+    scrollTo(target);
+    QVERIFY(textsOn(target).contains(text("ogg, MD")));
+    const QPoint from = support::positionIn(allCard(), 40, 30);
+    const QPoint over = support::positionIn(target);
+    support::Gesture gesture;
+    gesture.move(from)
+        .press()
+        .glide(from, over)
+        .hoverUntil(
+            over, [&] { return target->property("over").toBool(); }, "the drag")
+        .release()
+        .until([&] { return !target->property("over").toBool(); }, "the drop");
+    QVERIFY2(gesture.run(), gesture.error());
+    QVERIFY(textsOn(target).contains(text("song.ogg")));
+    QVERIFY(!textsOn(target).contains(text("notes.md")));
+}
+
+QTEST_MAIN(TestDropZonesPage)
+#include "tst_dropzonespage.moc"
