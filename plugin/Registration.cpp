@@ -3,6 +3,11 @@
 
 #include "plugin/Registration.h"
 
+#include "controls/DocumentDropHandler.h"
+#include "controls/DragArea.h"
+#include "controls/DragZone.h"
+#include "controls/Draggable.h"
+#include "controls/DraggableDropHandler.h"
 #include "controls/DropData.h"
 #include "controls/DropHandler.h"
 #include "controls/DropZone.h"
@@ -20,12 +25,17 @@ namespace om::controls {
 
 void registerPublicTypes(const char *uri)
 {
+    qmlRegisterType<DragArea>(uri, 1, 0, "DragArea");
     qmlRegisterType<TreeView>(uri, 1, 0, "TreeView");
     qmlRegisterType<QRCode>(uri, 1, 0, "QRCode");
     qmlRegisterType<DropZone>(uri, 1, 0, "DropZone");
     qmlRegisterType<FileDropHandler>(uri, 1, 0, "FileDropHandler");
     qmlRegisterType<ImageDropHandler>(uri, 1, 0, "ImageDropHandler");
     qmlRegisterType<VideoDropHandler>(uri, 1, 0, "VideoDropHandler");
+    qmlRegisterType<DragZone>(uri, 1, 0, "DragZone");
+    qmlRegisterType<Draggable>(uri, 1, 0, "Draggable");
+    qmlRegisterType<DraggableDropHandler>(uri, 1, 0, "DraggableDropHandler");
+    qmlRegisterType<DocumentDropHandler>(uri, 1, 0, "DocumentDropHandler");
     qmlRegisterUncreatableType<DropHandler>(uri, 1, 0, "DropHandler", "DropHandler is abstract");
     qmlRegisterUncreatableType<DropData>(uri, 1, 0, "DropData", "DropData cannot be created");
 }

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <OmbrelDataCore/Document.h>
+
+#include <QHash>
+#include <QList>
+#include <QMetaObject>
+#include <QPointF>
+#include <QPointer>
+#include <QQmlComponent>
+#include <QQmlIncubator>
+#include <QQmlListProperty>
+#include <QQuickItem>
+
+#include <memory>
+
+class QDrag;
+class QMouseEvent;
+class QQuickWindow;
+
+namespace om::controls {
+
+class DragVisual;
+
+/// What the two document sources share: the gesture, the documents, the payload, the visual that
+/// follows the cursor, the filter on the window. Each source has one and hands its events to it;
+/// what it does differently is in its Differences and in the functions below that it implements.
+///
+/// The gesture has three states:
+///
+///     Idle      -> Pressed    a press with exactly the left button held (from any state)
+///     Pressed   -> Idle       a release; a move without documents; a move while another item
+///                             keeps the mouse grab (only where the source yields to it)
+///     Pressed   -> Dragging   a move of a Manhattan length of 4 or more, start()
+///     Dragging  -> Idle       finish(): a release, or what ends the drag in its place
+class DocumentDragSource
+{
+public:
+    enum State {
+        Idle = 0,
+        Pressed = 1,
+        Dragging = 2
+    };
+
+    /// Where the sources deliberately differ.
+    struct Differences
+    {
+        /// A move gives the gesture up while another item keeps the mouse grab.
+        bool yieldsToKeptGrab = false;
+        /// The arrow is the drag's cursor for each action.
+        bool setsCursors = false;
+        /// The drag is over as soon as the platform's drag loop is, without waiting for a release.
+        bool endsWithLoop = false;
+    };
+
+    DocumentDragSource(QQuickItem *source, const Differences &differences);
+    virtual ~DocumentDragSource();
+
+    bool isDragging() const { return m_state == Dragging; }
+    const QList<om::data::Document *> &documents() const { return m_documents; }
+    void setDocuments(const QList<om::data::Document *> &documents);
+    QQmlListProperty<om::data::Document> documentList();
+    QQmlComponent *delegate() const { return m_delegate; }
+    void setDelegate(QQmlComponent *delegate);
+
+    /// An event for a child of the source; never consumed. The source may be gone afterwards.
+    void filterChildEvent(QQuickItem *child, const QEvent *event);
+    /// An event for the window, while a drag runs; never consumed.
+    void filterWindowEvent(const QEvent *event);
+    /// Takes over the visual that the incubator makes.
+    void adoptVisual(QObject *object);
+
+protected:
+    virtual void announceActive(bool active) = 0;
+    virtual void announceDocuments() = 0;
+    virtual void announceDelegate(QQmlComponent *delegate) = 0;
+    virtual std::unique_ptr<QQmlIncubator> createIncubator() = 0;
+    /// The attached state of \a visual, made when it is first asked for.
+    virtual DragVisual *visualState(QObject *visual) const = 0;
+    /// Calls deleteLater() on \a visual when its delayRemove changes.
+    virtual void deleteWhenReleased(QQuickItem *visual) = 0;
+    /// A release has come while the drag runs.
+    virtual void releasedWhileDragging() { }
+
+    QQuickItem *const source;
+
+private:
+    void press(QQuickItem *child, const QMouseEvent *event);
+    void move(const QMouseEvent *event);
+    void start();
+    void runDrag();
+    void release();
+    void finish();
+    bool canBeReleased() const;
+
+    void watchWindow(QQuickWindow *window);
+    void createVisual();
+    void moveVisual(const QPointF &position);
+    void abandonIncubation();
+    void removeVisual();
+
+    void append(om::data::Document *document);
+    void clear();
+    void watchDocument(om::data::Document *document);
+    void forgetDocument(om::data::Document *document);
+
+    const Differences m_differences;
+    State m_state = Idle;
+    QPointF m_pressPosition;
+    QPointer<QQuickItem> m_pressedChild;
+    QList<om::data::Document *> m_documents;
+    /// One connection a document, however often it is listed.
+    QHash<om::data::Document *, QMetaObject::Connection> m_watches;
+    QPointer<QQmlComponent> m_delegate;
+    /// The drag whose loop is running.
+    QPointer<QDrag> m_drag;
+    /// Where the filter sits, which need not be the source's window any more.
+    QPointer<QQuickWindow> m_watchedWindow;
+    std::unique_ptr<QQmlIncubator> m_incubator;
+    QPointer<QQuickItem> m_visual;
+};
+
+} // namespace om::controls
