@@ -12,7 +12,11 @@
 #include "controls/DropHandler.h"
 #include "controls/DropZone.h"
 #include "controls/FileDropHandler.h"
+#include "controls/FpsCounter.h"
+#include "controls/HoverArea.h"
 #include "controls/ImageDropHandler.h"
+#include "controls/KeyEventSource.h"
+#include "controls/PropertyEditor.h"
 #include "controls/QRCode.h"
 #include "controls/TreeView.h"
 #include "controls/VideoDropHandler.h"
@@ -25,9 +29,11 @@ namespace om::controls {
 
 void registerPublicTypes(const char *uri)
 {
+    qmlRegisterType<HoverArea>(uri, 1, 0, "HoverArea");
     qmlRegisterType<DragArea>(uri, 1, 0, "DragArea");
     qmlRegisterType<TreeView>(uri, 1, 0, "TreeView");
     qmlRegisterType<QRCode>(uri, 1, 0, "QRCode");
+    qmlRegisterType<PropertyEditor>(uri, 1, 0, "PropertyEditor");
     qmlRegisterType<DropZone>(uri, 1, 0, "DropZone");
     qmlRegisterType<FileDropHandler>(uri, 1, 0, "FileDropHandler");
     qmlRegisterType<ImageDropHandler>(uri, 1, 0, "ImageDropHandler");
@@ -36,6 +42,8 @@ void registerPublicTypes(const char *uri)
     qmlRegisterType<Draggable>(uri, 1, 0, "Draggable");
     qmlRegisterType<DraggableDropHandler>(uri, 1, 0, "DraggableDropHandler");
     qmlRegisterType<DocumentDropHandler>(uri, 1, 0, "DocumentDropHandler");
+    qmlRegisterType<FpsCounter>(uri, 1, 0, "FpsCounter");
+    qmlRegisterType<KeyEventSource>(uri, 1, 0, "KeyEventSource");
     qmlRegisterUncreatableType<DropHandler>(uri, 1, 0, "DropHandler", "DropHandler is abstract");
     qmlRegisterUncreatableType<DropData>(uri, 1, 0, "DropData", "DropData cannot be created");
 }

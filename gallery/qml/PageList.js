@@ -9,4 +9,5 @@ var pages = [
     { name: "documents", title: "Documents", section: "Content", file: "DocumentsPage.qml" },
     { name: "dropzones", title: "Drop zones", section: "Drag and drop", file: "DropZonesPage.qml" },
     { name: "qrcodes", title: "QR codes", section: "Visuals", file: "QRCodesPage.qml" },
+    { name: "input", title: "Input helpers", section: "Input", file: "InputPage.qml" },
 ];

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import ombrel.Controls 1.0
+import "../kit"
+
+Demo {
+    id: demo
+
+    title: "FpsCounter"
+    hint: "Switch the animation on and wait for 60 frames. Switch it off: the window rests, and the "
+          + "counter does not wake it."
+    stageHeight: 200
+
+    FpsCounter {
+        id: counter
+        onCurrentFpsChanged: log.note("currentFpsChanged: " + currentFps)
+    }
+    Column {
+        anchors.centerIn: parent
+        spacing: 18
+        Row {
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: 10
+            Label {
+                id: rate
+                text: counter.currentFps
+                font.pixelSize: 48
+                font.weight: Font.Light
+            }
+            Label {
+                anchors.baseline: rate.baseline
+                text: "frames per second"
+                color: Theme.softText
+            }
+        }
+        Rectangle {
+            width: 280
+            height: 8
+            radius: 4
+            color: Theme.line
+            Rectangle {
+                width: 40
+                height: 8
+                radius: 4
+                color: Theme.accent
+                SequentialAnimation on x {
+                    running: animated.value
+                    loops: Animation.Infinite
+                    NumberAnimation { to: 240; duration: 900; easing.type: Easing.InOutSine }
+                    NumberAnimation { to: 0; duration: 900; easing.type: Easing.InOutSine }
+                }
+            }
+        }
+    }
+
+    editors: [
+        BoolEditor { id: animated; label: "animation"; value: false; onEdited: value = newValue },
+        ValueRow { target: counter; property: "currentFps" },
+        EventLog { id: log; lines: 5 }
+    ]
+}

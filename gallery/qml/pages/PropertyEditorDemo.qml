@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import ombrel.Controls 1.0
+import ombrel.data.Core 1.0
+import "../kit"
+
+Demo {
+    id: demo
+
+    readonly property Document shown: gallery.folder.children.length > 0 ? gallery.folder.children[0]
+                                                                         : gallery.folder
+
+    title: "PropertyEditor"
+    hint: "Click the text and type. Return and Tab write it to the document, Escape and a press elsewhere "
+          + "give up."
+    stageHeight: 300
+
+    Column {
+        anchors.centerIn: parent
+        width: parent.width - 80
+        spacing: 14
+
+        Rectangle {
+            width: parent.width
+            height: 44
+            radius: Theme.radius
+            color: Theme.panel
+            border.width: editor.editing ? 2 : 1
+            border.color: editor.editing ? Theme.focus : Theme.strongLine
+
+            PropertyEditor {
+                id: editor
+
+                property bool editing: false
+
+                function commit() {
+                    if (document)
+                        document[property] = field.text;
+                    focus = false;
+                }
+
+                anchors.fill: parent
+                document: demo.shown
+                property: "name"
+                onBeginEdit: {
+                    editing = true;
+                    field.text = document && document[property] !== undefined ? document[property] : "";
+                    field.forceActiveFocus();
+                    field.selectAll();
+                    log.note("beginEdit");
+                }
+                onEndEdit: { editing = false; log.note("endEdit"); }
+                onEnterPressed: { log.note("enterPressed"); commit(); }
+                onTabPressed: { log.note("tabPressed"); commit(); }
+                onBackTabPressed: { log.note("backTabPressed"); commit(); }
+                onEscapePressed: { log.note("escapePressed"); focus = false; }
+                onSpacePressed: log.note("spacePressed")
+
+                Label {
+                    anchors { fill: parent; leftMargin: 14; rightMargin: 14 }
+                    verticalAlignment: Text.AlignVCenter
+                    visible: !editor.editing
+                    text: editor.document && editor.document[editor.property] !== undefined
+                          ? editor.document[editor.property] : ""
+                }
+                TextInput {
+                    id: field
+                    anchors { fill: parent; leftMargin: 14; rightMargin: 14 }
+                    verticalAlignment: TextInput.AlignVCenter
+                    focus: true
+                    opacity: editor.editing ? 1 : 0
+                    clip: true
+                    selectByMouse: true
+                    color: Theme.text
+                    selectionColor: Theme.positive
+                    font.family: Theme.family
+                    font.pixelSize: Theme.normal
+                }
+                MouseArea {
+                    anchors.fill: parent
+                    enabled: !editor.editing
+                    cursorShape: Qt.IBeamCursor
+                    onClicked: editor.forceActiveFocus()
+                }
+            }
+        }
+        Label {
+            text: editor.editing ? "editing" : "idle"
+            color: editor.editing ? Theme.accentText : Theme.faintText
+            font.pixelSize: Theme.small
+        }
+        TextEdit {
+            id: paragraphs
+            width: parent.width
+            readOnly: true
+            textFormat: TextEdit.RichText
+            text: "<p style='margin:0'>Three paragraphs</p><p style='margin:0'>whose lines stand</p>"
+                  + "<p style='margin:0'>as far apart as you like</p>"
+            color: Theme.softText
+            font.family: Theme.family
+            font.pixelSize: Theme.normal
+        }
+    }
+
+    editors: [
+        TextEditor { target: editor; property: "property" },
+        ValueRow { label: "document"; value: editor.document ? editor.document.name : "none" },
+        ValueRow { label: "editing"; value: editor.editing },
+        NumberEditor {
+            label: "setLineHeight(…)"
+            value: 1
+            from: 0.5
+            to: 3
+            stepSize: 0.05
+            decimals: 2
+            onEdited: {
+                value = newValue;
+                editor.setLineHeight(paragraphs.textDocument, newValue);
+            }
+        },
+        EventLog { id: log }
+    ]
+}
