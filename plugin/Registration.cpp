@@ -3,6 +3,7 @@
 
 #include "plugin/Registration.h"
 
+#include "controls/DialogItem.h"
 #include "controls/DocumentDropHandler.h"
 #include "controls/DragArea.h"
 #include "controls/DragZone.h"
@@ -16,6 +17,8 @@
 #include "controls/HoverArea.h"
 #include "controls/ImageDropHandler.h"
 #include "controls/KeyEventSource.h"
+#include "controls/Popup.h"
+#include "controls/PopupAnchorItem.h"
 #include "controls/PropertyEditor.h"
 #include "controls/QRCode.h"
 #include "controls/TreeView.h"
@@ -29,6 +32,9 @@ namespace om::controls {
 
 void registerPublicTypes(const char *uri)
 {
+    qmlRegisterType<Popup>(uri, 1, 0, "Popup");
+    qmlRegisterType<DialogItem>(uri, 1, 0, "DialogItem");
+    qmlRegisterType<PopupAnchorItem>(uri, 1, 0, "PopupAnchorItem");
     qmlRegisterType<HoverArea>(uri, 1, 0, "HoverArea");
     qmlRegisterType<DragArea>(uri, 1, 0, "DragArea");
     qmlRegisterType<TreeView>(uri, 1, 0, "TreeView");

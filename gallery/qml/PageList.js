@@ -8,6 +8,8 @@
 var pages = [
     { name: "documents", title: "Documents", section: "Content", file: "DocumentsPage.qml" },
     { name: "dropzones", title: "Drop zones", section: "Drag and drop", file: "DropZonesPage.qml" },
+    { name: "popups", title: "Popups", section: "Overlays", file: "PopupsPage.qml" },
+    { name: "dialogs", title: "Dialogs", section: "Overlays", file: "DialogsPage.qml" },
     { name: "qrcodes", title: "QR codes", section: "Visuals", file: "QRCodesPage.qml" },
     { name: "input", title: "Input helpers", section: "Input", file: "InputPage.qml" },
 ];

@@ -1,0 +1,754 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/Leftovers.h"
+#include "tests/support/QmlView.h"
+#include "tests/support/SignalRecorder.h"
+
+#include <QMetaEnum>
+#include <QPointer>
+#include <QQmlComponent>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSignalSpy>
+#include <QTest>
+
+using support::evaluate;
+using support::QmlView;
+using support::SignalRecorder;
+
+/// DialogItem: where it goes, what it disables, and that it gives everything back.
+class TestDialogItem : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void defaults();
+    void changesNotifyOnce_data();
+    void changesNotifyOnce();
+    void typesAreFlags();
+    void signalsInTheirOrder();
+    void movesToTheContentItem();
+    void neverEmitsWindowChanged();
+    void windowlessDialogsStayWhereTheyAre();
+
+    void orderOfShowing();
+    void orderOfAccepting();
+    void orderOfRejecting();
+    void acceptWithoutResult();
+    void modalDisablesItsSiblings();
+    void nonModalDisablesNothing();
+    void restoresWhenModalWasTurnedOff();
+    void nothingIsTakenWhenModalIsTurnedOn();
+    void showingAgainOnlyFocuses();
+    void closingAgainOnlySaysSo();
+    void laterDialogsLieHigher();
+    void theCounterIsProcessWide();
+    void stackedModalDialogs();
+    void modalKeepsPressesAway();
+    void takesTheFocus();
+    void opensBeforeItHasMoved();
+
+    void siblingDestroyedWhileOpen();
+    void destroyedWhileOpen();
+    void destroyedInsideASignal_data();
+    void destroyedInsideASignal();
+    void destroyedByItsLoader_data();
+    void destroyedByItsLoader();
+    void destroyedWithItsWindow();
+    void movedToAnotherWindowWhileOpen();
+    void showInOnRejected();
+    void rejectedInOnOpenChanged();
+    void shownInOnOpenChanged();
+    void closedWhileDisablingSiblings();
+    void reopenedWhileEnablingSiblings();
+    void aThousandOpensAndCloses();
+
+private:
+    /// The z of a dialog opened now says how many are open.
+    int openDialogs();
+};
+
+namespace {
+
+/// data/dialogs.qml in its window.
+struct Dialogs
+{
+    Dialogs()
+    {
+        QQmlComponent component(
+            &engine, QUrl::fromLocalFile(QFINDTESTDATA(QStringLiteral("data/dialogs.qml"))));
+        window.reset(qobject_cast<QQuickWindow *>(component.create()));
+        if (!window) {
+            qFatal("%s", qPrintable(component.errorString()));
+        }
+        window->setPosition(100, 100);
+        window->show();
+        window->requestActivate();
+        if (!QTest::qWaitForWindowActive(window.data())) {
+            qFatal("The window is not shown");
+        }
+        dialog = window->findChild<QQuickItem *>(QStringLiteral("dialog"));
+        second = window->findChild<QQuickItem *>(QStringLiteral("second"));
+        if (!QTest::qWaitFor([this] { return dialog->parentItem() == window->contentItem(); })) {
+            qFatal("The dialog stays where it was declared");
+        }
+    }
+
+    QVariant run(const QString &expression) { return evaluate(window.data(), expression); }
+    QQuickItem *item(const char *name) const
+    {
+        return window->findChild<QQuickItem *>(QString::fromLatin1(name));
+    }
+    QString takeLog()
+    {
+        return run(QStringLiteral("log.splice(0, log.length).join(', ')")).toString();
+    }
+
+    QQmlEngine engine;
+    QScopedPointer<QQuickWindow> window;
+    QPointer<QQuickItem> dialog;
+    QPointer<QQuickItem> second;
+};
+
+void press(QWindow *window, const QPoint &point)
+{
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, point);
+}
+
+} // namespace
+
+int TestDialogItem::openDialogs()
+{
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    component.setData("import ombrel.Controls 1.0; DialogItem {}", QUrl());
+    const QScopedPointer<QObject> probe(component.create());
+    QMetaObject::invokeMethod(probe.data(), "show");
+    const int count = int(probe->property("z").toReal()) - 65535;
+    QMetaObject::invokeMethod(probe.data(), "reject");
+    return count;
+}
+
+void TestDialogItem::cleanup()
+{
+    QCOMPARE(openDialogs(), 0);
+    QCOMPARE(support::leftovers(), QString());
+}
+
+void TestDialogItem::defaults()
+{
+    QmlView view;
+    view.load("DialogItem {}");
+    QQuickItem *dialog = view.root();
+    QCOMPARE(dialog->property("type").toInt(), 0);
+    QCOMPARE(dialog->property("open"), QVariant(false));
+    QCOMPARE(dialog->property("modal"), QVariant(true));
+    QCOMPARE(dialog->z(), 65535.0);
+    QVERIFY(!dialog->isEnabled());
+    QVERIFY(dialog->isFocusScope());
+    QVERIFY(dialog->isVisible());
+    QVERIFY(!dialog->metaObject()
+                 ->property(dialog->metaObject()->indexOfProperty("open"))
+                 .isWritable());
+}
+
+void TestDialogItem::changesNotifyOnce_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<QVariant>("value");
+    QTest::newRow("type") << QByteArray("type") << QVariant(2);
+    QTest::newRow("modal") << QByteArray("modal") << QVariant(false);
+}
+
+void TestDialogItem::changesNotifyOnce()
+{
+    QFETCH(QByteArray, property);
+    QFETCH(QVariant, value);
+    QmlView view;
+    view.load("DialogItem {}");
+    const QVariant before = view.root()->property(property);
+    SignalRecorder recorder;
+    recorder.watch(view.root(), QStringLiteral("dialog"));
+    const QString entry = QStringLiteral("dialog.%1Changed").arg(QString::fromLatin1(property));
+    QVERIFY(view.root()->setProperty(property, value));
+    QCOMPARE(view.root()->property(property).toInt(), value.toInt());
+    QCOMPARE(recorder.take(), QStringList{entry});
+    QVERIFY(view.root()->setProperty(property, value));
+    QCOMPARE(recorder.take(), QStringList());
+    QVERIFY(view.root()->setProperty(property, before));
+    QCOMPARE(recorder.take(), QStringList{entry});
+}
+
+void TestDialogItem::typesAreFlags()
+{
+    QmlView view;
+    view.load("DialogItem { id: root\n"
+              "type: (DialogItem.TypeWarning | DialogItem.TypeError)\n"
+              "property var values: [DialogItem.TypeNormal, DialogItem.TypeWarning,\n"
+              "DialogItem.TypeError, DialogItem.TypeOk] }");
+    QCOMPARE(view.root()->property("type").toInt(), 3);
+    QCOMPARE(evaluate(view.root(), QStringLiteral("values.join()")).toString(),
+             QStringLiteral("0,1,2,4"));
+    const QMetaObject *meta = view.root()->metaObject();
+    const QMetaProperty type = meta->property(meta->indexOfProperty("type"));
+    QVERIFY(type.isFlagType());
+    QCOMPARE(QByteArray(type.enumerator().name()), QByteArray("DialogTypes"));
+    evaluate(view.root(), QStringLiteral("root.type = DialogItem.TypeOk"));
+    QCOMPARE(view.root()->property("type").toInt(), 4);
+}
+
+void TestDialogItem::signalsInTheirOrder()
+{
+    QmlView view;
+    view.load("DialogItem {}");
+    const QMetaObject *meta = view.root()->metaObject();
+    while (QByteArray(meta->className()) != "om::controls::DialogItem") {
+        meta = meta->superClass();
+    }
+    QStringList names;
+    for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
+        if (meta->method(i).methodType() == QMetaMethod::Signal) {
+            names.append(QString::fromLatin1(meta->method(i).methodSignature()));
+        }
+    }
+    QCOMPARE(names.join(QLatin1Char(' ')),
+             QStringLiteral("opened() accepted(QVariant) rejected() typeChanged() openChanged() "
+                            "modalChanged()"));
+}
+
+void TestDialogItem::movesToTheContentItem()
+{
+    Dialogs dialogs;
+    QCOMPARE(dialogs.dialog->parentItem(), dialogs.window->contentItem());
+
+    QmlView view;
+    view.load("Item { width: 100; height: 100; Item { DialogItem { objectName: 'dialog' } } }");
+    QQuickItem *dialog = view.item<>("dialog");
+    QQuickItem *declared = dialog->parentItem();
+    QVERIFY(declared != view.window()->contentItem());
+    // Not within the change of the tree, but one turn of the event loop later.
+    QCoreApplication::sendPostedEvents(dialog, QEvent::MetaCall);
+    QCOMPARE(dialog->parentItem(), view.window()->contentItem());
+}
+
+void TestDialogItem::neverEmitsWindowChanged()
+{
+    QmlView view;
+    view.load("Item { DialogItem { objectName: 'dialog' } }");
+    QQuickItem *dialog = view.item<>("dialog");
+    QQuickWindow window;
+    QSignalSpy windowChanged(dialog, &QQuickItem::windowChanged);
+    dialog->setParentItem(window.contentItem());
+    QCOMPARE(dialog->window(), &window);
+    QCOMPARE(windowChanged.count(), 0);
+    dialog->setParentItem(view.root());
+}
+
+void TestDialogItem::windowlessDialogsStayWhereTheyAre()
+{
+    QQuickItem root;
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    component.setData("import ombrel.Controls 1.0; DialogItem {}", QUrl());
+    const QScopedPointer<QQuickItem> dialog(qobject_cast<QQuickItem *>(component.create()));
+    dialog->setParentItem(&root);
+    QVERIFY(QMetaObject::invokeMethod(dialog.data(), "reparent"));
+    QCOMPARE(dialog->parentItem(), &root);
+    QQuickItem sibling(&root);
+    QMetaObject::invokeMethod(dialog.data(), "show");
+    QVERIFY(dialog->isEnabled());
+    QVERIFY(!sibling.isEnabled());
+    QMetaObject::invokeMethod(dialog.data(), "reject");
+    QVERIFY(sibling.isEnabled());
+    dialog->setParentItem(nullptr);
+    QMetaObject::invokeMethod(dialog.data(), "show");
+    QCOMPARE(dialog->property("open"), QVariant(true));
+    QMetaObject::invokeMethod(dialog.data(), "reject");
+}
+
+void TestDialogItem::orderOfShowing()
+{
+    Dialogs dialogs;
+    SignalRecorder recorder;
+    QQuickItem *first = dialogs.item("first");
+    const auto probe = [&dialogs, first] {
+        return QStringLiteral("%1 %2 %3")
+            .arg(dialogs.dialog->hasActiveFocus() ? "focus" : "-")
+            .arg(first->isEnabled() ? "free" : "blocked")
+            .arg(dialogs.dialog->property("open").toBool() ? "open" : "closed");
+    };
+    recorder.watch(dialogs.dialog, QStringLiteral("dialog"),
+                   {QStringLiteral("enabledChanged"), QStringLiteral("activeFocusChanged"),
+                    QStringLiteral("openChanged"), QStringLiteral("opened"),
+                    QStringLiteral("accepted"), QStringLiteral("rejected")},
+                   probe);
+    dialogs.run(QStringLiteral("dialog.show()"));
+    QCOMPARE(recorder.take(),
+             (QStringList{QStringLiteral("dialog.enabledChanged [- free closed]"),
+                          QStringLiteral("dialog.activeFocusChanged [focus free closed]"),
+                          QStringLiteral("dialog.openChanged [focus free open]"),
+                          QStringLiteral("dialog.opened [focus blocked open]")}));
+    dialogs.run(QStringLiteral("dialog.reject()"));
+}
+
+void TestDialogItem::orderOfAccepting()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.show()"));
+    QQuickItem *first = dialogs.item("first");
+    SignalRecorder recorder;
+    recorder.watch(dialogs.dialog, QStringLiteral("dialog"),
+                   {QStringLiteral("enabledChanged"), QStringLiteral("openChanged"),
+                    QStringLiteral("accepted"), QStringLiteral("rejected")},
+                   [first] { return first->isEnabled() ? "free" : "blocked"; });
+    dialogs.run(QStringLiteral("dialog.accept('saved')"));
+    QCOMPARE(recorder.entries(),
+             (QStringList{QStringLiteral("dialog.enabledChanged [blocked]"),
+                          QStringLiteral("dialog.openChanged [blocked]"),
+                          QStringLiteral("dialog.accepted [free]")}));
+    QCOMPARE(recorder.arguments(2), QVariantList{QStringLiteral("saved")});
+}
+
+void TestDialogItem::orderOfRejecting()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.show()"));
+    SignalRecorder recorder;
+    recorder.watch(dialogs.dialog, QStringLiteral("dialog"),
+                   {QStringLiteral("enabledChanged"), QStringLiteral("openChanged"),
+                    QStringLiteral("accepted"), QStringLiteral("rejected")});
+    dialogs.run(QStringLiteral("dialog.reject()"));
+    QCOMPARE(
+        recorder.take(),
+        (QStringList{QStringLiteral("dialog.enabledChanged"), QStringLiteral("dialog.openChanged"),
+                     QStringLiteral("dialog.rejected")}));
+}
+
+void TestDialogItem::acceptWithoutResult()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.accepted.connect(function(result) { log.push(typeof result) "
+                               "}); dialog.show(); log = []; dialog.accept()"));
+    QVERIFY(dialogs.takeLog().endsWith(QStringLiteral("undefined")));
+}
+
+void TestDialogItem::modalDisablesItsSiblings()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.show()"));
+    QCOMPARE(dialogs.takeLog(), QStringLiteral("dialog true, first false, last false"));
+    dialogs.run(QStringLiteral("dialog.accept()"));
+    QCOMPARE(dialogs.takeLog(), QStringLiteral("dialog false, first true, last true"));
+    QVERIFY(!dialogs.item("already")->isEnabled());
+    QVERIFY(!dialogs.second->isEnabled());
+}
+
+void TestDialogItem::nonModalDisablesNothing()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.modal = false; dialog.show()"));
+    QCOMPARE(dialogs.takeLog(), QStringLiteral("dialog true"));
+    press(dialogs.window.data(), QPoint(200, 200));
+    QCOMPARE(dialogs.window->property("pressedBelow"), QVariant(1));
+    dialogs.run(QStringLiteral("dialog.accept()"));
+    QCOMPARE(dialogs.takeLog(), QStringLiteral("dialog false"));
+    QCOMPARE(openDialogs(), 0);
+}
+
+void TestDialogItem::restoresWhenModalWasTurnedOff()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.show(); log = []; dialog.modal = false"));
+    QCOMPARE(dialogs.takeLog(), QString());
+    dialogs.run(QStringLiteral("dialog.reject()"));
+    QCOMPARE(dialogs.takeLog(), QStringLiteral("dialog false, first true, last true"));
+}
+
+void TestDialogItem::nothingIsTakenWhenModalIsTurnedOn()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.modal = false; dialog.show(); dialog.modal = true"));
+    QVERIFY(dialogs.item("first")->isEnabled());
+    dialogs.run(QStringLiteral("dialog.reject()"));
+    QCOMPARE(dialogs.takeLog(), QStringLiteral("dialog true, dialog false"));
+}
+
+void TestDialogItem::showingAgainOnlyFocuses()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.show()"));
+    dialogs.takeLog();
+    const qreal z = dialogs.dialog->z();
+    dialogs.item("first")->setEnabled(true);
+    dialogs.item("first")->forceActiveFocus();
+    QVERIFY(!dialogs.dialog->hasActiveFocus());
+    dialogs.takeLog();
+    SignalRecorder recorder;
+    recorder.watch(
+        dialogs.dialog, QStringLiteral("dialog"),
+        {QStringLiteral("openChanged"), QStringLiteral("opened"), QStringLiteral("zChanged")});
+    dialogs.run(QStringLiteral("dialog.show()"));
+    QCOMPARE(recorder.take(), QStringList{QStringLiteral("dialog.opened")});
+    QVERIFY(dialogs.dialog->hasActiveFocus());
+    QVERIFY(dialogs.item("first")->isEnabled());
+    QCOMPARE(dialogs.dialog->z(), z);
+    QCOMPARE(openDialogs(), 1);
+    dialogs.run(QStringLiteral("dialog.reject()"));
+}
+
+void TestDialogItem::closingAgainOnlySaysSo()
+{
+    Dialogs dialogs;
+    SignalRecorder recorder;
+    recorder.watch(
+        dialogs.dialog, QStringLiteral("dialog"),
+        {QStringLiteral("openChanged"), QStringLiteral("accepted"), QStringLiteral("rejected")});
+    dialogs.dialog->setEnabled(true);
+    dialogs.run(QStringLiteral("dialog.accept(1)"));
+    QVERIFY(!dialogs.dialog->isEnabled());
+    dialogs.dialog->setEnabled(true);
+    dialogs.run(QStringLiteral("dialog.reject()"));
+    QVERIFY(!dialogs.dialog->isEnabled());
+    QCOMPARE(recorder.take(),
+             (QStringList{QStringLiteral("dialog.accepted"), QStringLiteral("dialog.rejected")}));
+    QCOMPARE(openDialogs(), 0);
+}
+
+void TestDialogItem::laterDialogsLieHigher()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.show(); second.show()"));
+    QCOMPARE(dialogs.dialog->z(), 65535.0);
+    QCOMPARE(dialogs.second->z(), 65536.0);
+    dialogs.run(QStringLiteral("second.accept(); dialog.accept(); second.show()"));
+    QCOMPARE(dialogs.second->z(), 65535.0);
+    dialogs.run(QStringLiteral("second.reject()"));
+}
+
+void TestDialogItem::theCounterIsProcessWide()
+{
+    Dialogs here;
+    Dialogs there;
+    here.run(QStringLiteral("dialog.show()"));
+    there.run(QStringLiteral("dialog.modal = false; dialog.show()"));
+    QCOMPARE(there.dialog->z(), 65536.0);
+    here.run(QStringLiteral("dialog.reject()"));
+    QCOMPARE(openDialogs(), 1);
+    there.run(QStringLiteral("dialog.reject()"));
+}
+
+void TestDialogItem::stackedModalDialogs()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.show()"));
+    dialogs.takeLog();
+    dialogs.run(QStringLiteral("second.show()"));
+    QCOMPARE(dialogs.takeLog(), QStringLiteral("second true, dialog false"));
+    dialogs.run(QStringLiteral("second.accept()"));
+    QCOMPARE(dialogs.takeLog(), QStringLiteral("second false, dialog true"));
+    QVERIFY(!dialogs.item("first")->isEnabled());
+    dialogs.run(QStringLiteral("dialog.accept()"));
+    QVERIFY(dialogs.item("first")->isEnabled());
+}
+
+void TestDialogItem::modalKeepsPressesAway()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.show()"));
+    press(dialogs.window.data(), QPoint(200, 200));
+    QCOMPARE(dialogs.window->property("pressedBelow"), QVariant(0));
+    dialogs.run(QStringLiteral("dialog.reject()"));
+    press(dialogs.window.data(), QPoint(200, 200));
+    QCOMPARE(dialogs.window->property("pressedBelow"), QVariant(1));
+}
+
+void TestDialogItem::takesTheFocus()
+{
+    QmlView view;
+    view.load("Item { id: root; width: 200; height: 200\n"
+              "TextInput { objectName: 'below'; focus: true }\n"
+              "DialogItem { id: dialog; objectName: 'dialog'\n"
+              "TextInput { objectName: 'field'; focus: true } } }");
+    view.show();
+    QTest::keyClick(view.window(), Qt::Key_A);
+    evaluate(view.root(), QStringLiteral("dialog.show()"));
+    QTest::keyClick(view.window(), Qt::Key_B);
+    QCOMPARE(view.find(QStringLiteral("below"))->property("text").toString(), QStringLiteral("a"));
+    auto *dialog = evaluate(view.root(), QStringLiteral("dialog")).value<QQuickItem *>();
+    auto *field = dialog->findChild<QQuickItem *>(QStringLiteral("field"));
+    QCOMPARE(field->property("text").toString(), QStringLiteral("b"));
+    evaluate(view.root(), QStringLiteral("dialog.reject()"));
+    QTest::keyClick(view.window(), Qt::Key_C);
+    QCOMPARE(field->property("text").toString(), QStringLiteral("b"));
+}
+
+void TestDialogItem::opensBeforeItHasMoved()
+{
+    QmlView view;
+    view.load("Item { id: root; width: 200; height: 200\n"
+              "Item { objectName: 'place'\n"
+              "Item { objectName: 'neighbour' }\n"
+              "DialogItem { id: dialog; Component.onCompleted: show() } } }");
+    // The neighbours of that moment are the ones that are disabled, and given back.
+    QQuickItem *neighbour = view.item<>("neighbour");
+    QVERIFY(!neighbour->isEnabled());
+    view.show();
+    auto *dialog = evaluate(view.root(), QStringLiteral("dialog")).value<QQuickItem *>();
+    QTRY_COMPARE(dialog->parentItem(), view.window()->contentItem());
+    QVERIFY(!neighbour->isEnabled());
+    QVERIFY(view.item<>("place")->isEnabled());
+    evaluate(view.root(), QStringLiteral("dialog.accept()"));
+    QVERIFY(neighbour->isEnabled());
+}
+
+void TestDialogItem::siblingDestroyedWhileOpen()
+{
+    Dialogs dialogs;
+    auto *extra = new QQuickItem(dialogs.window->contentItem());
+    dialogs.run(QStringLiteral("second.show()"));
+    QVERIFY(!extra->isEnabled());
+    delete extra;
+    delete dialogs.item("first");
+    dialogs.takeLog();
+    dialogs.run(QStringLiteral("second.reject()"));
+    QCOMPARE(dialogs.takeLog(), QStringLiteral("second false, last true"));
+}
+
+void TestDialogItem::destroyedWhileOpen()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.show(); log = []"));
+    SignalRecorder recorder;
+    recorder.watch(
+        dialogs.dialog, QStringLiteral("dialog"),
+        {QStringLiteral("openChanged"), QStringLiteral("accepted"), QStringLiteral("rejected")});
+    delete dialogs.dialog.data();
+    QCOMPARE(dialogs.takeLog(), QStringLiteral("first true, last true"));
+    QCOMPARE(recorder.take(), QStringList());
+    QVERIFY(!dialogs.item("already")->isEnabled());
+    QCOMPARE(openDialogs(), 0);
+
+    // A handler that reaches for the dialog on its way out finds nothing to open any more.
+    Dialogs again;
+    again.run(QStringLiteral("dialog.show(); first.enabledChanged.connect(function() { "
+                             "if (dialog) dialog.show() })"));
+    delete again.dialog.data();
+    QVERIFY(again.item("first")->isEnabled());
+    QVERIFY(again.item("last")->isEnabled());
+    QCOMPARE(openDialogs(), 0);
+}
+
+void TestDialogItem::destroyedInsideASignal_data()
+{
+    QTest::addColumn<QString>("signalName");
+    QTest::addColumn<QString>("action");
+    QTest::newRow("opened") << "opened"
+                            << "dialog.show()";
+    QTest::newRow("opening") << "openChanged"
+                             << "dialog.show()";
+    QTest::newRow("accepted") << "accepted"
+                              << "dialog.show(); dialog.accept(1)";
+    QTest::newRow("rejected") << "rejected"
+                              << "dialog.show(); dialog.reject()";
+}
+
+void TestDialogItem::destroyedInsideASignal()
+{
+    QFETCH(QString, signalName);
+    QFETCH(QString, action);
+    for (const bool atOnce : {false, true}) {
+        QmlView view;
+        view.load("Item { id: root; width: 200; height: 200\n"
+                  "property Component maker: DialogItem {}\n"
+                  "Item { objectName: 'sibling' } }");
+        view.show();
+        const QPointer<QQuickItem> dialog =
+            evaluate(view.root(), QStringLiteral("maker.createObject(root)")).value<QQuickItem *>();
+        QTRY_COMPARE(dialog->parentItem(), view.window()->contentItem());
+        dialog->setParentItem(view.root());
+        if (atOnce) {
+            // An object without QML handlers of its own may be deleted where it stands.
+            struct Deleter : QObject
+            {
+                int qt_metacall(QMetaObject::Call call, int id, void **arguments) override
+                {
+                    id = QObject::qt_metacall(call, id, arguments);
+                    if (id == 0 && call == QMetaObject::InvokeMetaMethod) {
+                        delete target.data();
+                        return -1;
+                    }
+                    return id;
+                }
+                QPointer<QQuickItem> target;
+            } deleter;
+            deleter.target = dialog;
+            const QMetaObject *meta = dialog->metaObject();
+            for (int i = 0; i < meta->methodCount(); ++i) {
+                if (meta->method(i).name() == signalName.toLatin1()) {
+                    QMetaObject::connect(dialog, i, &deleter,
+                                         QObject::staticMetaObject.methodCount());
+                }
+            }
+            QMetaObject::invokeMethod(dialog, "show");
+            if (dialog && signalName == QLatin1String("rejected")) {
+                QMetaObject::invokeMethod(dialog, "reject");
+            } else if (dialog) {
+                QMetaObject::invokeMethod(dialog, "accept");
+            }
+            QVERIFY(!dialog);
+        } else {
+            evaluate(dialog,
+                     QStringLiteral("%1.connect(function() { destroy() })").arg(signalName));
+            evaluate(dialog, QString(action).remove(QStringLiteral("dialog.")));
+            QTRY_VERIFY(!dialog);
+        }
+        QVERIFY(view.item<>("sibling")->isEnabled());
+        QCOMPARE(openDialogs(), 0);
+    }
+}
+
+void TestDialogItem::destroyedByItsLoader_data()
+{
+    destroyedInsideASignal_data();
+}
+
+void TestDialogItem::destroyedByItsLoader()
+{
+    QFETCH(QString, signalName);
+    QFETCH(QString, action);
+    QmlView view;
+    view.load("Item { id: root; width: 200; height: 200; property Item dialog: loader.item\n"
+              "Item { objectName: 'sibling' }\n"
+              "Loader { id: loader; sourceComponent: DialogItem {} } }");
+    view.show();
+    const QPointer<QQuickItem> dialog = view.root()->property("dialog").value<QQuickItem *>();
+    QTRY_COMPARE(dialog->parentItem(), view.window()->contentItem());
+    evaluate(
+        view.root(),
+        QStringLiteral("dialog.%1.connect(function() { loader.active = false })").arg(signalName));
+    evaluate(view.root(), QStringLiteral("(function(dialog) { %1 })(dialog)").arg(action));
+    QTRY_VERIFY(!dialog);
+    QVERIFY(view.root()->isEnabled());
+    QCOMPARE(openDialogs(), 0);
+}
+
+void TestDialogItem::destroyedWithItsWindow()
+{
+    QPointer<QQuickItem> dialog;
+    {
+        Dialogs dialogs;
+        dialogs.run(QStringLiteral("dialog.show(); second.show()"));
+        dialog = dialogs.dialog;
+        QCOMPARE(openDialogs(), 2);
+    }
+    QVERIFY(!dialog);
+    QCOMPARE(openDialogs(), 0);
+}
+
+void TestDialogItem::movedToAnotherWindowWhileOpen()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.show()"));
+    QQuickWindow window;
+    QQuickItem place(window.contentItem());
+    dialogs.dialog->setParentItem(&place);
+    QTRY_COMPARE(dialogs.dialog->parentItem(), window.contentItem());
+    QVERIFY(!dialogs.item("first")->isEnabled());
+    QVERIFY(place.isEnabled());
+    dialogs.run(QStringLiteral("dialog.reject()"));
+    QVERIFY(dialogs.item("first")->isEnabled());
+    QVERIFY(dialogs.item("last")->isEnabled());
+    dialogs.dialog->setParentItem(dialogs.window->contentItem());
+}
+
+void TestDialogItem::showInOnRejected()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("var once = dialog.rejected.connect(function() { if "
+                               "(++pressedBelow === 1) dialog.show() }); dialog.show()"));
+    dialogs.run(QStringLiteral("dialog.reject()"));
+    QCOMPARE(dialogs.dialog->property("open"), QVariant(true));
+    QVERIFY(dialogs.dialog->isEnabled());
+    QVERIFY(!dialogs.item("first")->isEnabled());
+    QCOMPARE(openDialogs(), 1);
+    dialogs.run(QStringLiteral("dialog.reject()"));
+    QVERIFY(dialogs.item("first")->isEnabled());
+    QCOMPARE(openDialogs(), 0);
+}
+
+void TestDialogItem::rejectedInOnOpenChanged()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral(
+        "dialog.openChanged.connect(function() { if (dialog.open) dialog.reject() })"));
+    SignalRecorder recorder;
+    recorder.watch(
+        dialogs.dialog, QStringLiteral("dialog"),
+        {QStringLiteral("openChanged"), QStringLiteral("opened"), QStringLiteral("rejected")});
+    dialogs.run(QStringLiteral("dialog.show()"));
+    QCOMPARE(recorder.entries().count(QStringLiteral("dialog.opened")), 0);
+    QCOMPARE(recorder.entries().count(QStringLiteral("dialog.rejected")), 1);
+    QCOMPARE(dialogs.dialog->property("open"), QVariant(false));
+    QVERIFY(!dialogs.dialog->isEnabled());
+    QVERIFY(dialogs.item("first")->isEnabled());
+    QCOMPARE(openDialogs(), 0);
+}
+
+void TestDialogItem::shownInOnOpenChanged()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("dialog.openChanged.connect(function() { if (!dialog.open && "
+                               "++pressedBelow === 1) dialog.show() }); dialog.show()"));
+    dialogs.run(QStringLiteral("dialog.reject()"));
+    QCOMPARE(dialogs.dialog->property("open"), QVariant(true));
+    QVERIFY(!dialogs.item("first")->isEnabled());
+    QCOMPARE(openDialogs(), 1);
+    dialogs.run(QStringLiteral("dialog.reject()"));
+    QVERIFY(dialogs.item("first")->isEnabled());
+    QVERIFY(dialogs.item("last")->isEnabled());
+}
+
+void TestDialogItem::closedWhileDisablingSiblings()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("first.enabledChanged.connect(function() { if (!first.enabled) "
+                               "dialog.reject() }); log = []; dialog.show()"));
+    QCOMPARE(dialogs.dialog->property("open"), QVariant(false));
+    QVERIFY(dialogs.item("first")->isEnabled());
+    QVERIFY(dialogs.item("last")->isEnabled());
+    QCOMPARE(openDialogs(), 0);
+}
+
+void TestDialogItem::reopenedWhileEnablingSiblings()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral("first.enabledChanged.connect(function() { if (first.enabled && "
+                               "++pressedBelow === 1) dialog.show() }); dialog.show(); "
+                               "dialog.reject()"));
+    QCOMPARE(dialogs.dialog->property("open"), QVariant(true));
+    QVERIFY(!dialogs.item("first")->isEnabled());
+    QVERIFY(!dialogs.item("last")->isEnabled());
+    dialogs.run(QStringLiteral("dialog.reject()"));
+    QVERIFY(dialogs.item("first")->isEnabled());
+    QVERIFY(dialogs.item("last")->isEnabled());
+}
+
+void TestDialogItem::aThousandOpensAndCloses()
+{
+    Dialogs dialogs;
+    dialogs.run(QStringLiteral(
+        "for (let i = 0; i < 1000; ++i) { dialog.show(); second.show(); second.accept(i); "
+        "dialog.reject(); }"));
+    QCOMPARE(openDialogs(), 0);
+    QVERIFY(dialogs.item("first")->isEnabled());
+    QVERIFY(!dialogs.dialog->isEnabled());
+    dialogs.run(QStringLiteral("dialog.show()"));
+    QCOMPARE(dialogs.dialog->z(), 65535.0);
+    dialogs.run(QStringLiteral("dialog.reject()"));
+}
+
+QTEST_MAIN(TestDialogItem)
+#include "tst_dialogitem.moc"
