@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import QtQuick.Window 2.15
+import ombrel.Controls 1.0
+import "../kit"
+
+Demo {
+    id: demo
+
+    property int openDialogs: 0
+
+    // A dialog made on the fly is put straight into the window's content item: it is to disable the
+    // siblings that it has there.
+    function open(type, level) {
+        const dialog = card.createObject(demo.Window.contentItem,
+                                         { type: type, modal: modality.value, level: level });
+        dialog.accepted.connect(result => log.note("accepted(\"" + result + "\") at level " + level));
+        dialog.rejected.connect(() => log.note("rejected() at level " + level));
+        dialog.opened.connect(() => log.note("opened() at level " + level));
+        dialog.show();
+    }
+    readonly property var types: [
+        { text: "TypeNormal", value: DialogItem.TypeNormal },
+        { text: "TypeWarning", value: DialogItem.TypeWarning },
+        { text: "TypeError", value: DialogItem.TypeError },
+        { text: "TypeOk", value: DialogItem.TypeOk }
+    ]
+
+    Component {
+        id: card
+        DialogCard {
+            id: dialog
+            property bool used: false
+            onOpenChanged: {
+                used = true;
+                demo.openDialogs += open ? 1 : -1;
+            }
+            // Closed and faded out, it is of no use any more.
+            onVisibleChanged: if (used && !visible) destroy()
+            // Of the next type, so that they can be told apart.
+            onAnotherWanted: demo.open({ 0: 1, 1: 2, 2: 4, 4: 0 }[type], level + 1)
+        }
+    }
+
+    title: "DialogItem"
+    hint: "Open one, then another from inside it: closing gives the one below its buttons back. Without “modal” "
+          + "the page stays usable behind it. Drag a card by its ground; Escape rejects."
+    stageHeight: 250
+
+    Grid {
+        anchors.centerIn: parent
+        columns: 2
+        spacing: 12
+        Repeater {
+            model: demo.types
+            Rectangle {
+                width: 170
+                height: 64
+                radius: Theme.radius
+                color: mouse.containsMouse ? Theme.accentSoft : Theme.panel
+                border.color: Theme.line
+                Rectangle {
+                    x: 12
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: 6
+                    height: 36
+                    radius: 3
+                    color: [Theme.accent, Theme.warning, Theme.error, Theme.positive][index]
+                }
+                Label {
+                    x: 32
+                    height: parent.height
+                    verticalAlignment: Text.AlignVCenter
+                    text: modelData.text
+                }
+                MouseArea {
+                    id: mouse
+                    anchors.fill: parent
+                    hoverEnabled: true
+                    onClicked: demo.open(modelData.value, demo.openDialogs + 1)
+                }
+            }
+        }
+    }
+
+    editors: [
+        BoolEditor { id: modality; label: "modal"; value: true; onEdited: value = newValue },
+        ValueRow { label: "open dialogs"; value: demo.openDialogs },
+        EventLog { id: log; lines: 8 }
+    ]
+}
