@@ -3,7 +3,6 @@
 
 import QtQuick 2.2
 
-// What holds the rows of a TreeView.
 Item {
     width: parent ? parent.width : 0
     height: childrenRect.height

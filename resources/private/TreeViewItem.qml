@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.2
+import ombrel.Controls 1.0
+import ombrel.data.Core 1.0
+
+// A row. Its context object is its entry, which gives it level, index, document and
+// createDelegateItem(); the view sets predecessor and treeParent.
+Item {
+    id: treeViewItem
+
+    readonly property int effectiveLevel: TreeView.view.rootCanCollapse ? level : level - 1
+    readonly property int indent: Math.max(0, effectiveLevel * TreeView.view.indent)
+    readonly property bool isRoot: level === 0
+    readonly property bool childrenCollapsed: treeParent
+        ? treeParent.collapsed || treeParent.childrenCollapsed : false
+    readonly property int displayHeight: delegateItem ? delegateItem.height : 24
+    readonly property bool collapsable: isRoot && !TreeView.view.rootCanCollapse ? false : hasChildren
+    readonly property int markerIndent: isRoot && !TreeView.view.rootCanCollapse ? 0 : collapseMarker.width
+    readonly property bool hasChildren: childCount !== 0
+    readonly property bool collapsed: TreeView.isCollapsedItem
+    property Item predecessor
+    property Item treeParent
+    property Item delegateItem
+    property Item backgroundItem
+    property Item branchHandleItem
+    // The length of the document's list property named by the view's childProperty, written by the
+    // entry: a binding on a list without a notify signal would cost a warning a row.
+    property int childCount: 0
+
+    signal layoutRequired()
+
+    function populate() {
+        var item = createDelegateItem(TreeView.BackgroundComponent, treeViewItem);
+        if (item instanceof Item) {
+            item.anchors.fill = treeViewItem;
+            item.z = -1;
+            backgroundItem = item;
+        }
+        item = createDelegateItem(TreeView.DelegateComponent, treeViewItem);
+        if (item instanceof Item) {
+            item.anchors.right = treeViewItem.right;
+            item.width = Qt.binding(function() {
+                return treeViewItem.width - treeViewItem.indent - treeViewItem.markerIndent;
+            });
+            delegateItem = item;
+        }
+        item = createDelegateItem(TreeView.BranchHandleComponent, collapseMarker);
+        branchHandleItem = item instanceof Item ? item
+                                                : defaultBranchHandle.createObject(collapseMarker);
+        // Last, and so above everything made here: it sees each press first.
+        pressArea.parent = treeViewItem;
+    }
+
+    width: parent ? parent.width : 100
+    height: 0
+    opacity: 0
+    clip: true
+
+    onLayoutRequired: {
+        anchors.top = undefined;
+        if (predecessor)
+            anchors.top = predecessor.bottom;
+    }
+
+    Component.onCompleted: populate()
+
+    states: State {
+        name: "displayed"
+        when: !treeViewItem.childrenCollapsed
+        PropertyChanges {
+            target: treeViewItem
+            height: treeViewItem.displayHeight
+            opacity: 1
+        }
+    }
+
+    // Not yet a child; see populate().
+    resources: MouseArea {
+        id: pressArea
+        anchors.fill: parent
+        acceptedButtons: Qt.LeftButton
+        onPressed: {
+            treeViewItem.TreeView.view.activeIndex = index;
+            mouse.accepted = false;
+            treeViewItem.forceActiveFocus();
+        }
+    }
+
+    MouseArea {
+        id: collapseMarker
+        x: treeViewItem.indent
+        anchors.verticalCenter: parent.verticalCenter
+        width: childrenRect.width
+        height: childrenRect.height
+        enabled: treeViewItem.collapsable
+        visible: treeViewItem.collapsable
+        acceptedButtons: Qt.LeftButton
+        onClicked: treeViewItem.TreeView.isCollapsedItem = !treeViewItem.TreeView.isCollapsedItem
+    }
+
+    Component {
+        id: defaultBranchHandle
+        Item {
+            width: 16
+            height: 16
+            Image {
+                anchors.centerIn: parent
+                source: "qrc:/controls/images/collapse-indicator.svg"
+                rotation: treeViewItem.collapsed ? 0 : 45
+            }
+        }
+    }
+}
