@@ -3,78 +3,475 @@
 
 #include "controls/TreeView.h"
 
-#include "controls/TreeViewAttachedObject.h"
 #include "controls/TreeViewEntry.h"
+#include "controls/TreeViewPrivate.h"
 
 #include <OmbrelDataCore/Context.h>
 
-#include <QHash>
+#include <QDebug>
+#include <QImageReader>
 #include <QKeyEvent>
-#include <QPointer>
+#include <QMetaMethod>
+#include <QMetaProperty>
+#include <QQmlComponent>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQmlInfo>
 #include <QQmlListReference>
-#include <QSet>
-#include <QUrl>
+#include <QQmlProperty>
 
-namespace om::controls {
+#include <algorithm>
+#include <limits>
+#include <utility>
 
 using om::data::Context;
 using om::data::Document;
 
-/// A chain of parents this long is a cycle in the data. Bindings from row to row recurse on the
-/// stack, so that a forest that really is this deep could not be collapsed either.
-static constexpr int maximumDepth = 1024;
+namespace om::controls {
 
-class TreeView::Private
+/// Levels that get rows. The rows of a chain depend on one another through bindings, which takes
+/// stack; and documents that contain themselves have to end somewhere.
+static const int maximumLevels = 1024;
+
+static bool svgIsReadable()
+{
+    static const bool readable = QImageReader::supportedImageFormats().contains("svg");
+    return readable;
+}
+
+namespace {
+
+/// Sets and clears the top anchor of a row. By meta-object rather than by the name of a QML
+/// property, which would be looked up again for each of many thousand rows.
+class TopAnchor
 {
 public:
-    explicit Private(TreeView *view)
-        : q(view)
+    explicit TopAnchor(QQuickItem *item)
+        : m_anchors(item->property("anchors").value<QObject *>())
+        , m_top(m_anchors->metaObject()->property(m_anchors->metaObject()->indexOfProperty("top")))
     {
     }
+    void clear() { m_top.reset(m_anchors); }
+    void set(QQuickItem *above) { m_top.write(m_anchors, above->property("bottom")); }
 
-    using DocumentList = QQmlListProperty<Document>;
-    static Private *of(DocumentList *list) { return static_cast<Private *>(list->data); }
-
-    void appendRoot(Document *document);
-    void clearRoots();
-    void watch(Document *document, QObject *watcher);
-    void forget(Document *document);
-
-    void createContent();
-    void rebuild();
-    void rebindContext();
-    void addDocument(Document *document, int level, TreeViewEntry *parent);
-    void addChildren(TreeViewEntry *entry);
-    void setComponent(QQmlComponent *Private::*component, QQmlComponent *value,
-                      void (TreeView::*changed)());
-
-    TreeView *const q;
-    bool componentComplete = false;
-    bool updateScheduled = false;
-    bool rootCanCollapse = false;
-    bool cycleFound = false;
-    /// The active document has been destroyed and its signal is still owed.
-    bool activeDocumentLost = false;
-    int indent = 20;
-    int activeIndex = -1;
-    Document *activeDocument = nullptr;
-    QString childProperty;
-    QByteArray childPropertyName;
-    QPointer<Context> context;
-    QQmlComponent *contentComponent = nullptr;
-    QQmlComponent *entryComponent = nullptr;
-    QPointer<QQmlComponent> delegate;
-    QPointer<QQmlComponent> backgroundDelegate;
-    QPointer<QQmlComponent> branchHandleDelegate;
-    QPointer<QQuickItem> contentItem;
-    QList<TreeViewEntry *> entries;
-    QSet<Document *> shownDocuments;
-    QList<Document *> rootDocuments;
-    QHash<QString, bool> collapsedById;
+private:
+    QObject *const m_anchors;
+    const QMetaProperty m_top;
 };
+
+} // namespace
+
+TreeView::Private::Private(TreeView *owner)
+    : view(owner)
+{
+}
+
+TreeViewEntry *TreeView::Private::entryAt(int index) const
+{
+    return entries.value(index, nullptr);
+}
+
+QQmlComponent *TreeView::Private::component(int type) const
+{
+    switch (type) {
+    case EntryComponent:
+        return entryComponent;
+    case DelegateComponent:
+        return delegate;
+    case BackgroundComponent:
+        return backgroundDelegate;
+    case BranchHandleComponent:
+        // Without Qt's SVG plugin the default handle cannot be drawn, and every row would warn.
+        return branchHandleDelegate ? branchHandleDelegate : plainBranchHandle;
+    }
+    return nullptr;
+}
+
+void TreeView::Private::appendRoot(Document *document)
+{
+    rootDocuments.append(document);
+    if (document && !rootWatches.contains(document)) {
+        rootWatches.insert(document,
+                           QObject::connect(document, &QObject::destroyed, view,
+                                            [this, document] { forgetRoot(document); }));
+    }
+    Q_EMIT view->rootDocumentsChanged();
+}
+
+void TreeView::Private::clearRoots()
+{
+    if (rootDocuments.isEmpty()) {
+        return;
+    }
+    rootDocuments.clear();
+    for (const QMetaObject::Connection &watch : qAsConst(rootWatches)) {
+        QObject::disconnect(watch);
+    }
+    rootWatches.clear();
+    Q_EMIT view->rootDocumentsChanged();
+}
+
+void TreeView::Private::forgetRoot(Document *document)
+{
+    rootWatches.remove(document);
+    if (rootDocuments.removeAll(document) > 0 && !destroying) {
+        Q_EMIT view->rootDocumentsChanged();
+    }
+}
+
+void TreeView::Private::createContent()
+{
+    if (!delegate) {
+        qCritical("No delegate present - TreeView cannot render tree");
+        return;
+    }
+    if (!contentComponent) {
+        return;
+    }
+    QObject *made = contentComponent->beginCreate(qmlContext(view));
+    auto *item = qobject_cast<QQuickItem *>(made);
+    if (!item) {
+        if (made) {
+            contentComponent->completeCreate();
+            delete made;
+        }
+        qmlWarning(view, contentComponent->errors());
+        return;
+    }
+    item->setParent(view);
+    item->setParentItem(view);
+    // The file binds the height to childrenRect.height. Evaluated once, that makes the item look at
+    // all of its children at every change of any of them, for good: ten thousand rows take seconds
+    // to follow a new width. The binding is replaced before that; updateContentHeight() keeps the
+    // same value, from the few children that decide it.
+    QQmlProperty::write(item, QStringLiteral("height"), 0);
+    contentComponent->completeCreate();
+    contentItem = item;
+    QObject::connect(item, &QQuickItem::heightChanged, view, &TreeView::updateHeight);
+    QObject::connect(item, &QQuickItem::childrenChanged, view,
+                     [this] { contentChildrenChanged(); });
+}
+
+void TreeView::Private::rebindContext()
+{
+    Document *first = rootDocuments.isEmpty() ? nullptr : rootDocuments.constFirst();
+    Context *current = first ? first->context() : nullptr;
+    if (current == context) {
+        return;
+    }
+    if (context) {
+        QObject::disconnect(context, nullptr, view, nullptr);
+    }
+    context = current;
+    if (context) {
+        static const int type = qRegisterMetaType<om::data::Document *>("om::data::Document*");
+        Q_UNUSED(type)
+        QObject::connect(context, &Context::documentChanged, view, &TreeView::handleDocumentChanged,
+                         Qt::QueuedConnection);
+    }
+}
+
+void TreeView::Private::removeEntries()
+{
+    for (const QMetaObject::Connection &watch : endWatches) {
+        QObject::disconnect(watch);
+    }
+    std::vector<QPointer<QQuickItem>> rows;
+    rows.reserve(static_cast<std::size_t>(entries.size()));
+    for (TreeViewEntry *entry : qAsConst(entries)) {
+        rows.emplace_back(entry->item());
+    }
+    if (!rows.empty()) {
+        oldRows.push_back(std::move(rows));
+    }
+    while (!entries.isEmpty()) {
+        entries.takeLast()->deleteLater();
+    }
+}
+
+/// Depth first, with a list of its own instead of the stack.
+void TreeView::Private::addTree(Document *root, int *counter)
+{
+    struct Level
+    {
+        QPointer<Document> document;
+        QQmlListReference children;
+        int next;
+        TreeViewEntry *entry;
+    };
+    std::vector<Level> path;
+    bool tooDeep = false;
+    QPointer<Document> adding = root;
+    while (adding || !path.empty()) {
+        if (adding) {
+            const int level = static_cast<int>(path.size());
+            auto *entry = new TreeViewEntry(view, adding, *counter, level);
+            entries.append(entry);
+            if (adding) {
+                shownDocuments.insert(adding);
+            }
+            if (entry->item()) {
+                QQuickItem *parentItem = path.empty() ? nullptr : path.back().entry->item();
+                entry->item()->setProperty("treeParent", QVariant::fromValue(parentItem));
+            }
+            ++*counter;
+            const QByteArray property = childProperty.toLatin1();
+            path.push_back(
+                {adding,
+                 adding ? QQmlListReference(adding, property.constData()) : QQmlListReference(), 0,
+                 entry});
+            adding = nullptr;
+        }
+        Level &top = path.back();
+        // The count is asked for anew each time: making a row may have changed the list.
+        if (!top.document || top.next >= top.children.count()) {
+            path.pop_back();
+            continue;
+        }
+        auto *child = qobject_cast<Document *>(top.children.at(top.next++));
+        if (!child) {
+            continue;
+        }
+        if (static_cast<int>(path.size()) >= maximumLevels) {
+            if (!warnedOfDepth) {
+                warnedOfDepth = true;
+                qmlWarning(view) << "The documents are nested more than " << maximumLevels
+                                 << " levels deep, or contain themselves; deeper ones get no row";
+            }
+            tooDeep = true;
+            continue;
+        }
+        // Documents that contain themselves more than once would fill all levels again and again.
+        if (tooDeep && std::any_of(path.cbegin(), path.cend(), [child](const Level &above) {
+                return above.document == child;
+            })) {
+            continue;
+        }
+        adding = child;
+    }
+}
+
+void TreeView::Private::rebuild()
+{
+    const QPointer<TreeView> alive(view);
+    rebuilding = true;
+    ++generation;
+    rebindContext();
+    removeEntries();
+    shownDocuments.clear();
+    if (contentItem && entryComponent && entryComponent->isError()) {
+        qmlWarning(view, entryComponent->errors());
+    } else if (contentItem && entryComponent) {
+        if (!plainBranchHandle && !svgIsReadable()) {
+            qmlWarning(view) << "The SVG image plugin of Qt is missing; branch handles are plain";
+            plainBranchHandle = new QQmlComponent(qmlEngine(view), view);
+            plainBranchHandle->setData(
+                "import QtQuick 2.2\n"
+                "Text { text: TreeView.isCollapsedItem ? '+' : '\\u2212'\n"
+                "width: 16; height: 16; horizontalAlignment: Text.AlignHCenter\n"
+                "verticalAlignment: Text.AlignVCenter }",
+                QUrl());
+        }
+        int counter = 0;
+        for (int i = 0; i < rootDocuments.size(); ++i) {
+            addTree(rootDocuments.at(i), &counter);
+        }
+    }
+    QQuickItem *predecessor = nullptr;
+    for (TreeViewEntry *entry : qAsConst(entries)) {
+        if (QQuickItem *item = entry->item()) {
+            item->setProperty("predecessor", QVariant::fromValue(predecessor));
+            predecessor = item;
+        }
+    }
+    activate(view->indexOfDocument(activeAlive));
+    if (!alive) {
+        return;
+    }
+    view->layoutItems();
+    if (!alive) {
+        return;
+    }
+    rebuilding = false;
+    watchEnds();
+    updateContentHeight();
+    if (alive) {
+        Q_EMIT view->indexRebuilt();
+    }
+}
+
+void TreeView::Private::activate(int index)
+{
+    if (index < -1 || index >= entries.size() || index == activeIndex) {
+        return;
+    }
+    const QPointer<TreeView> alive(view);
+    const QPointer<TreeViewEntry> oldEntry = entryAt(activeIndex);
+    const QPointer<TreeViewEntry> newEntry = entryAt(index);
+    activeIndex = index;
+    Q_EMIT view->activeIndexChanged();
+    if (!alive) {
+        return;
+    }
+    // A handler may have made another row active: then its document is the active one already.
+    if (activeIndex == index) {
+        Document *document = newEntry ? newEntry->document() : nullptr;
+        if (document != activeDocument) {
+            activeDocument = document;
+            activeAlive = document;
+            Q_EMIT view->activeDocumentChanged();
+        }
+    }
+    // The new one first, so that there is no moment without an active row.
+    if (alive && newEntry) {
+        newEntry->announceActive();
+    }
+    if (alive && oldEntry) {
+        oldEntry->announceActive();
+    }
+}
+
+void TreeView::Private::setCollapsed(int index, bool collapsed)
+{
+    if (TreeViewEntry *entry = entryAt(index)) {
+        entry->setCollapsed(collapsed);
+    }
+}
+
+void TreeView::Private::hideOrShow(TreeViewEntry *entry, const std::function<void()> &change)
+{
+    const int first = entry->index() + 1;
+    if (entryAt(entry->index()) != entry) {
+        change();
+        return;
+    }
+    // Rows hang on one another by their anchors, so that each row that hides would move all rows
+    // below it, thousands of times over. The rows from here to the first one after the subtree let
+    // go, hide or show by themselves, and are put together again from the top.
+    int end = first;
+    while (end < entries.size() && entries.at(end)->level() > entry->level()) {
+        ++end;
+    }
+    end = qMin(end, entries.size() - 1);
+    for (int i = first; i <= end; ++i) {
+        if (QQuickItem *item = entries.at(i)->item()) {
+            TopAnchor(item).clear();
+        }
+    }
+    const QPointer<TreeView> alive(view);
+    const int current = generation;
+    change();
+    if (!alive || generation != current) {
+        return;
+    }
+    for (int i = first; i <= end; ++i) {
+        QQuickItem *item = entries.at(i)->item();
+        QQuickItem *above = entries.at(i - 1)->item();
+        if (item && above) {
+            TopAnchor(item).set(above);
+        }
+    }
+    updateContentHeight();
+}
+
+QQuickItem *TreeView::Private::firstRow() const
+{
+    return entries.isEmpty() ? nullptr : entries.constFirst()->item();
+}
+
+QQuickItem *TreeView::Private::lastRow() const
+{
+    return entries.isEmpty() ? nullptr : entries.constLast()->item();
+}
+
+/// The rows stand below one another: only the first and the last of them can be at the rectangle's
+/// edge, wherever the others are.
+void TreeView::Private::updateContentHeight()
+{
+    if (!contentItem || rebuilding || destroying) {
+        return;
+    }
+    qreal top = std::numeric_limits<qreal>::max();
+    qreal bottom = std::numeric_limits<qreal>::lowest();
+    const auto include = [&top, &bottom](const QQuickItem *item) {
+        if (item) {
+            top = qMin(top, item->y());
+            bottom = qMax(bottom, item->y() + item->height());
+        }
+    };
+    include(firstRow());
+    include(lastRow());
+    for (const auto &rows : oldRows) {
+        include(rows.front());
+        include(rows.back());
+    }
+    for (const QQuickItem *item : qAsConst(strangers)) {
+        include(item);
+    }
+    contentItem->setHeight(bottom > top ? bottom - top : 0);
+}
+
+void TreeView::Private::watchEnds()
+{
+    for (const QMetaObject::Connection &watch : endWatches) {
+        QObject::disconnect(watch);
+    }
+    const auto follow = [this] { updateContentHeight(); };
+    if (QQuickItem *first = firstRow()) {
+        endWatches[0] = QObject::connect(first, &QQuickItem::yChanged, view, follow);
+    }
+    if (QQuickItem *last = lastRow()) {
+        endWatches[1] = QObject::connect(last, &QQuickItem::yChanged, view, follow);
+        endWatches[2] = QObject::connect(last, &QQuickItem::heightChanged, view, follow);
+    }
+}
+
+/// A child that arrives is the last one of the list. Rows are known by their QObject parent.
+void TreeView::Private::contentChildrenChanged()
+{
+    const QList<QQuickItem *> children = contentItem->childItems();
+    if (children.isEmpty()) {
+        return;
+    }
+    QQuickItem *item = children.constLast();
+    if (qobject_cast<TreeViewEntry *>(item->parent()) || strangers.contains(item)) {
+        return;
+    }
+    strangers.insert(item);
+    const auto follow = [this] { updateContentHeight(); };
+    QObject::connect(item, &QQuickItem::yChanged, view, follow);
+    QObject::connect(item, &QQuickItem::heightChanged, view, follow);
+    QObject::connect(item, &QQuickItem::parentChanged, view, [this, item] {
+        if (item->parentItem() != contentItem) {
+            dropStranger(item);
+        }
+    });
+    QObject::connect(item, &QObject::destroyed, view, [this, item] { dropStranger(item); });
+    updateContentHeight();
+}
+
+void TreeView::Private::dropStranger(QQuickItem *item)
+{
+    if (strangers.remove(item)) {
+        QObject::disconnect(item, nullptr, view, nullptr);
+        updateContentHeight();
+    }
+}
+
+/// Old rows go from the last to the first of their rebuild.
+void TreeView::Private::rowDestroyed()
+{
+    if (destroying) {
+        return;
+    }
+    for (auto it = oldRows.begin(); it != oldRows.end();) {
+        while (!it->empty() && !it->back()) {
+            it->pop_back();
+        }
+        it = it->empty() ? oldRows.erase(it) : it + 1;
+    }
+    updateContentHeight();
+}
 
 TreeView::TreeView(QQuickItem *parent)
     : QQuickItem(parent)
@@ -86,84 +483,43 @@ TreeView::TreeView(QQuickItem *parent)
 
 TreeView::~TreeView()
 {
-    // The entries are children and would outlive the record that they look into.
-    for (TreeViewEntry *entry : qAsConst(d->entries)) {
-        delete entry;
+    // The rows go while the view that their bindings ask is still whole.
+    d->destroying = true;
+    for (const QMetaObject::Connection &watch : qAsConst(d->rootWatches)) {
+        disconnect(watch);
     }
-    d->entries.clear();
+    while (!d->entries.isEmpty()) {
+        delete d->entries.takeLast();
+    }
+    const QList<TreeViewEntry *> doomed =
+        findChildren<TreeViewEntry *>(QString(), Qt::FindDirectChildrenOnly);
+    qDeleteAll(doomed.crbegin(), doomed.crend());
+    delete d->contentItem;
 }
 
-QObject *TreeView::qmlAttachedProperties(QObject *object)
+TreeViewAttachedObject *TreeView::qmlAttachedProperties(QObject *object)
 {
     for (QQmlContext *context = QQmlEngine::contextForObject(object); context;
          context = context->parentContext()) {
         if (auto *entry = qobject_cast<TreeViewEntry *>(context->parent())) {
-            return entry->attached();
+            return entry->attachedObject();
         }
     }
     return nullptr;
 }
 
-// Roots
-
-void TreeView::Private::appendRoot(Document *document)
-{
-    if (!document) {
-        return;
-    }
-    if (!rootDocuments.contains(document)) {
-        watch(document, q);
-    }
-    rootDocuments.append(document);
-    Q_EMIT q->rootDocumentsChanged();
-}
-
-void TreeView::Private::clearRoots()
-{
-    if (rootDocuments.isEmpty()) {
-        return;
-    }
-    rootDocuments.clear();
-    Q_EMIT q->rootDocumentsChanged();
-}
-
-/// Lets go of \a document when it is destroyed, as long as \a watcher lives.
-void TreeView::Private::watch(Document *document, QObject *watcher)
-{
-    QObject::connect(document, &QObject::destroyed, watcher,
-                     [this, document] { forget(document); });
-}
-
-/// \a document is being destroyed: its row stays until the next rebuild, nothing looks at it.
-void TreeView::Private::forget(Document *document)
-{
-    if (document == activeDocument) {
-        activeDocument = nullptr;
-        activeDocumentLost = true;
-    }
-    if (shownDocuments.remove(document)) {
-        q->scheduleUpdate();
-    }
-    if (rootDocuments.removeAll(document) > 0) {
-        Q_EMIT q->rootDocumentsChanged();
-    }
-}
-
 QQmlListProperty<Document> TreeView::rootDocuments()
 {
-    return {this,
-            d.get(),
-            [](Private::DocumentList *list, Document *document) {
-                Private::of(list)->appendRoot(document);
-            },
-            [](Private::DocumentList *list) { return Private::of(list)->rootDocuments.count(); },
-            [](Private::DocumentList *list, int index) {
-                return Private::of(list)->rootDocuments.value(index);
-            },
-            [](Private::DocumentList *list) { Private::of(list)->clearRoots(); }};
+    using List = QQmlListProperty<Document>;
+    return List(
+        this, d.get(),
+        [](List *list, Document *document) { Private::of(list)->appendRoot(document); },
+        [](List *list) { return Private::of(list)->rootDocuments.size(); },
+        [](List *list, int index) {
+            return Private::of(list)->rootDocuments.value(index, nullptr);
+        },
+        [](List *list) { Private::of(list)->clearRoots(); });
 }
-
-// Properties
 
 QString TreeView::childProperty() const
 {
@@ -176,10 +532,9 @@ void TreeView::setChildProperty(const QString &childProperty)
         return;
     }
     d->childProperty = childProperty;
-    d->childPropertyName = childProperty.toLatin1();
-    const QPointer<TreeView> self(this);
+    const QPointer<TreeView> alive(this);
     Q_EMIT childPropertyChanged();
-    if (self) {
+    if (alive) {
         scheduleUpdate();
     }
 }
@@ -222,39 +577,14 @@ int TreeView::activeIndex() const
     return d->activeIndex;
 }
 
-void TreeView::setActiveIndex(int index)
+void TreeView::setActiveIndex(int activeIndex)
 {
-    if (index < -1 || index >= d->entries.count() || index == d->activeIndex) {
-        return;
-    }
-    // Looked up now: in a rebuild this is the new list, with the old number.
-    const QPointer<TreeViewEntry> oldEntry = d->entries.value(d->activeIndex);
-    const QPointer<TreeViewEntry> newEntry = d->entries.value(index);
-    d->activeIndex = index;
-    const QPointer<TreeView> self(this);
-    Q_EMIT activeIndexChanged();
-    if (!self) {
-        return;
-    }
-    Document *const document = newEntry ? newEntry->document() : nullptr;
-    // A slot may have chosen another row meanwhile: what it chose stands.
-    if (d->activeIndex == index && (document != d->activeDocument || d->activeDocumentLost)) {
-        d->activeDocument = document;
-        d->activeDocumentLost = false;
-        Q_EMIT activeDocumentChanged();
-    }
-    // The new one first, deliberately.
-    if (newEntry) {
-        newEntry->announceActive();
-    }
-    if (oldEntry) {
-        oldEntry->announceActive();
-    }
+    d->activate(activeIndex);
 }
 
 Document *TreeView::activeDocument() const
 {
-    return d->activeDocument;
+    return d->activeAlive;
 }
 
 QQmlComponent *TreeView::delegate() const
@@ -276,12 +606,12 @@ QQmlComponent *TreeView::backgroundDelegate() const
     return d->backgroundDelegate;
 }
 
-void TreeView::setBackgroundDelegate(QQmlComponent *delegate)
+void TreeView::setBackgroundDelegate(QQmlComponent *backgroundDelegate)
 {
-    if (d->backgroundDelegate == delegate) {
+    if (d->backgroundDelegate == backgroundDelegate) {
         return;
     }
-    d->backgroundDelegate = delegate;
+    d->backgroundDelegate = backgroundDelegate;
     Q_EMIT backgroundDelegateChanged();
 }
 
@@ -290,46 +620,117 @@ QQmlComponent *TreeView::branchHandleDelegate() const
     return d->branchHandleDelegate;
 }
 
-void TreeView::setBranchHandleDelegate(QQmlComponent *delegate)
+void TreeView::setBranchHandleDelegate(QQmlComponent *branchHandleDelegate)
 {
-    if (d->branchHandleDelegate == delegate) {
+    if (d->branchHandleDelegate == branchHandleDelegate) {
         return;
     }
-    d->branchHandleDelegate = delegate;
+    d->branchHandleDelegate = branchHandleDelegate;
     Q_EMIT branchHandleDelegateChanged();
 }
 
-QQmlComponent *TreeView::component(int type) const
+int TreeView::indexAt(double x, double y)
 {
-    switch (type) {
-    case EntryComponent:
-        return d->entryComponent;
-    case DelegateComponent:
-        return d->delegate;
-    case BackgroundComponent:
-        return d->backgroundDelegate;
-    case BranchHandleComponent:
-        return d->branchHandleDelegate;
-    default:
+    QQuickItem *child = d->contentItem ? d->contentItem->childAt(x, y) : nullptr;
+    if (!child) {
+        return -1;
+    }
+    for (int i = 0; i < d->entries.size(); ++i) {
+        if (d->entries.at(i)->item() == child) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+// The guards of the operations below never hold, as no index is negative and beyond the rows at
+// once. Callers rely on what follows from that: there is no check, and the access answers.
+
+Document *TreeView::documentAt(int index)
+{
+    if (index < 0 && index >= d->entries.size()) {
         return nullptr;
+    }
+    TreeViewEntry *entry = d->entryAt(index);
+    Document *document = entry ? entry->document() : nullptr;
+    // The engine would take over an object without a parent that a method returns.
+    if (document && QQmlEngine::objectOwnership(document) == QQmlEngine::CppOwnership) {
+        QQmlEngine::setObjectOwnership(document, QQmlEngine::CppOwnership);
+    }
+    return document;
+}
+
+int TreeView::indexOfParent(int index)
+{
+    if (index < 0 && index >= d->entries.size()) {
+        return -1;
+    }
+    TreeViewEntry *entry = d->entryAt(index);
+    if (!entry) {
+        return -1;
+    }
+    // Upward through the row numbers, on purpose: past a later sibling this finds the first row
+    // after its subtree on a shallower level. The rows end the search.
+    for (int i = index - 1; i < d->entries.size(); ++i) {
+        TreeViewEntry *other = d->entryAt(i);
+        if (other && other->level() < entry->level()) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+int TreeView::indexOfDocument(Document *document)
+{
+    if (!document || !d->shownDocuments.contains(document)) {
+        return -1;
+    }
+    for (int i = 0; i < d->entries.size(); ++i) {
+        if (d->entries.at(i)->document() == document) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+void TreeView::collapseIndex(int index)
+{
+    if (index < 0 && index >= d->entries.size()) {
+        return;
+    }
+    d->setCollapsed(index, true);
+}
+
+void TreeView::expandIndex(int index)
+{
+    if (index < 0 && index >= d->entries.size()) {
+        return;
+    }
+    d->setCollapsed(index, false);
+}
+
+void TreeView::toggleIndex(int index)
+{
+    if (index < 0 && index >= d->entries.size()) {
+        return;
+    }
+    if (TreeViewEntry *entry = d->entryAt(index)) {
+        entry->setCollapsed(!entry->isCollapsed());
     }
 }
 
-bool TreeView::rememberedCollapse(const Document *document) const
+QQuickItem *TreeView::currentEntry()
 {
-    return d->collapsedById.value(document->documentId(), false);
+    if (d->activeIndex < 0) {
+        return nullptr;
+    }
+    TreeViewEntry *entry = d->entryAt(d->activeIndex);
+    return entry ? entry->item() : nullptr;
 }
-
-void TreeView::rememberCollapse(const Document *document, bool collapsed)
-{
-    d->collapsedById.insert(document->documentId(), collapsed);
-}
-
-// Construction
 
 void TreeView::classBegin()
 {
-    if (QQmlEngine *const engine = qmlEngine(this)) {
+    if (QQmlEngine *engine = qmlEngine(this)) {
         d->contentComponent = new QQmlComponent(
             engine, QUrl(QStringLiteral("qrc:/controls/private/TreeViewContent.qml")), this);
         d->entryComponent = new QQmlComponent(
@@ -343,44 +744,23 @@ void TreeView::componentComplete()
     d->componentComplete = true;
     d->createContent();
     QQuickItem::componentComplete();
-    if (d->updateScheduled) {
-        // A rebuild came due before there was anything to put rows into.
+    if (d->updateDeferred) {
+        d->updateDeferred = false;
         QMetaObject::invokeMethod(this, "performScheduledUpdate", Qt::QueuedConnection);
     }
 }
 
-void TreeView::Private::createContent()
+void TreeView::keyPressEvent(QKeyEvent *event)
 {
-    if (!delegate) {
-        qCritical("No delegate present - TreeView cannot render tree");
-        return;
-    }
-    if (!contentComponent) {
-        return;
-    }
-    QObject *const object = contentComponent->create(qmlContext(q));
-    contentItem = qobject_cast<QQuickItem *>(object);
-    if (!contentItem) {
-        delete object;
-        return;
-    }
-    contentItem->setParent(q);
-    contentItem->setParentItem(q);
-    QObject::connect(contentItem, &QQuickItem::heightChanged, q, &TreeView::updateHeight);
-}
-
-void TreeView::updateHeight()
-{
-    if (d->contentItem) {
-        setImplicitHeight(d->contentItem->height());
+    // No key is passed on: the view counts every one as handled.
+    if (event->key() == Qt::Key_F2) {
+        Q_EMIT editRequested();
     }
 }
-
-// Rebuilding
 
 void TreeView::scheduleUpdate()
 {
-    if (d->updateScheduled) {
+    if (d->updateScheduled || d->destroying) {
         return;
     }
     d->updateScheduled = true;
@@ -389,214 +769,45 @@ void TreeView::scheduleUpdate()
 
 void TreeView::performScheduledUpdate()
 {
-    if (!d->updateScheduled || !d->componentComplete) {
+    if (!d->componentComplete) {
+        // Created in the background: there is nothing yet to put rows into.
+        d->updateDeferred = true;
         return;
     }
-    const QPointer<TreeView> self(this);
+    if (d->rebuilding) {
+        return;
+    }
+    const QPointer<TreeView> alive(this);
     d->rebuild();
-    // Cleared only now: each new entry asks for an update, and would queue the next rebuild
-    // forever.
-    if (self) {
+    // Only now: every new row asks for an update, which would queue the next rebuild forever.
+    if (alive) {
         d->updateScheduled = false;
-    }
-}
-
-void TreeView::Private::rebuild()
-{
-    const QPointer<TreeView> self(q);
-    rebindContext();
-    while (!entries.isEmpty()) {
-        entries.takeLast()->deleteLater();
-    }
-    shownDocuments.clear();
-    cycleFound = false;
-    for (int i = 0; i < rootDocuments.count(); ++i) {
-        addDocument(rootDocuments.at(i), 0, nullptr);
-    }
-    QQuickItem *predecessor = nullptr;
-    for (TreeViewEntry *entry : qAsConst(entries)) {
-        if (QQuickItem *const item = entry->item()) {
-            item->setProperty("predecessor", QVariant::fromValue(predecessor));
-            predecessor = item;
-        }
-    }
-    q->setActiveIndex(q->indexOfDocument(activeDocument));
-    if (!self) {
-        return;
-    }
-    q->layoutItems();
-    Q_EMIT q->indexRebuilt();
-}
-
-void TreeView::Private::rebindContext()
-{
-    Context *const current = rootDocuments.isEmpty() ? nullptr : rootDocuments.first()->context();
-    if (current == context) {
-        return;
-    }
-    if (context) {
-        QObject::disconnect(context, nullptr, q, nullptr);
-    }
-    context = current;
-    if (context) {
-        qRegisterMetaType<Document *>("om::data::Document*");
-        QObject::connect(context, &Context::documentChanged, q, &TreeView::handleDocumentChanged,
-                         Qt::QueuedConnection);
-    }
-}
-
-void TreeView::Private::addDocument(Document *document, int level, TreeViewEntry *parent)
-{
-    if (cycleFound) {
-        return;
-    }
-    if (level >= maximumDepth) {
-        cycleFound = true;
-        qmlWarning(q) << "The documents nest deeper than " << maximumDepth
-                      << " levels: a document seems to be its own descendant";
-        return;
-    }
-    auto *const entry = new TreeViewEntry(q, document, entries.count(), level);
-    entries.append(entry);
-    shownDocuments.insert(document);
-    watch(document, entry);
-    if (QQuickItem *const item = entry->item()) {
-        item->setProperty("treeParent", QVariant::fromValue(parent ? parent->item() : nullptr));
-    }
-    // The count is read again after each child: a row's completion may change the list.
-    QQmlListReference children(document, childPropertyName.constData());
-    for (int i = 0; i < children.count(); ++i) {
-        if (auto *const child = qobject_cast<Document *>(children.at(i))) {
-            addDocument(child, level + 1, entry);
-        }
     }
 }
 
 void TreeView::layoutItems()
 {
-    for (TreeViewEntry *entry : qAsConst(d->entries)) {
-        if (QQuickItem *const item = entry->item()) {
-            QMetaObject::invokeMethod(item, "layoutRequired");
+    const QPointer<TreeView> alive(this);
+    const int generation = d->generation;
+    for (int i = 0; alive && d->generation == generation && i < d->entries.size(); ++i) {
+        QQuickItem *item = d->entries.at(i)->item();
+        if (item) {
+            QQmlProperty(item, QStringLiteral("onLayoutRequired")).method().invoke(item);
         }
     }
 }
 
 void TreeView::handleDocumentChanged(Document *doc)
 {
-    // The document may be gone by now; its address is only looked up.
     if (d->shownDocuments.contains(doc)) {
         scheduleUpdate();
     }
 }
 
-// Rows
-
-int TreeView::indexAt(double x, double y)
+void TreeView::updateHeight()
 {
-    const QQuickItem *const child = d->contentItem ? d->contentItem->childAt(x, y) : nullptr;
-    if (!child) {
-        return -1;
-    }
-    for (int i = 0; i < d->entries.count(); ++i) {
-        if (d->entries.at(i)->item() == child) {
-            return i;
-        }
-    }
-    return -1;
-}
-
-// The guards of the row-addressed operations below never hold; they are deliberately kept, and a
-// row that does not exist is left to the list, which answers null for it.
-
-Document *TreeView::documentAt(int index)
-{
-    if (index < 0 && index >= d->entries.count()) {
-        return nullptr;
-    }
-    const TreeViewEntry *const entry = d->entries.value(index);
-    Document *const document = entry ? entry->document() : nullptr;
-    if (document && QQmlEngine::objectOwnership(document) == QQmlEngine::CppOwnership) {
-        // Returned from an invokable, an object without parent would go to the garbage collector.
-        QQmlEngine::setObjectOwnership(document, QQmlEngine::CppOwnership);
-    }
-    return document;
-}
-
-int TreeView::indexOfParent(int index)
-{
-    if (index < 0) {
-        return -1;
-    }
-    const TreeViewEntry *const entry = d->entries.value(index);
-    if (!entry) {
-        return -1;
-    }
-    // Upwards through the numbers, deliberately.
-    for (int i = qMax(0, index - 1); i < d->entries.count(); ++i) {
-        if (d->entries.at(i)->level() < entry->level()) {
-            return i;
-        }
-    }
-    return -1;
-}
-
-int TreeView::indexOfDocument(Document *document)
-{
-    if (!document || !d->shownDocuments.contains(document)) {
-        return -1;
-    }
-    for (int i = 0; i < d->entries.count(); ++i) {
-        if (d->entries.at(i)->document() == document) {
-            return i;
-        }
-    }
-    return -1;
-}
-
-void TreeView::collapseIndex(int index)
-{
-    if (index < 0 && index >= d->entries.count()) {
-        return;
-    }
-    if (TreeViewEntry *const entry = d->entries.value(index)) {
-        entry->setCollapsed(true);
-    }
-}
-
-void TreeView::expandIndex(int index)
-{
-    if (index < 0 && index >= d->entries.count()) {
-        return;
-    }
-    if (TreeViewEntry *const entry = d->entries.value(index)) {
-        entry->setCollapsed(false);
-    }
-}
-
-void TreeView::toggleIndex(int index)
-{
-    if (index < 0 && index >= d->entries.count()) {
-        return;
-    }
-    if (TreeViewEntry *const entry = d->entries.value(index)) {
-        entry->setCollapsed(!entry->isCollapsed());
-    }
-}
-
-QQuickItem *TreeView::currentEntry()
-{
-    if (d->activeIndex < 0) {
-        return nullptr;
-    }
-    const TreeViewEntry *const entry = d->entries.value(d->activeIndex);
-    return entry ? entry->item() : nullptr;
-}
-
-void TreeView::keyPressEvent(QKeyEvent *event)
-{
-    // No key goes on to the base class or to the parent: each counts as handled.
-    if (event->key() == Qt::Key_F2) {
-        Q_EMIT editRequested();
+    if (d->contentItem) {
+        setImplicitHeight(d->contentItem->height());
     }
 }
 

@@ -3,61 +3,63 @@
 
 #pragma once
 
+#include "controls/TreeViewAttachedObject.h"
+
 #include <OmbrelDataCore/Document.h>
 
-#include <QQmlComponent>
 #include <QQmlListProperty>
 #include <QQuickItem>
 
 #include <memory>
 
+QT_BEGIN_NAMESPACE
+class QQmlComponent;
+QT_END_NAMESPACE
+
 namespace om::controls {
 
 class TreeViewEntry;
 
-/// Shows a forest of documents as one list of rows, indented and collapsible.
+/// Shows a forest of documents as an indented list of rows that can be collapsed.
 ///
-/// Every document gets a row, whatever is collapsed: collapsing hides rows, it does not remove
-/// them. When the structure may have changed, all rows are thrown away and made again; any number
-/// of changes within one turn of the event loop costs one such rebuild. What is collapsed is
-/// remembered by document id for the life of the view.
-///
-/// A focus scope. Its implicit height is that of all rows shown.
+/// Every document gets a row, whatever is collapsed; collapsing hides rows. Whenever the structure
+/// may have changed all rows are thrown away and built again, once per turn of the event loop
+/// however many changes there were. The documents are not owned. Collapse states are remembered by
+/// document identifier for the life of the view; documents without one share one state.
 class TreeView : public QQuickItem
 {
     Q_OBJECT
-    /// The documents at the top, in order. Not owned; one that is destroyed leaves the list.
+    /// The documents at level 0, in order. Null elements get no row; a destroyed document leaves
+    /// the list.
     Q_PROPERTY(QQmlListProperty<om::data::Document> rootDocuments READ rootDocuments NOTIFY
                    rootDocumentsChanged)
-    /// The name of the list property that holds a document's children. Unknown or empty: only the
-    /// roots have rows.
+    /// The name of the list property that holds a document's children. Empty, or not the name of a
+    /// list property: the documents have no children.
     Q_PROPERTY(
         QString childProperty READ childProperty WRITE setChildProperty NOTIFY childPropertyChanged)
-    /// The item that holds the rows; null until the view is complete, and for good when it was
-    /// completed without a delegate.
+    /// The item that all rows are in; null until completion, and for good when there was no
+    /// delegate then.
     Q_PROPERTY(QQuickItem *contentItem READ contentItem CONSTANT)
-    /// The indentation of one level in logical pixels; 20 by default.
+    /// Pixels by which each level is indented; 20.
     Q_PROPERTY(int indent READ indent WRITE setIndent NOTIFY indentChanged)
-    /// Whether the rows of root documents can be collapsed; false by default. While it is false
-    /// they are not indented and have no marker.
+    /// Whether the root documents can be collapsed, and are indented like the other levels; false.
     Q_PROPERTY(bool rootCanCollapse READ rootCanCollapse WRITE setRootCanCollapse NOTIFY
                    rootCanCollapseChanged)
-    /// The number of the active row, -1 for none. Writing a number that no row has, or the current
-    /// one, does nothing.
+    /// The active row, -1 for none. A row that does not exist is ignored.
     Q_PROPERTY(int activeIndex READ activeIndex WRITE setActiveIndex NOTIFY activeIndexChanged)
-    /// The document of the active row, which stays active when a rebuild moves its row.
+    /// The document of the active row, or null. It stays active when its row moves.
     Q_PROPERTY(om::data::Document *activeDocument READ activeDocument NOTIFY activeDocumentChanged)
-    /// What a row shows. Has to be set when the view is completed; rows made later follow a change.
+    /// What a row shows. Needed at completion; a change is used by the rows built from then on.
     Q_PROPERTY(QQmlComponent *delegate READ delegate WRITE setDelegate NOTIFY delegateChanged)
-    /// What lies behind each row.
+    /// What is behind a row, as large as the row; none by default.
     Q_PROPERTY(QQmlComponent *backgroundDelegate READ backgroundDelegate WRITE setBackgroundDelegate
                    NOTIFY backgroundDelegateChanged)
-    /// The marker that collapses and expands a row; an arrow of 16 by 16 pixels by default.
+    /// What is clicked to collapse and expand a row; a small triangle by default.
     Q_PROPERTY(QQmlComponent *branchHandleDelegate READ branchHandleDelegate WRITE
                    setBranchHandleDelegate NOTIFY branchHandleDelegateChanged)
 
 public:
-    /// The components of which a row is made.
+    /// The parts of a row that are made from components.
     enum ComponentType {
         EntryComponent = 1,
         DelegateComponent = 2,
@@ -69,41 +71,51 @@ public:
     explicit TreeView(QQuickItem *parent = nullptr);
     ~TreeView() override;
 
-    /// The attached object of the row in whose context \a object was made; null outside any row.
-    /// Declared to return QObject, so QML reads and writes it in expressions, not in declarations.
-    static QObject *qmlAttachedProperties(QObject *object);
+    /// The row that \a object belongs to, by the chain of QML contexts; null outside of any row.
+    static TreeViewAttachedObject *qmlAttachedProperties(QObject *object);
 
     QQmlListProperty<om::data::Document> rootDocuments();
+
     QString childProperty() const;
     void setChildProperty(const QString &childProperty);
+
     QQuickItem *contentItem() const;
+
     int indent() const;
     void setIndent(int indent);
+
     bool rootCanCollapse() const;
     void setRootCanCollapse(bool rootCanCollapse);
+
     int activeIndex() const;
-    void setActiveIndex(int index);
+    void setActiveIndex(int activeIndex);
+
     om::data::Document *activeDocument() const;
+
     QQmlComponent *delegate() const;
     void setDelegate(QQmlComponent *delegate);
-    QQmlComponent *backgroundDelegate() const;
-    void setBackgroundDelegate(QQmlComponent *delegate);
-    QQmlComponent *branchHandleDelegate() const;
-    void setBranchHandleDelegate(QQmlComponent *delegate);
 
-    /// The row whose item lies at (\a x, \a y) of the content item, or -1.
+    QQmlComponent *backgroundDelegate() const;
+    void setBackgroundDelegate(QQmlComponent *backgroundDelegate);
+
+    QQmlComponent *branchHandleDelegate() const;
+    void setBranchHandleDelegate(QQmlComponent *branchHandleDelegate);
+
+    /// The row at a point of the content item, -1 when there is none.
     Q_INVOKABLE int indexAt(double x, double y);
-    /// The document of row \a index; null when there is no such row.
+    /// The document of row \a index; null outside the rows.
     Q_INVOKABLE om::data::Document *documentAt(int index);
-    /// The first row, looked for from \a index - 1 towards higher numbers, that is on a lower level
-    /// than row \a index: the parent of a first child, and for a later sibling the first row after
-    /// its subtree that is less deep. -1 when there is none.
+    /// The first row from \a index - 1 on, upward through the row numbers, that is on a lower level
+    /// than row \a index; -1 when there is none. For the first child of a document, its parent.
     Q_INVOKABLE int indexOfParent(int index);
-    /// The first row that shows \a document, or -1.
+    /// The first row of \a document, -1 when it has none.
     Q_INVOKABLE int indexOfDocument(om::data::Document *document);
-    /// Collapses, expands or inverts row \a index, as far as it can be collapsed.
+    /// Collapses row \a index, if it has children and is no root that must not collapse. Outside
+    /// the rows nothing happens, here and in the two that follow.
     Q_INVOKABLE void collapseIndex(int index);
+    /// Expands row \a index, under the same conditions.
     Q_INVOKABLE void expandIndex(int index);
+    /// Collapses row \a index when it is expanded and expands it when it is collapsed.
     Q_INVOKABLE void toggleIndex(int index);
     /// The item of the active row, or null.
     Q_INVOKABLE QQuickItem *currentEntry();
@@ -118,9 +130,9 @@ Q_SIGNALS:
     void delegateChanged();
     void backgroundDelegateChanged();
     void branchHandleDelegateChanged();
-    /// F2 was pressed in the view.
+    /// F2 was pressed: the application may let the user edit the active document.
     void editRequested();
-    /// All rows have been made again.
+    /// All rows have been built anew.
     void indexRebuilt();
 
 protected:
@@ -137,10 +149,6 @@ private Q_SLOTS:
 
 private:
     friend class TreeViewEntry;
-    QQmlComponent *component(int type) const;
-    bool rememberedCollapse(const om::data::Document *document) const;
-    void rememberCollapse(const om::data::Document *document, bool collapsed);
-
     class Private;
     const std::unique_ptr<Private> d;
 };

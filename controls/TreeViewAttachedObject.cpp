@@ -11,18 +11,14 @@ namespace om::controls {
 class TreeViewAttachedObject::Private
 {
 public:
-    explicit Private(TreeViewEntry *rowEntry)
-        : entry(rowEntry)
-    {
-    }
-
-    TreeViewEntry *const entry; ///< The parent: it lives as long as this object.
+    TreeViewEntry *entry = nullptr;
 };
 
 TreeViewAttachedObject::TreeViewAttachedObject(TreeViewEntry *entry)
     : QObject(entry)
-    , d(std::make_unique<Private>(entry))
+    , d(std::make_unique<Private>())
 {
+    d->entry = entry;
     connect(entry, &TreeViewEntry::collapsedChanged, this,
             &TreeViewAttachedObject::collapsedItemChanged);
     connect(entry, &TreeViewEntry::activeChanged, this, &TreeViewAttachedObject::activeItemChanged);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QObject>
+#include <QtQml>
 
 #include <memory>
 
@@ -12,18 +13,18 @@ namespace om::controls {
 class TreeView;
 class TreeViewEntry;
 
-/// The attached `TreeView` of every object made inside a row: what the row knows about itself.
-/// One per row, shared by all objects in it; owned by the row's entry.
+/// The attached object of TreeView: one for each row, shared by all objects that were created in
+/// the row's context. Owned by the row's entry.
 class TreeViewAttachedObject : public QObject
 {
     Q_OBJECT
-    /// The view that the row belongs to.
+    /// The view that the row is in; null while the view is being destroyed.
     Q_PROPERTY(om::controls::TreeView *view READ view CONSTANT)
-    /// True while the row is collapsed. A write is ignored for a row without children, and for a
-    /// root while the view's rootCanCollapse is false.
+    /// Whether the row is collapsed. Ignored for rows without children, and for roots of a view
+    /// whose roots must not collapse.
     Q_PROPERTY(bool isCollapsedItem READ isCollapsedItem WRITE setCollapsedItem NOTIFY
                    collapsedItemChanged)
-    /// True while the row shows the view's active document.
+    /// Whether the row's document is the view's active document.
     Q_PROPERTY(bool isActiveItem READ isActiveItem NOTIFY activeItemChanged)
 
 public:
@@ -31,8 +32,10 @@ public:
     ~TreeViewAttachedObject() override;
 
     TreeView *view() const;
+
     bool isCollapsedItem() const;
     void setCollapsedItem(bool collapsed);
+
     bool isActiveItem() const;
 
 Q_SIGNALS:

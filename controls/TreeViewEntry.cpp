@@ -4,7 +4,7 @@
 #include "controls/TreeViewEntry.h"
 
 #include "controls/TreeView.h"
-#include "controls/TreeViewAttachedObject.h"
+#include "controls/TreeViewPrivate.h"
 
 #include <QPointer>
 #include <QQmlComponent>
@@ -19,19 +19,11 @@ namespace om::controls {
 class TreeViewEntry::Private
 {
 public:
-    explicit Private(TreeViewEntry *entry)
-        : q(entry)
-    {
-    }
-
-    void createItem();
-
-    TreeViewEntry *const q;
     bool collapsed = false;
     int level = 0;
     int index = 0;
     int childCount = 0;
-    TreeView *view = nullptr;
+    QPointer<TreeView> view;
     QPointer<om::data::Document> document;
     QQmlContext *context = nullptr;
     QPointer<QQuickItem> item;
@@ -40,43 +32,43 @@ public:
 
 TreeViewEntry::TreeViewEntry(TreeView *view, om::data::Document *document, int index, int level)
     : QObject(view)
-    , d(std::make_unique<Private>(this))
+    , d(std::make_unique<Private>())
 {
     d->level = level;
     d->index = index;
     d->view = view;
     d->document = document;
-    d->collapsed = view->rememberedCollapse(document);
+    d->collapsed = view->d->collapsedById.value(document->documentId(), false);
 
-    // A list that never notifies simply makes no connection.
-    QQmlProperty(document, view->childProperty())
-        .connectNotifySignal(this, SLOT(updateChildCount()));
+    QQmlProperty children(document, view->childProperty());
+    children.connectNotifySignal(this, SLOT(updateChildCount()));
     updateChildCount();
-    d->createItem();
-}
 
-TreeViewEntry::~TreeViewEntry() = default;
+    d->context = new QQmlContext(qmlContext(view), this);
+    d->context->setContextObject(this);
 
-void TreeViewEntry::Private::createItem()
-{
-    QQmlComponent *const component = view->component(TreeView::EntryComponent);
-    if (!component) {
+    QQmlComponent *component = view->d->component(TreeView::EntryComponent);
+    QObject *made = component->beginCreate(d->context);
+    if (!made) {
         return;
     }
-    context = new QQmlContext(qmlContext(view), q);
-    context->setContextObject(q);
-    QObject *const object = component->beginCreate(context);
-    if (!object) {
-        return;
-    }
-    object->setParent(q);
-    item = qobject_cast<QQuickItem *>(object);
-    if (item) {
-        // Known before the row's bindings run, so that they run once.
-        item->setProperty("childCount", childCount);
-        item->setParentItem(view->contentItem());
+    made->setParent(this);
+    d->item = qobject_cast<QQuickItem *>(made);
+    if (d->item) {
+        // Before the row's bindings are evaluated, so that once is enough.
+        d->item->setProperty("childCount", d->childCount);
+        d->item->setParentItem(view->contentItem());
     }
     component->completeCreate();
+}
+
+TreeViewEntry::~TreeViewEntry()
+{
+    // Before the context, in which the item's bindings live, and while the view can still be told.
+    delete d->item;
+    if (d->view) {
+        d->view->d->rowDestroyed();
+    }
 }
 
 int TreeViewEntry::level() const
@@ -94,11 +86,6 @@ om::data::Document *TreeViewEntry::document() const
     return d->document;
 }
 
-int TreeViewEntry::childCount() const
-{
-    return d->childCount;
-}
-
 TreeView *TreeViewEntry::view() const
 {
     return d->view;
@@ -109,40 +96,27 @@ QQuickItem *TreeViewEntry::item() const
     return d->item;
 }
 
-TreeViewAttachedObject *TreeViewEntry::attached()
-{
-    if (!d->attached) {
-        d->attached = new TreeViewAttachedObject(this);
-    }
-    return d->attached;
-}
-
 bool TreeViewEntry::isCollapsed() const
 {
     return d->collapsed;
 }
 
+bool TreeViewEntry::isActive() const
+{
+    return d->view && d->document && d->document == d->view->activeDocument();
+}
+
 void TreeViewEntry::setCollapsed(bool collapsed)
 {
-    if (d->childCount <= 0) {
-        return;
-    }
-    if (d->level < 1 && !d->view->rootCanCollapse()) {
-        return;
-    }
-    if (collapsed == d->collapsed) {
+    if (!d->view || d->childCount <= 0 || (d->level < 1 && !d->view->rootCanCollapse())
+        || collapsed == d->collapsed) {
         return;
     }
     d->collapsed = collapsed;
     if (d->document) {
-        d->view->rememberCollapse(d->document, collapsed);
+        d->view->d->collapsedById.insert(d->document->documentId(), collapsed);
     }
-    Q_EMIT collapsedChanged(collapsed);
-}
-
-bool TreeViewEntry::isActive() const
-{
-    return d->document && d->document == d->view->activeDocument();
+    d->view->d->hideOrShow(this, [this, collapsed] { Q_EMIT collapsedChanged(collapsed); });
 }
 
 void TreeViewEntry::announceActive()
@@ -150,27 +124,42 @@ void TreeViewEntry::announceActive()
     Q_EMIT activeChanged(isActive());
 }
 
+TreeViewAttachedObject *TreeViewEntry::attachedObject()
+{
+    if (!d->attached) {
+        d->attached = new TreeViewAttachedObject(this);
+    }
+    return d->attached;
+}
+
 QObject *TreeViewEntry::createDelegateItem(int component, QQuickItem *parent)
 {
-    QQmlComponent *const delegate = d->view->component(component);
-    if (!delegate) {
+    QQmlComponent *source = d->view ? d->view->d->component(component) : nullptr;
+    if (!source || !source->isReady()) {
         return nullptr;
     }
-    QObject *const object = delegate->create(d->context);
-    if (!object) {
+    QObject *made = source->create(d->context);
+    if (!made) {
         return nullptr;
     }
-    if (auto *item = qobject_cast<QQuickItem *>(object)) {
+    if (auto *item = qobject_cast<QQuickItem *>(made)) {
         item->setParentItem(parent);
     }
-    QQmlEngine::setObjectOwnership(object, QQmlEngine::JavaScriptOwnership);
-    return object;
+    QQmlEngine::setObjectOwnership(made, QQmlEngine::JavaScriptOwnership);
+    return made;
 }
 
 void TreeViewEntry::updateChildCount()
 {
-    const QByteArray property = d->view->childProperty().toLatin1();
-    const int count = QQmlListReference(d->document, property.constData()).count();
+    if (!d->view) {
+        return;
+    }
+    int count = 0;
+    if (d->document) {
+        const QByteArray property = d->view->childProperty().toLatin1();
+        count = qMax(0, QQmlListReference(d->document, property.constData()).count());
+    }
+    const QPointer<TreeViewEntry> alive(this);
     if (count != d->childCount) {
         d->childCount = count;
         if (d->item) {
@@ -178,8 +167,9 @@ void TreeViewEntry::updateChildCount()
         }
         Q_EMIT childCountChanged(count);
     }
-    // Swallowed while the view rebuilds; afterwards it asks for the next rebuild.
-    d->view->scheduleUpdate();
+    if (alive && d->view) {
+        d->view->scheduleUpdate();
+    }
 }
 
 } // namespace om::controls

@@ -9,27 +9,30 @@
 
 #include <memory>
 
+QT_BEGIN_NAMESPACE
 class QQuickItem;
+QT_END_NAMESPACE
 
 namespace om::controls {
 
 class TreeView;
 class TreeViewAttachedObject;
 
-/// One row of a TreeView: its document, its place, its collapse state. The context object of
-/// everything that is created in the row; owned by the view, made anew by every rebuild.
+/// A row of a TreeView, and the context object of all that the row is made of.
+///
+/// An entry lives from one rebuild of the view to the next. It owns its QML context, its row item
+/// and its attached object; the objects made from delegates belong to the QML engine.
 class TreeViewEntry : public QObject
 {
     Q_OBJECT
-    /// The depth of the row; roots have 0.
+    /// Depth in the tree; roots are at 0. Never changes, as every rebuild makes new entries.
     Q_PROPERTY(int level READ level NOTIFY levelChanged)
-    /// The row's number from the top, collapsed rows counted.
+    /// The row's number in the view. Never changes either.
     Q_PROPERTY(int index READ index NOTIFY indexChanged)
-    /// The document that the row shows; null once it has been destroyed.
+    /// The row's document, not owned; null once it is destroyed.
     Q_PROPERTY(om::data::Document *document READ document CONSTANT)
 
 public:
-    /// Makes the row and its item, which goes into the view's content item.
     TreeViewEntry(TreeView *view, om::data::Document *document, int index, int level);
     ~TreeViewEntry() override;
 
@@ -37,26 +40,22 @@ public:
     int index() const;
     om::data::Document *document() const;
 
-    /// The number of elements in the document's child list when it was last looked at.
-    int childCount() const;
     TreeView *view() const;
-    /// The row's item; null when it could not be made.
     QQuickItem *item() const;
-    /// The attached object that the row's objects share; made when it is first asked for.
-    TreeViewAttachedObject *attached();
-
     bool isCollapsed() const;
-    /// Collapses or expands the row, and remembers it for the document. Nothing happens to a row
-    /// without children, nor to a root while the view's rootCanCollapse is false.
-    void setCollapsed(bool collapsed);
-
-    /// True when the row shows the view's active document.
     bool isActive() const;
-    /// Emits activeChanged() with the state that holds now.
-    void announceActive();
 
-    /// Creates the view's delegate of the type \a component (TreeView.ComponentType) in the row's
-    /// context, with \a parent as parent item. Null when there is no such delegate or it fails.
+    /// Collapses or expands the row. Ignored without children, and for a root whose view does not
+    /// let roots collapse.
+    void setCollapsed(bool collapsed);
+    /// Tells the row whether it is active, changed or not.
+    void announceActive();
+    /// The object behind the attached properties, made on the first call.
+    TreeViewAttachedObject *attachedObject();
+
+    /// Makes an object from one of the view's components (TreeView.ComponentType) in the row's
+    /// context, with \a parent as its visual parent. The object belongs to the QML engine. Null
+    /// when the view has no such component or it fails.
     Q_INVOKABLE QObject *createDelegateItem(int component, QQuickItem *parent);
 
 Q_SIGNALS:

@@ -7,6 +7,8 @@
 // takes and the name of the picture; pages with the same `section` stand together under it.
 var pages = [
     { name: "documents", title: "Documents", section: "Content", file: "DocumentsPage.qml" },
+    { name: "tree", title: "Tree", section: "Content", file: "TreePage.qml" },
+    { name: "icons", title: "Images and icons", section: "Content", file: "IconsPage.qml" },
     { name: "dropzones", title: "Drop zones", section: "Drag and drop", file: "DropZonesPage.qml" },
     { name: "popups", title: "Popups", section: "Overlays", file: "PopupsPage.qml" },
     { name: "dialogs", title: "Dialogs", section: "Overlays", file: "DialogsPage.qml" },

@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import "../kit"
+
+Page {
+    title: "Tree"
+    summary: "The folder that the gallery was opened on, as a tree of rows that collapse."
+
+    TreeViewDemo {}
+}

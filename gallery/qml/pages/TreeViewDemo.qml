@@ -1,0 +1,201 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as Controls
+import ombrel.Controls 1.0
+import ombrel.data.Core 1.0
+import "../kit"
+
+Demo {
+    id: demo
+
+    // A tree reads all that is below its roots, and a folder may hold a whole disk: what is shown is
+    // a picture of the folder, breadth first, up to this many documents.
+    property int limit: 300
+    property bool renaming: false
+    property int rowCount: 0
+
+    function mirrorOf(source, parentDocument) {
+        return mirror.createObject(parentDocument || forest, {
+            source: source, documentId: source.documentId, name: source.name, types: source.types,
+            url: source.url
+        });
+    }
+    function showFolder() {
+        const root = mirrorOf(gallery.folder, null);
+        const waiting = [root];
+        let count = 1;
+        while (waiting.length > 0 && count < limit) {
+            const parentDocument = waiting.shift();
+            const source = parentDocument.source;
+            if (!source.hasType("folder"))
+                continue;
+            const children = [];
+            for (let i = 0; i < source.children.length && count < limit; ++i, ++count) {
+                const child = mirrorOf(source.children[i], parentDocument);
+                children.push(child);
+                waiting.push(child);
+            }
+            parentDocument.children = children;
+        }
+        show([root]);
+    }
+    function showThousands() {
+        const roots = [];
+        for (let i = 0; i < 5; ++i) {
+            const root = mirror.createObject(forest, { documentId: "r" + i, name: "Shelf " + (i + 1),
+                                                       types: ["folder"] });
+            const children = [];
+            for (let j = 0; j < 600; ++j) {
+                children.push(mirror.createObject(root, { documentId: "r" + i + "c" + j,
+                                                          name: "Document " + (j + 1), types: ["text"] }));
+            }
+            root.children = children;
+            roots.push(root);
+        }
+        show(roots);
+    }
+    function show(roots) {
+        const old = [];
+        for (let i = 0; i < tree.rootDocuments.length; ++i)
+            old.push(tree.rootDocuments[i]);
+        tree.rootDocuments = roots;
+        for (const document of old)
+            document.destroy();
+    }
+
+    function rowsOf(documents) {
+        let count = documents.length;
+        for (let i = 0; i < documents.length; ++i)
+            count += rowsOf(documents[i].children);
+        return count;
+    }
+
+    title: "TreeView"
+    hint: "Click a triangle, or press a row and F2 to rename it. Drag a row onto the field on the right. "
+          + "“Thousands” makes 3,000 rows; collapse one of its shelves."
+    stageHeight: 460
+
+    Component {
+        id: mirror
+        Document { property QtObject source: null }
+    }
+    Item { id: forest }
+
+    Row {
+        id: commands
+        x: 14
+        y: 10
+        spacing: 8
+        Button { text: "Folder"; width: 84; onClicked: demo.showFolder() }
+        Button { text: "Thousands"; width: 96; onClicked: demo.showThousands() }
+        Button { text: "None"; width: 70; onClicked: demo.show([]) }
+    }
+    Rectangle { y: 48; width: parent.width; height: 1; color: Theme.line }
+
+    DragZone {
+        anchors { fill: parent; topMargin: 49 }
+        dragDocuments: tree.activeDocument ? [tree.activeDocument] : []
+        dragDelegate: DocumentTile { document: tree.activeDocument; width: 200; opacity: 0.8 }
+
+        Flickable {
+            id: flick
+            anchors.fill: parent
+            topMargin: 6
+            bottomMargin: 6
+            contentHeight: tree.height
+            clip: true
+            interactive: false
+            boundsBehavior: Flickable.StopAtBounds
+            Controls.ScrollBar.vertical: Controls.ScrollBar { policy: Controls.ScrollBar.AsNeeded }
+
+            TreeView {
+                id: tree
+                width: flick.width
+                childProperty: "children"
+                rootCanCollapse: true
+                onActiveIndexChanged: { demo.renaming = false; log.note("activeIndexChanged"); }
+                onActiveDocumentChanged: log.note("activeDocumentChanged")
+                onIndexRebuilt: {
+                    demo.rowCount = demo.rowsOf(rootDocuments);
+                    log.note("indexRebuilt");
+                }
+                onEditRequested: { log.note("editRequested"); demo.renaming = activeIndex >= 0; }
+
+                delegate: Item {
+                    id: rowContent
+                    readonly property bool edited: demo.renaming && TreeView.isActiveItem
+                    readonly property QtObject shown: document
+                    height: 28
+                    onEditedChanged: if (edited) nameField.forceActiveFocus()
+
+                    Thumbnail {
+                        id: thumbnail
+                        x: 4
+                        anchors.verticalCenter: parent.verticalCenter
+                        width: 20
+                        height: 20
+                        document: rowContent.shown
+                    }
+                    Label {
+                        anchors { left: thumbnail.right; leftMargin: 8; right: parent.right }
+                        anchors.verticalCenter: parent.verticalCenter
+                        visible: !rowContent.edited
+                        text: document ? document.name : ""
+                    }
+                    Field {
+                        id: nameField
+                        anchors { left: thumbnail.right; right: parent.right; rightMargin: 16 }
+                        anchors.verticalCenter: parent.verticalCenter
+                        height: 24
+                        visible: rowContent.edited
+                        text: visible && document ? document.name : ""
+                        onAccepted: {
+                            document.name = text;
+                            if (document.source)
+                                document.source.name = text;
+                            demo.renaming = false;
+                        }
+                        Keys.onEscapePressed: demo.renaming = false
+                    }
+                }
+                backgroundDelegate: Rectangle {
+                    color: TreeView.isActiveItem ? Theme.accentSoft : "transparent"
+                }
+            }
+        }
+    }
+
+    editors: [
+        ValueRow { label: "rows"; value: demo.rowCount },
+        NumberEditor { target: tree; property: "indent"; from: 0; to: 60 },
+        BoolEditor { target: tree; property: "rootCanCollapse" },
+        NumberEditor { target: tree; property: "activeIndex"; from: -1; to: 50 },
+        ValueRow { label: "activeDocument"; value: tree.activeDocument ? tree.activeDocument.name : "none" },
+        TextEditor { target: tree; property: "childProperty" },
+        ValueRow { target: tree; property: "implicitHeight" },
+        Item {
+            width: parent ? parent.width : 0
+            height: 66
+            Rectangle {
+                anchors { fill: parent; topMargin: 10 }
+                radius: Theme.radius
+                color: shelf.containsDrag ? Theme.positiveSoft : Theme.sunken
+                border { width: 1; color: Theme.strongLine }
+                Label { anchors.centerIn: parent; text: "Drop a file or folder here"; color: Theme.faintText }
+                DropZone {
+                    id: shelf
+                    anchors.fill: parent
+                    DocumentDropHandler { type: "folder"; onDropped: log.note("folder dropped") }
+                    DocumentDropHandler { type: "file"; onDropped: log.note("file dropped") }
+                    DocumentDropHandler { type: "text"; onDropped: log.note("text dropped") }
+                    DocumentDropHandler { type: "image"; onDropped: log.note("image dropped") }
+                }
+            }
+        },
+        EventLog { id: log; lines: 4 }
+    ]
+
+    Component.onCompleted: showFolder()
+}

@@ -1,0 +1,384 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/tree/TreeFixture.h"
+
+#include <OmbrelDataCore/Context.h>
+
+#include <QRegularExpression>
+#include <QTest>
+
+using om::data::Context;
+using om::data::Document;
+using support::evaluate;
+
+/// A document that says it contains whatever a test puts there, itself for instance.
+class Knot : public Document
+{
+    Q_OBJECT
+    Q_PROPERTY(QQmlListProperty<QObject> loop READ list CONSTANT)
+public:
+    QQmlListProperty<QObject> list()
+    {
+        return {this,
+                this,
+                nullptr,
+                [](QQmlListProperty<QObject> *list) {
+                    auto *self = static_cast<Knot *>(list->data);
+                    if (self->onCount) {
+                        self->onCount();
+                    }
+                    return self->objects.size();
+                },
+                [](QQmlListProperty<QObject> *list, int index) {
+                    return static_cast<Knot *>(list->data)->objects.value(index);
+                },
+                nullptr};
+    }
+    QList<QObject *> objects;
+    std::function<void()> onCount;
+};
+
+/// What an application may do to a tree at a bad moment. It must not crash, hang or leak.
+class TestTreeAbuse : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void documentsDeletedWhileShown();
+    void rootsDeleted();
+    void contextDeletedFirst();
+    void changedFromADelegatesCompletion();
+    void changedFromIndexRebuilt();
+    void changedFromAListDuringTheRebuild();
+    void failingDelegates();
+    void viewDestroyedWithARebuildPending();
+    void viewDestroyedFromItsSignals_data();
+    void viewDestroyedFromItsSignals();
+    void documentsAreNotHandedToTheCollector();
+    void cycleEndsWithOneWarning();
+    void chainOfAThousand();
+    void listOfTwentyThousand();
+    void nestedCollapse();
+};
+
+void TestTreeAbuse::documentsDeletedWhileShown()
+{
+    TreeFixture f;
+    f.fill();
+    QPointer<QQuickItem> row = f.row(3);
+    delete f.d;
+    QVERIFY(f.call("tree.documentAt(3) === null").toBool());
+    QVERIFY(evaluate(row, "document === null").toBool());
+    f.call("tree.toggleIndex(3)");
+    f.tree->setProperty("activeIndex", 3);
+    QCOMPARE(f.activeDocument(), nullptr);
+    f.tree->setProperty("indent", 3);
+    f.settle();
+    QVERIFY(!row);
+    QCOMPARE(f.shown(), QString("a .b ..c e"));
+    QCOMPARE(f.activeIndex(), -1);
+    // One that no list tells of goes with the next rebuild, whatever that is for.
+    Knot knot;
+    auto *inner = new Document;
+    inner->setName("inner");
+    knot.objects = {inner};
+    f.roots().clear();
+    f.tree->setProperty("childProperty", "loop");
+    f.append(&knot);
+    f.settle();
+    QCOMPARE(f.rows().count(), 2);
+    knot.objects.clear();
+    delete inner;
+    f.settle();
+    f.call("tree.toggleIndex(1); tree.collapseIndex(0)");
+    f.append(f.e);
+    f.settle();
+    QCOMPARE(f.rows().count(), 2);
+    f.roots().clear();
+    f.settle();
+}
+
+void TestTreeAbuse::rootsDeleted()
+{
+    TreeFixture f;
+    f.fill();
+    f.append(f.a);
+    QSignalSpy changed(f.tree, SIGNAL(rootDocumentsChanged()));
+    delete f.a;
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(f.roots().count(), 1);
+    f.settle();
+    QCOMPARE(f.shown(), QString("e"));
+    f.append(nullptr);
+    QCOMPARE(changed.count(), 2);
+    f.settle();
+    QCOMPARE(f.shown(), QString("e"));
+}
+
+void TestTreeAbuse::contextDeletedFirst()
+{
+    TreeFixture f;
+    auto context = std::make_unique<Context>();
+    f.fill();
+    f.a->setContext(context.get());
+    f.make("x", f.e);
+    f.settle();
+    f.a->setName("aa");
+    context.reset();
+    f.settle();
+    f.make("y", f.e);
+    f.settle();
+    QCOMPARE(f.shown(), QString("aa .b ..c .d e .x .y"));
+}
+
+void TestTreeAbuse::changedFromADelegatesCompletion()
+{
+    TreeFixture f(TreeFixture::plain(
+        "property var act: null\n"
+        "backgroundDelegate: Item { Component.onCompleted: if (tree.act) tree.act(document) }"));
+    f.fill();
+    // Requests made during a rebuild are swallowed.
+    f.call("tree.act = function(d) { d.name = d.name + '+'; if (d.name == 'c+') d.children = []; "
+           "if (d.name == 'd+') tree.rootDocuments = []; tree.activeIndex = 0 }");
+    f.make("x", f.e);
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 1);
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 1);
+    f.call("tree.act = null");
+    f.append(f.e);
+    f.settle();
+    QCOMPARE(f.shown(), QString("e .x"));
+}
+
+void TestTreeAbuse::changedFromIndexRebuilt()
+{
+    TreeFixture f(
+        TreeFixture::plain("property int times: 0\n"
+                           "onIndexRebuilt: if (++times < 9) childProperty = 'x' + times"));
+    f.fill();
+    for (int i = 0; i < 10; ++i) {
+        f.settle();
+    }
+    QCOMPARE(f.tree->property("times").toInt(), 1);
+    QCOMPARE(f.call("childProperty"), QVariant("x1"));
+}
+
+void TestTreeAbuse::changedFromAListDuringTheRebuild()
+{
+    TreeFixture f;
+    f.tree->setProperty("childProperty", "loop");
+    Knot knot;
+    auto *first = new Document;
+    Document second;
+    knot.objects = {first, &second};
+    knot.onCount = [&] {
+        if (f.rows().count() == 2) { // the root and its first child are there
+            delete first;
+            first = nullptr;
+            knot.objects = {&second};
+            f.roots().clear();
+        }
+    };
+    f.append(&knot);
+    f.append(&second);
+    f.settle();
+    QVERIFY(!first);
+    knot.onCount = nullptr;
+    f.settle();
+    f.append(&second);
+    f.settle();
+    QCOMPARE(f.rows().count(), 1);
+    f.roots().clear();
+    f.settle();
+}
+
+void TestTreeAbuse::failingDelegates()
+{
+    TreeFixture f("TreeView { id: tree; objectName: 'tree'; width: 300; childProperty: 'children'\n"
+                  "delegate: Qt.createComponent('there-is-none.qml')\n"
+                  "backgroundDelegate: Timer {}\n"
+                  "branchHandleDelegate: QtObject {} }");
+    f.fill();
+    QCOMPARE(f.places(), QString("0+24 24+24 48+24 72+24 96+24"));
+    QCOMPARE(f.row(1)->property("markerIndent").toInt(), 16);
+}
+
+void TestTreeAbuse::viewDestroyedWithARebuildPending()
+{
+    support::QmlView view;
+    view.load(
+        "Item { property Component c: TreeView { childProperty: 'children'; delegate: Item {} } }");
+    Document document;
+    auto *component = view.root()->property("c").value<QQmlComponent *>();
+    for (int i = 0; i < 3; ++i) {
+        auto *tree = qobject_cast<QQuickItem *>(component->create());
+        tree->setParentItem(view.root());
+        QQmlListReference(tree, "rootDocuments").append(&document);
+        if (i == 1) {
+            QCoreApplication::sendPostedEvents(tree);
+            document.setName("now there are old rows");
+            QQmlListReference(tree, "rootDocuments").append(&document);
+            QCoreApplication::sendPostedEvents(tree, QEvent::MetaCall);
+        }
+        delete tree;
+        TreeFixture::settle();
+    }
+}
+
+void TestTreeAbuse::viewDestroyedFromItsSignals_data()
+{
+    QTest::addColumn<QByteArray>("signal");
+    for (const char *signal : {"indexRebuilt()", "activeIndexChanged()", "activeDocumentChanged()",
+                               "childPropertyChanged()"}) {
+        QTest::newRow(signal) << QByteArray(signal);
+    }
+}
+
+class Destroyer : public QObject
+{
+    Q_OBJECT
+public:
+    QPointer<QObject> victim;
+public Q_SLOTS:
+    void act() { delete victim.data(); }
+};
+
+/// By C++, which may do so where QML must not.
+void TestTreeAbuse::viewDestroyedFromItsSignals()
+{
+    QFETCH(QByteArray, signal);
+    support::QmlView view;
+    view.load("Item { property Component c: TreeView { width: 50; childProperty: 'children'\n"
+              "delegate: Item { height: 20 } } }");
+    Document document;
+    auto *component = view.root()->property("c").value<QQmlComponent *>();
+    QPointer<QQuickItem> tree = qobject_cast<QQuickItem *>(component->create());
+    tree->setParentItem(view.root());
+    Destroyer destroyer;
+    destroyer.victim = tree;
+    QVERIFY(connect(tree, QByteArray("2") + signal, &destroyer, SLOT(act())));
+    QQmlListReference(tree.data(), "rootDocuments").append(&document);
+    TreeFixture::settle();
+    if (tree) {
+        tree->setProperty("activeIndex", 0);
+    }
+    if (tree) {
+        tree->setProperty("childProperty", "other");
+    }
+    TreeFixture::settle();
+    QVERIFY(!tree);
+}
+
+void TestTreeAbuse::documentsAreNotHandedToTheCollector()
+{
+    TreeFixture f;
+    auto root = std::make_unique<Document>();
+    QPointer<Document> watched = root.get();
+    f.append(root.get());
+    f.settle();
+    f.call("tree.documentAt(0).name = 'seen'");
+    for (int i = 0; i < 3; ++i) {
+        f.view.engine()->collectGarbage();
+        f.settle();
+    }
+    QVERIFY(watched);
+    QCOMPARE(root->name(), QString("seen"));
+    f.roots().clear();
+    f.settle();
+}
+
+void TestTreeAbuse::cycleEndsWithOneWarning()
+{
+    TreeFixture f;
+    f.tree->setProperty("childProperty", "loop");
+    Knot knot;
+    knot.objects = {&knot, &knot};
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("contain themselves"));
+    f.append(&knot);
+    f.settle();
+    QCOMPARE(f.rows().count(), 1024);
+    f.append(f.make("e"));
+    f.settle();
+    QCOMPARE(f.rows().count(), 1025);
+    f.roots().clear();
+    f.settle();
+    QCOMPARE(f.rows().count(), 0);
+}
+
+void TestTreeAbuse::chainOfAThousand()
+{
+    TreeFixture f;
+    f.tree->setProperty("rootCanCollapse", true);
+    f.tree->setProperty("indent", 0);
+    auto *root = f.make("0");
+    Document *last = root;
+    for (int i = 1; i < 1000; ++i) {
+        last = f.make(qPrintable(QString::number(i)), last);
+    }
+    f.append(root);
+    f.settle();
+    QCOMPARE(f.tree->implicitHeight(), 30000.0);
+    f.call("tree.collapseIndex(0)");
+    QCOMPARE(f.tree->implicitHeight(), 30.0);
+    f.call("tree.expandIndex(0)");
+    QCOMPARE(f.tree->implicitHeight(), 30000.0);
+    f.call("tree.collapseIndex(998)");
+    QCOMPARE(f.tree->implicitHeight(), 29970.0);
+    f.tree->setWidth(100);
+    f.tree->setProperty("activeIndex", 999);
+    f.make("x", last);
+    f.settle();
+    QCOMPARE(f.rows().count(), 1001);
+    f.tree->setProperty("rootCanCollapse", false);
+    f.row(0)->property("delegateItem").value<QQuickItem *>()->setHeight(31);
+    f.roots().clear();
+    f.settle();
+    QCOMPARE(f.tree->implicitHeight(), 0.0);
+}
+
+void TestTreeAbuse::listOfTwentyThousand()
+{
+    TreeFixture f;
+    f.tree->setProperty("rootCanCollapse", true);
+    auto *root = f.make("root");
+    QList<Document *> children;
+    for (int i = 1; i < 20000; ++i) {
+        f.make("child", root);
+    }
+    f.append(root);
+    f.settle();
+    QCOMPARE(f.tree->implicitHeight(), 600000.0);
+    f.call("tree.collapseIndex(0)");
+    QCOMPARE(f.tree->implicitHeight(), 30.0);
+    f.call("tree.expandIndex(0)");
+    QCOMPARE(f.tree->implicitHeight(), 600000.0);
+    f.tree->setWidth(100);
+    f.row(0)->property("delegateItem").value<QQuickItem *>()->setHeight(40);
+    QCOMPARE(f.tree->implicitHeight(), 600010.0);
+    f.tree->setProperty("activeIndex", 19999);
+    f.make("x", root);
+    f.settle();
+    QCOMPARE(f.rows().count(), 20001);
+    f.roots().clear();
+    f.settle();
+    QCOMPARE(f.tree->implicitHeight(), 0.0);
+}
+
+void TestTreeAbuse::nestedCollapse()
+{
+    TreeFixture f(TreeFixture::plain("rootCanCollapse: true\n"
+                                     "backgroundDelegate: Item { TreeView.onCollapsedItemChanged: "
+                                     "if (index == 0) tree.toggleIndex(1) }"));
+    f.fill();
+    f.call("tree.collapseIndex(0)");
+    QCOMPARE(f.places(), QString("0+30 30+0 30+0 30+0 30+30"));
+    f.call("tree.expandIndex(1)");
+    f.call("tree.expandIndex(0)"); // which collapses 1
+    QCOMPARE(f.places(), QString("0+30 30+30 60+0 60+30 90+30"));
+    QCOMPARE(f.tree->implicitHeight(), 120.0);
+}
+
+QTEST_MAIN(TestTreeAbuse)
+#include "tst_treeabuse.moc"

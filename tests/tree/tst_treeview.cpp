@@ -1,0 +1,883 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/Pixels.h"
+#include "tests/support/SignalRecorder.h"
+#include "tests/tree/TreeFixture.h"
+
+#include <OmbrelDataCore/Context.h>
+
+#include <QQmlContext>
+#include <QQmlListProperty>
+#include <QQmlProperty>
+#include <QTest>
+
+using om::data::Context;
+using om::data::Document;
+using support::evaluate;
+using support::SignalRecorder;
+
+/// A document whose children are elsewhere.
+class Shelf : public Document
+{
+    Q_OBJECT
+    Q_PROPERTY(QQmlListProperty<QObject> quiet READ list CONSTANT)
+    Q_PROPERTY(QQmlListProperty<QObject> parts READ list NOTIFY stockTaken)
+    Q_PROPERTY(QQmlListProperty<QObject> mute READ list)
+    Q_PROPERTY(QString text MEMBER m_text NOTIFY stockTaken)
+public:
+    QQmlListProperty<QObject> list() { return {this, &objects}; }
+    QList<QObject *> objects;
+    QString m_text = QStringLiteral("not a list");
+Q_SIGNALS:
+    void stockTaken();
+};
+
+class TestTreeView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void properties_data();
+    void properties();
+    void componentTypes();
+    void rowsAreInDepthFirstOrder();
+    void threeRootsAreOneRebuild();
+    void aRebuildQueuesNone();
+    void changesOfATurnAreOneRebuild();
+    void clearingAnEmptyListIsNothing();
+    void rowsHaveTheirPlaces();
+    void rowsFollowTheirDelegates();
+    void contentHeightIsThatOfTheChildren();
+    void oldRowsCountUntilTheyAreDeleted();
+    void rowsAreIndented();
+    void collapseHidesDescendants();
+    void rootsCollapseOnlyWhenTheyMay();
+    void leavesDoNotCollapse();
+    void collapseStateSurvivesRebuilds();
+    void documentsWithoutIdShareAState();
+    void collapseIsAnnounced();
+    void collapseAsksForNoLayout();
+    void activeRowOrder();
+    void activeRowIgnoresWrongNumbers();
+    void activeDocumentKeepsItsRow();
+    void activeDocumentThatIsGone();
+    void newRowIsActiveAtOnce();
+    void activeIndexWrittenFromItsSignal();
+    void indexOperations();
+    void indexAtPoints();
+    void indicesOutOfRange();
+    void contextsAreRebound();
+    void addedChildWithContextIsRebuiltTwice();
+    void documentReachableTwice();
+    void otherListProperties_data();
+    void otherListProperties();
+    void attachedObjectFollowsTheContextChain();
+    void delegatesOfAllKinds();
+    void pressReachesTheDelegateToo();
+    void markerClickCollapses();
+    void f2AsksForEditing();
+    void defaultHandleTurns();
+    void delegateComesTooLate();
+    void asynchronousLoader();
+    void idleTreeRendersNothing();
+};
+
+void TestTreeView::properties_data()
+{
+    QTest::addColumn<QVariant>("initial");
+    QTest::addColumn<QVariant>("other");
+    QTest::newRow("childProperty") << QVariant(QString()) << QVariant(QStringLiteral("parts"));
+    QTest::newRow("indent") << QVariant(20) << QVariant(-3);
+    QTest::newRow("rootCanCollapse") << QVariant(false) << QVariant(true);
+}
+
+void TestTreeView::properties()
+{
+    QFETCH(QVariant, initial);
+    QFETCH(QVariant, other);
+    const char *name = QTest::currentDataTag();
+    TreeFixture f("TreeView { objectName: 'tree'; delegate: Item {} }");
+    f.settle();
+    f.rebuilt->clear();
+    QCOMPARE(f.tree->property(name), initial);
+    SignalRecorder recorder;
+    recorder.watch(f.tree, QStringLiteral("tree"));
+    QVERIFY(f.tree->setProperty(name, initial));
+    QCOMPARE(recorder.take(), QStringList());
+    QVERIFY(f.tree->setProperty(name, other));
+    QCOMPARE(recorder.take(), QStringList(QStringLiteral("tree.%1Changed").arg(name)));
+    QCOMPARE(f.tree->property(name), other);
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), qstrcmp(name, "childProperty") == 0 ? 1 : 0);
+}
+
+void TestTreeView::componentTypes()
+{
+    TreeFixture f;
+    QCOMPARE(f.call("[TreeView.EntryComponent, TreeView.DelegateComponent, "
+                    "TreeView.BackgroundComponent, TreeView.BranchHandleComponent].join()"),
+             QVariant("1,2,3,4"));
+    f.fill();
+    QVERIFY(evaluate(f.row(0), "createDelegateItem(0, null) === null").toBool());
+    QVERIFY(evaluate(f.row(0), "createDelegateItem(5, null) === null").toBool());
+    QVERIFY(evaluate(f.row(0), "createDelegateItem(3, null) === null").toBool());
+    QVERIFY(
+        evaluate(f.row(0), "createDelegateItem(2, treeViewItem).parent === treeViewItem").toBool());
+}
+
+void TestTreeView::rowsAreInDepthFirstOrder()
+{
+    TreeFixture f;
+    f.fill();
+    QCOMPARE(f.shown(), QString(QStringLiteral("a .b ..c .d e")));
+    QCOMPARE(f.row(0)->property("predecessor").value<QQuickItem *>(), nullptr);
+    QCOMPARE(f.row(3)->property("predecessor").value<QQuickItem *>(), f.row(2));
+    QCOMPARE(f.row(3)->property("treeParent").value<QQuickItem *>(), f.row(0));
+    QCOMPARE(f.row(4)->property("treeParent").value<QQuickItem *>(), nullptr);
+}
+
+void TestTreeView::threeRootsAreOneRebuild()
+{
+    TreeFixture f;
+    QSignalSpy changed(f.tree, SIGNAL(rootDocumentsChanged()));
+    for (const char *id : {"a", "b", "c"}) {
+        f.append(f.make(id));
+    }
+    QCOMPARE(changed.count(), 3);
+    QCOMPARE(f.rebuilt->count(), 0);
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 1);
+}
+
+void TestTreeView::aRebuildQueuesNone()
+{
+    TreeFixture f;
+    f.fill();
+    for (int i = 0; i < 5; ++i) {
+        f.settle();
+    }
+    QCOMPARE(f.rebuilt->count(), 0);
+}
+
+void TestTreeView::changesOfATurnAreOneRebuild()
+{
+    TreeFixture f;
+    f.fill();
+    f.make("x", f.a);
+    f.make("y", f.d);
+    f.tree->setProperty("childProperty", "nothing");
+    f.tree->setProperty("childProperty", "children");
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 1);
+    QCOMPARE(f.shown(), QString(QStringLiteral("a .b ..c .d ..y .x e")));
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 1);
+}
+
+void TestTreeView::clearingAnEmptyListIsNothing()
+{
+    TreeFixture f;
+    f.settle();
+    f.rebuilt->clear();
+    QSignalSpy changed(f.tree, SIGNAL(rootDocumentsChanged()));
+    f.roots().clear();
+    f.settle();
+    QCOMPARE(changed.count(), 0);
+    QCOMPARE(f.rebuilt->count(), 0);
+    f.append(f.make("a"));
+    f.roots().clear();
+    QCOMPARE(changed.count(), 2);
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 1);
+    QCOMPARE(f.rows().count(), 0);
+}
+
+void TestTreeView::rowsHaveTheirPlaces()
+{
+    TreeFixture f;
+    f.fill();
+    QCOMPARE(f.places(), QString(QStringLiteral("0+30 30+30 60+30 90+30 120+30")));
+    QCOMPARE(f.content()->height(), 150.0);
+    QCOMPARE(f.tree->implicitHeight(), 150.0);
+    QCOMPARE(f.tree->height(), 150.0);
+    QCOMPARE(f.row(2)->width(), 300.0);
+    f.tree->setWidth(200);
+    QCOMPARE(f.row(2)->width(), 200.0);
+    QVERIFY(f.row(0)->clip());
+}
+
+void TestTreeView::rowsFollowTheirDelegates()
+{
+    TreeFixture f;
+    f.fill();
+    f.row(1)->property("delegateItem").value<QQuickItem *>()->setHeight(50);
+    QCOMPARE(f.places(), QString(QStringLiteral("0+30 30+50 80+30 110+30 140+30")));
+    QCOMPARE(f.tree->implicitHeight(), 170.0);
+    f.row(4)->property("delegateItem").value<QQuickItem *>()->setHeight(10);
+    QCOMPARE(f.tree->implicitHeight(), 150.0);
+}
+
+void TestTreeView::contentHeightIsThatOfTheChildren()
+{
+    TreeFixture f;
+    f.settle();
+    QCOMPARE(f.content()->height(), 0.0);
+    QQuickItem guest;
+    guest.setSize(QSizeF(10, 40));
+    guest.setParentItem(f.content());
+    QCOMPARE(f.content()->height(), 40.0);
+    f.fill();
+    QCOMPARE(f.content()->height(), 150.0);
+    guest.setY(200);
+    QCOMPARE(f.content()->height(), 240.0);
+    guest.setY(-20);
+    QCOMPARE(f.content()->height(), 170.0);
+    guest.setHeight(500);
+    QCOMPARE(f.content()->height(), 500.0);
+    guest.setParentItem(nullptr);
+    QCOMPARE(f.content()->height(), 150.0);
+    auto *other = new QQuickItem(f.content());
+    other->setSize(QSizeF(10, 1000));
+    QCOMPARE(f.tree->implicitHeight(), 1000.0);
+    delete other;
+    QCOMPARE(f.tree->implicitHeight(), 150.0);
+    // What the binding in the file would say.
+    QCOMPARE(f.content()->childrenRect().height(), 150.0);
+}
+
+void TestTreeView::oldRowsCountUntilTheyAreDeleted()
+{
+    TreeFixture f;
+    f.fill();
+    f.roots().clear();
+    QCoreApplication::sendPostedEvents(f.tree, QEvent::MetaCall);
+    QCOMPARE(f.rebuilt->count(), 1);
+    QCOMPARE(f.rows().count(), 5);
+    QCOMPARE(f.content()->height(), 150.0);
+    f.settle();
+    QCOMPARE(f.rows().count(), 0);
+    QCOMPARE(f.content()->height(), 0.0);
+    QCOMPARE(f.tree->implicitHeight(), 0.0);
+}
+
+void TestTreeView::rowsAreIndented()
+{
+    TreeFixture f;
+    f.fill();
+    const auto numbers = [&f](const char *property) {
+        QStringList texts;
+        const auto rows = f.rows();
+        for (const QQuickItem *row : rows) {
+            texts.append(row->property(property).toString());
+        }
+        return texts.join(QLatin1Char(' '));
+    };
+    QCOMPARE(numbers("effectiveLevel"), QString("-1 0 1 0 -1"));
+    QCOMPARE(numbers("indent"), QString("0 0 20 0 0"));
+    // Leaves leave room for the marker as well, so that texts line up.
+    QCOMPARE(numbers("markerIndent"), QString("0 16 16 16 0"));
+    QCOMPARE(numbers("hasChildren"), QString("true true false false false"));
+    QCOMPARE(numbers("collapsable"), QString("false true false false false"));
+    QCOMPARE(numbers("isRoot"), QString("true false false false true"));
+    QCOMPARE(f.row(2)->property("delegateItem").value<QQuickItem *>()->x(), 36.0);
+    QCOMPARE(f.row(2)->property("delegateItem").value<QQuickItem *>()->width(), 264.0);
+    f.tree->setProperty("rootCanCollapse", true);
+    f.tree->setProperty("indent", 7);
+    QCOMPARE(numbers("indent"), QString("0 7 14 7 0"));
+    QCOMPARE(numbers("markerIndent"), QString("16 16 16 16 16"));
+    QCOMPARE(numbers("collapsable"), QString("true true false false false"));
+    QCOMPARE(f.row(2)->property("delegateItem").value<QQuickItem *>()->x(), 30.0);
+    f.tree->setProperty("indent", -7);
+    QCOMPARE(numbers("indent"), QString("0 0 0 0 0"));
+}
+
+void TestTreeView::collapseHidesDescendants()
+{
+    TreeFixture f;
+    f.tree->setProperty("rootCanCollapse", true);
+    f.fill();
+    f.call("tree.collapseIndex(1)");
+    QCOMPARE(f.places(), QString("0+30 30+30 60+0 60+30 90+30"));
+    QCOMPARE(f.row(2)->opacity(), 0.0);
+    QCOMPARE(f.tree->implicitHeight(), 120.0);
+    f.call("tree.toggleIndex(0)");
+    QCOMPARE(f.places(), QString("0+30 30+0 30+0 30+0 30+30"));
+    QCOMPARE(f.tree->implicitHeight(), 60.0);
+    f.call("tree.expandIndex(1)");
+    QCOMPARE(f.places(), QString("0+30 30+0 30+0 30+0 30+30"));
+    f.call("tree.toggleIndex(0)");
+    QCOMPARE(f.places(), QString("0+30 30+30 60+30 90+30 120+30"));
+    QCOMPARE(f.row(2)->opacity(), 1.0);
+    // The rows still follow one another.
+    f.row(1)->property("delegateItem").value<QQuickItem *>()->setHeight(50);
+    QCOMPARE(f.places(), QString("0+30 30+50 80+30 110+30 140+30"));
+    // Nothing stands below the last subtree.
+    f.roots().clear();
+    f.append(f.a);
+    f.settle();
+    f.call("tree.collapseIndex(0)");
+    QCOMPARE(f.tree->implicitHeight(), 30.0);
+    f.call("tree.expandIndex(0)");
+    QCOMPARE(f.places(), QString("0+30 30+30 60+30 90+30"));
+}
+
+void TestTreeView::rootsCollapseOnlyWhenTheyMay()
+{
+    TreeFixture f;
+    f.fill();
+    SignalRecorder recorder;
+    recorder.watch(qmlContext(f.row(0))->parentContext()->contextObject(), "entry");
+    f.call("tree.collapseIndex(0)");
+    f.call("tree.toggleIndex(0)");
+    evaluate(f.row(0), "treeViewItem.TreeView.isCollapsedItem = true");
+    QCOMPARE(recorder.take(), QStringList());
+    QCOMPARE(f.tree->implicitHeight(), 150.0);
+    f.tree->setProperty("rootCanCollapse", true);
+    QCOMPARE(f.tree->implicitHeight(), 150.0);
+    evaluate(f.row(0), "treeViewItem.TreeView.isCollapsedItem = true");
+    QCOMPARE(recorder.take(), QStringList("entry.collapsedChanged"));
+    QCOMPARE(f.places(), QString("0+30 30+0 30+0 30+0 30+30"));
+}
+
+void TestTreeView::leavesDoNotCollapse()
+{
+    TreeFixture f;
+    f.fill();
+    f.call("tree.collapseIndex(3)");
+    QVERIFY(!evaluate(f.row(3), "treeViewItem.TreeView.isCollapsedItem").toBool());
+    // Nothing is remembered either: a first child shows at once.
+    f.make("x", f.d);
+    f.settle();
+    QCOMPARE(f.shown(), QString("a .b ..c .d ..x e"));
+    QCOMPARE(f.row(4)->height(), 30.0);
+}
+
+void TestTreeView::collapseStateSurvivesRebuilds()
+{
+    TreeFixture f;
+    f.fill();
+    f.call("tree.collapseIndex(1)");
+    f.a->insertChild(0, f.d);
+    f.settle();
+    QCOMPARE(f.shown(), QString("a .d .b ..c e"));
+    QCOMPARE(f.places(), QString("0+30 30+30 60+30 90+0 90+30"));
+    QCOMPARE(f.tree->implicitHeight(), 120.0);
+    f.roots().clear();
+    f.settle();
+    f.append(f.a);
+    f.settle();
+    QCOMPARE(f.places(), QString("0+30 30+30 60+30 90+0"));
+    QVERIFY(f.row(2)->property("collapsed").toBool());
+}
+
+void TestTreeView::documentsWithoutIdShareAState()
+{
+    TreeFixture f;
+    f.fill();
+    f.b->setDocumentId(QString());
+    f.make("x", f.d);
+    f.d->setDocumentId(QString());
+    f.settle();
+    f.call("tree.collapseIndex(1)");
+    QVERIFY(!f.row(3)->property("collapsed").toBool());
+    f.make("y", f.e);
+    f.settle();
+    QVERIFY(f.row(3)->property("collapsed").toBool());
+}
+
+void TestTreeView::collapseIsAnnounced()
+{
+    TreeFixture f;
+    f.fill();
+    auto *entry = qmlContext(f.row(1))->parentContext()->contextObject();
+    QObject *attached = nullptr;
+    const auto children = entry->children();
+    for (QObject *child : children) {
+        if (child->metaObject()->indexOfProperty("isCollapsedItem") >= 0) {
+            QVERIFY2(!attached, "one for all objects of the row");
+            attached = child;
+        }
+    }
+    QVERIFY(attached);
+    SignalRecorder recorder;
+    recorder.watch(entry, "entry", {},
+                   [attached] { return attached->property("isCollapsedItem").toString(); });
+    recorder.watch(attached, "attached");
+    attached->setProperty("isCollapsedItem", true);
+    attached->setProperty("isCollapsedItem", true);
+    auto entries = recorder.take();
+    entries.sort();
+    QCOMPARE(entries,
+             (QStringList{"attached.collapsedItemChanged", "entry.collapsedChanged [true]"}));
+}
+
+void TestTreeView::collapseAsksForNoLayout()
+{
+    TreeFixture f;
+    f.fill();
+    SignalRecorder recorder;
+    for (int i = 0; i < 5; ++i) {
+        recorder.watch(f.row(i), QString::number(i), {"layoutRequired"});
+    }
+    f.call("tree.toggleIndex(1)");
+    f.settle();
+    QCOMPARE(recorder.take(), QStringList());
+    QCOMPARE(f.rebuilt->count(), 0);
+}
+
+void TestTreeView::activeRowOrder()
+{
+    TreeFixture f;
+    f.fill();
+    f.tree->setProperty("activeIndex", 1);
+    SignalRecorder recorder;
+    const auto probe = [&f] {
+        return QStringLiteral("%1 %2")
+            .arg(f.activeIndex())
+            .arg(f.activeDocument() ? f.activeDocument()->name() : QString());
+    };
+    recorder.watch(f.tree, "tree", {}, probe);
+    recorder.watch(qmlContext(f.row(1))->parentContext()->contextObject(), "b");
+    recorder.watch(qmlContext(f.row(3))->parentContext()->contextObject(), "d");
+    f.tree->setProperty("activeIndex", 3);
+    QCOMPARE(recorder.entries(),
+             (QStringList{"tree.activeIndexChanged [3 b]", "tree.activeDocumentChanged [3 d]",
+                          "d.activeChanged", "b.activeChanged"}));
+    QCOMPARE(recorder.arguments(2), QVariantList{true});
+    QCOMPARE(recorder.arguments(3), QVariantList{false});
+    QVERIFY(evaluate(f.row(3), "delegateItem.active").toBool());
+    QVERIFY(!evaluate(f.row(1), "delegateItem.active").toBool());
+    QCOMPARE(f.call("tree.currentEntry()").value<QQuickItem *>(), f.row(3));
+    recorder.take();
+    f.tree->setProperty("activeIndex", -1);
+    QCOMPARE(recorder.take(),
+             (QStringList{"tree.activeIndexChanged [-1 d]", "tree.activeDocumentChanged [-1 ]",
+                          "d.activeChanged"}));
+    QVERIFY(f.call("tree.currentEntry() === null").toBool());
+}
+
+void TestTreeView::activeRowIgnoresWrongNumbers()
+{
+    TreeFixture f;
+    f.fill();
+    f.tree->setProperty("activeIndex", 2);
+    SignalRecorder recorder;
+    recorder.watch(f.tree, "tree");
+    for (int index : {-2, 5, 2, 1000}) {
+        f.tree->setProperty("activeIndex", index);
+    }
+    QCOMPARE(recorder.take(), QStringList());
+    QCOMPARE(f.activeIndex(), 2);
+}
+
+void TestTreeView::activeDocumentKeepsItsRow()
+{
+    TreeFixture f;
+    f.fill();
+    f.tree->setProperty("activeIndex", 3);
+    SignalRecorder recorder;
+    recorder.watch(f.tree, "tree", {"activeIndexChanged", "activeDocumentChanged", "indexRebuilt"});
+    f.a->insertChild(0, f.d);
+    f.settle();
+    QCOMPARE(recorder.take(), (QStringList{"tree.activeIndexChanged", "tree.indexRebuilt"}));
+    QCOMPARE(f.activeIndex(), 1);
+    QCOMPARE(f.activeDocument(), f.d);
+    f.a->removeChild(f.d);
+    f.d->setParent(&f.owner);
+    f.settle();
+    QCOMPARE(recorder.take(),
+             (QStringList{"tree.activeIndexChanged", "tree.activeDocumentChanged",
+                          "tree.indexRebuilt"}));
+    QCOMPARE(f.activeIndex(), -1);
+    QCOMPARE(f.activeDocument(), nullptr);
+}
+
+void TestTreeView::activeDocumentThatIsGone()
+{
+    TreeFixture f;
+    f.fill();
+    f.tree->setProperty("activeIndex", 3);
+    SignalRecorder recorder;
+    recorder.watch(f.tree, "tree", {"activeIndexChanged", "activeDocumentChanged", "indexRebuilt"});
+    delete f.d;
+    QCOMPARE(f.activeDocument(), nullptr);
+    f.settle();
+    QCOMPARE(recorder.take(),
+             (QStringList{"tree.activeIndexChanged", "tree.activeDocumentChanged",
+                          "tree.indexRebuilt"}));
+    QCOMPARE(f.activeIndex(), -1);
+}
+
+void TestTreeView::newRowIsActiveAtOnce()
+{
+    TreeFixture f(TreeFixture::plain("property var seen: []\n"
+                                     "backgroundDelegate: Item { Component.onCompleted: "
+                                     "if (TreeView.isActiveItem) tree.seen.push(document.name)\n"
+                                     "TreeView.onActiveItemChanged: tree.seen.push('told') }"));
+    f.fill();
+    f.tree->setProperty("activeIndex", 0);
+    f.call("tree.seen = []");
+    f.make("x", f.e);
+    f.settle();
+    QCOMPARE(f.call("tree.seen.join()"), QVariant("a"));
+    QVERIFY(evaluate(f.row(0), "delegateItem.active").toBool());
+}
+
+void TestTreeView::activeIndexWrittenFromItsSignal()
+{
+    TreeFixture f(
+        TreeFixture::plain("onActiveIndexChanged: if (activeIndex == 1) activeIndex = 3"));
+    f.fill();
+    f.tree->setProperty("activeIndex", 0);
+    f.tree->setProperty("activeIndex", 1);
+    QCOMPARE(f.activeIndex(), 3);
+    QCOMPARE(f.activeDocument(), f.d);
+    for (int i = 0; i < 5; ++i) {
+        QCOMPARE(evaluate(f.row(i), "delegateItem.active").toBool(), i == 3);
+    }
+}
+
+void TestTreeView::indexOperations()
+{
+    TreeFixture f;
+    f.fill();
+    const auto parentOf = [&f](int index) {
+        return f.call(QStringLiteral("tree.indexOfParent(%1)").arg(index)).toInt();
+    };
+    QCOMPARE(parentOf(1), 0);
+    QCOMPARE(parentOf(2), 1);
+    // A later sibling: upward through the numbers, the next shallower row.
+    QCOMPARE(parentOf(3), 4);
+    QCOMPARE(parentOf(-1), -1);
+    int index = -2;
+    QMetaObject::invokeMethod(f.tree, "indexOfDocument", Q_RETURN_ARG(int, index),
+                              Q_ARG(om::data::Document *, f.d));
+    QCOMPARE(index, 3);
+    Document other;
+    QMetaObject::invokeMethod(f.tree, "indexOfDocument", Q_RETURN_ARG(int, index),
+                              Q_ARG(om::data::Document *, &other));
+    QCOMPARE(index, -1);
+    QCOMPARE(f.call("tree.indexOfDocument(null)").toInt(), -1);
+    QCOMPARE(f.call("tree.documentAt(2).name"), QVariant("c"));
+}
+
+void TestTreeView::indexAtPoints()
+{
+    TreeFixture f;
+    f.fill();
+    QCOMPARE(f.call("tree.indexAt(150, 15)").toInt(), 0);
+    QCOMPARE(f.call("tree.indexAt(150, 105)").toInt(), 3);
+    QCOMPARE(f.call("tree.indexAt(150, 155)").toInt(), -1);
+    QCOMPARE(f.call("tree.indexAt(305, 15)").toInt(), -1);
+    f.call("tree.collapseIndex(1)");
+    QCOMPARE(f.call("tree.indexAt(150, 75)").toInt(), 3);
+    QQuickItem guest(f.content());
+    guest.setSize(QSizeF(300, 30));
+    QCOMPARE(f.call("tree.indexAt(150, 15)").toInt(), -1);
+}
+
+void TestTreeView::indicesOutOfRange()
+{
+    TreeFixture f;
+    f.fill();
+    for (int index :
+         {-1, -7, 5, 100000, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+        const QString number = QString::number(index);
+        QVERIFY(f.call(QStringLiteral("tree.documentAt(%1) === null").arg(number)).toBool());
+        QCOMPARE(f.call(QStringLiteral("tree.indexOfParent(%1)").arg(number)).toInt(), -1);
+        for (const char *operation : {"collapseIndex", "expandIndex", "toggleIndex"}) {
+            f.call(QStringLiteral("tree.%1(%2)").arg(QLatin1String(operation), number));
+        }
+    }
+    QCOMPARE(f.places(), QString("0+30 30+30 60+30 90+30 120+30"));
+    // No row is shallower than a root: the end of the rows ends the search.
+    QCOMPARE(f.call("tree.indexOfParent(0)").toInt(), -1);
+    QCOMPARE(f.call("tree.indexOfParent(4)").toInt(), -1);
+}
+
+void TestTreeView::contextsAreRebound()
+{
+    TreeFixture f;
+    Context first;
+    Context second;
+    f.fill();
+    f.a->setContext(&first);
+    f.e->setContext(&second);
+    f.make("x", f.e); // for a rebuild, which is when the context is looked at
+    f.settle();
+    f.rebuilt->clear();
+    f.a->setName("aa");
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 1);
+    f.e->setName("ee");
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 1); // of another context than the first root
+    f.roots().clear();
+    f.append(f.e);
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 2);
+    f.e->setName("eee");
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 3);
+    f.a->setName("aaa");
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 3);
+    Document stranger;
+    Q_EMIT second.documentChanged(&stranger); // without a row
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 3);
+    f.roots().clear();
+    f.settle();
+    f.e->setName("e");
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 4);
+}
+
+void TestTreeView::addedChildWithContextIsRebuiltTwice()
+{
+    TreeFixture f;
+    Context context;
+    f.fill();
+    f.a->setContext(&context);
+    f.make("x", f.e);
+    f.settle();
+    f.settle();
+    f.rebuilt->clear();
+    f.make("y", f.a);
+    // The child list's own signal queues one, before the context's arrives, which finds the row.
+    QTRY_COMPARE(f.rebuilt->count(), 2);
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), 2);
+}
+
+void TestTreeView::documentReachableTwice()
+{
+    TreeFixture f;
+    f.fill();
+    f.append(f.b);
+    f.settle();
+    QCOMPARE(f.shown(), QString("a .b ..c .d e b .c"));
+    int index = -2;
+    QMetaObject::invokeMethod(f.tree, "indexOfDocument", Q_RETURN_ARG(int, index),
+                              Q_ARG(om::data::Document *, f.c));
+    QCOMPARE(index, 2);
+    f.tree->setProperty("activeIndex", 6);
+    QVERIFY(evaluate(f.row(6), "delegateItem.active").toBool());
+    QVERIFY(evaluate(f.row(2), "treeViewItem.TreeView.isActiveItem").toBool());
+}
+
+void TestTreeView::otherListProperties_data()
+{
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<bool>("notifies");
+    QTest::newRow("parts") << "shelf .one .two" << true;
+    QTest::newRow("quiet") << "shelf .one .two" << false;
+    QTest::newRow("mute") << "shelf .one .two" << false;
+    QTest::newRow("text") << "shelf" << true;
+    QTest::newRow("nothing") << "shelf" << false;
+    QTest::newRow("") << "shelf" << false;
+    QTest::newRow("context") << "shelf" << false;
+    QTest::newRow("onTextChanged") << "shelf" << false;
+}
+
+/// Any warning of a row fails this test.
+void TestTreeView::otherListProperties()
+{
+    QFETCH(QString, shown);
+    QFETCH(bool, notifies);
+    const QString property = QString::fromLatin1(QTest::currentDataTag());
+    TreeFixture f;
+    f.tree->setProperty("childProperty", property);
+    Shelf shelf;
+    shelf.setName("shelf");
+    Document one;
+    one.setName("one");
+    Document two;
+    two.setName("two");
+    QObject thing;
+    shelf.objects = {&thing, &one, nullptr, &two};
+    f.append(&shelf);
+    f.settle();
+    QCOMPARE(f.shown(), shown);
+    QCOMPARE(f.row(0)->property("hasChildren").toBool(), shown.contains(QLatin1String("one")));
+    QSignalSpy count(qmlContext(f.row(0))->parentContext()->contextObject(),
+                     SIGNAL(childCountChanged(int)));
+    f.rebuilt->clear();
+    shelf.objects = {&two};
+    Q_EMIT shelf.stockTaken();
+    QCOMPARE(count.count(), property == QLatin1String("parts") ? 1 : 0);
+    if (count.count() == 1) {
+        QCOMPARE(count.first().first().toInt(), 1);
+    }
+    f.settle();
+    QCOMPARE(f.rebuilt->count(), notifies ? 1 : 0);
+    if (property == QLatin1String("parts")) {
+        QCOMPARE(f.shown(), QString("shelf .two"));
+    }
+    f.roots().clear();
+    f.settle();
+}
+
+void TestTreeView::attachedObjectFollowsTheContextChain()
+{
+    TreeFixture f("Item { id: page; width: 300; height: 300\n"
+                  "Item { id: aside; objectName: 'aside' }\n"
+                  + TreeFixture::plain("backgroundDelegate: Item { id: back\n"
+                                       "property Item far: Item { parent: aside }\n"
+                                       "property var made: Loader { sourceComponent: Item {} } }")
+                  + "}");
+    f.fill();
+    f.tree->setProperty("activeIndex", 1);
+    for (const char *object :
+         {"treeViewItem", "treeViewItem.delegateItem", "treeViewItem.backgroundItem",
+          "treeViewItem.branchHandleItem", "treeViewItem.backgroundItem.far",
+          "treeViewItem.backgroundItem.made.item"}) {
+        const QString active = QString::fromLatin1(object) + ".TreeView.isActiveItem";
+        QVERIFY2(evaluate(f.row(1), active).toBool(), object);
+        QVERIFY2(!evaluate(f.row(2), active).toBool(), object);
+    }
+    QVERIFY(evaluate(f.row(1), "treeViewItem.TreeView.view === tree").toBool());
+    QVERIFY(evaluate(f.view.root(), "tree.TreeView.view === undefined").toBool());
+    QVERIFY(evaluate(f.view.root(), "tree.contentItem.TreeView.view === undefined").toBool());
+}
+
+void TestTreeView::delegatesOfAllKinds()
+{
+    TreeFixture f("TreeView { id: tree; objectName: 'tree'; width: 300; childProperty: 'children'\n"
+                  "delegate: QtObject {}\n"
+                  "backgroundDelegate: Rectangle { z: 4 }\n"
+                  "branchHandleDelegate: Item { width: 9; height: 6; property int n: index } }");
+    f.fill();
+    QCOMPARE(f.places(), QString("0+24 24+24 48+24 72+24 96+24"));
+    auto *row = f.row(1);
+    QVERIFY(!row->property("delegateItem").value<QQuickItem *>());
+    auto *background = row->property("backgroundItem").value<QQuickItem *>();
+    QCOMPARE(background->z(), -1.0);
+    QCOMPARE(background->size(), QSizeF(300, 24));
+    auto *handle = row->property("branchHandleItem").value<QQuickItem *>();
+    QCOMPARE(handle->property("n").toInt(), 1);
+    QCOMPARE(row->property("markerIndent").toInt(), 9);
+    QCOMPARE(handle->mapToItem(row, QPointF()).y(), 9.0);
+    QVERIFY(handle->isVisible());
+    QVERIFY(!f.row(0)->property("branchHandleItem").value<QQuickItem *>()->isVisible());
+}
+
+void TestTreeView::pressReachesTheDelegateToo()
+{
+    TreeFixture f(
+        "Item { width: 300; height: 300; TreeView { id: tree; objectName: 'tree'; width: 300\n"
+        "childProperty: 'children'; property var presses: []\n"
+        "delegate: MouseArea { height: 30; onPressed: tree.presses.push("
+        "document.name + tree.activeIndex) } } }");
+    f.fill();
+    f.view.show();
+    QTest::mouseClick(f.view.window(), Qt::LeftButton, {}, QPoint(150, 105));
+    QCOMPARE(f.call("tree.presses.join()"), QVariant("d3"));
+    QVERIFY(f.row(3)->hasActiveFocus());
+    QVERIFY(f.tree->hasActiveFocus());
+    QTest::mouseClick(f.view.window(), Qt::RightButton, {}, QPoint(150, 15));
+    QCOMPARE(f.activeIndex(), 3);
+}
+
+void TestTreeView::markerClickCollapses()
+{
+    TreeFixture f("Item { width: 300; height: 300; " + TreeFixture::plain() + " }");
+    f.fill();
+    f.view.show();
+    QTest::mouseClick(f.view.window(), Qt::LeftButton, {}, QPoint(8, 45));
+    QCOMPARE(f.places(), QString("0+30 30+30 60+0 60+30 90+30"));
+    QTest::mouseClick(f.view.window(), Qt::RightButton, {}, QPoint(8, 45));
+    QCOMPARE(f.row(2)->height(), 0.0);
+    QTest::mouseClick(f.view.window(), Qt::LeftButton, {}, QPoint(8, 45));
+    QCOMPARE(f.row(2)->height(), 30.0);
+    // A root and a leaf have no marker to click.
+    QTest::mouseClick(f.view.window(), Qt::LeftButton, {}, QPoint(8, 15));
+    QTest::mouseClick(f.view.window(), Qt::LeftButton, {}, QPoint(28, 75));
+    QCOMPARE(f.places(), QString("0+30 30+30 60+30 90+30 120+30"));
+}
+
+void TestTreeView::f2AsksForEditing()
+{
+    TreeFixture f(
+        "Item { width: 300; height: 300; property int passed: 0; Keys.onPressed: ++passed\n"
+        + TreeFixture::plain() + " }");
+    f.fill();
+    f.view.show();
+    QSignalSpy edit(f.tree, SIGNAL(editRequested()));
+    f.tree->forceActiveFocus();
+    QTest::keyClick(f.view.window(), Qt::Key_F2);
+    QCOMPARE(edit.count(), 1);
+    QTest::keyClick(f.view.window(), Qt::Key_A);
+    QTest::keyClick(f.view.window(), Qt::Key_Down);
+    QCOMPARE(edit.count(), 1);
+    QCOMPARE(f.view.root()->property("passed").toInt(), 0);
+    // From a row too, and from the view when a rebuild has taken the row.
+    QTest::mouseClick(f.view.window(), Qt::LeftButton, {}, QPoint(150, 45));
+    QTest::keyClick(f.view.window(), Qt::Key_F2);
+    QCOMPARE(edit.count(), 2);
+    f.make("x", f.e);
+    f.settle();
+    QTest::keyClick(f.view.window(), Qt::Key_F2);
+    QCOMPARE(edit.count(), 3);
+}
+
+void TestTreeView::defaultHandleTurns()
+{
+    TreeFixture f;
+    f.fill();
+    auto *handle = f.row(1)->property("branchHandleItem").value<QQuickItem *>();
+    QCOMPARE(handle->size(), QSizeF(16, 16));
+    const QQuickItem *image = handle->childItems().constFirst();
+    QCOMPARE(image->property("source").toUrl(),
+             QUrl("qrc:/controls/images/collapse-indicator.svg"));
+    QCOMPARE(image->property("status").toInt(), 1);
+    QCOMPARE(image->rotation(), 45.0);
+    f.call("tree.collapseIndex(1)");
+    QCOMPARE(image->rotation(), 0.0);
+}
+
+void TestTreeView::delegateComesTooLate()
+{
+    QTest::ignoreMessage(QtCriticalMsg, "No delegate present - TreeView cannot render tree");
+    TreeFixture f("TreeView { id: tree; objectName: 'tree'; childProperty: 'children'\n"
+                  "property Component late: Item {} }");
+    QVERIFY(!f.content());
+    f.append(f.make("a"));
+    f.settle();
+    f.call("tree.delegate = tree.late");
+    f.append(f.make("b"));
+    f.settle();
+    QVERIFY(!f.content());
+    QCOMPARE(f.call("[tree.indexAt(0, 0), tree.documentAt(0), tree.currentEntry()].join()"),
+             QVariant("-1,,"));
+    f.tree->setProperty("activeIndex", 0);
+    QCOMPARE(f.activeIndex(), -1);
+}
+
+void TestTreeView::asynchronousLoader()
+{
+    support::QmlView view;
+    view.load(
+        "import ombrel.data.Core 1.0 as Data\n"
+        "Item { width: 300; height: 300; property alias loader: l; Data.Document { id: doc }\n"
+        "Loader { id: l; asynchronous: true; sourceComponent: TreeView { objectName: 'tree'\n"
+        "property int rebuilds: 0; onIndexRebuilt: ++rebuilds\n"
+        "childProperty: 'children'; rootDocuments: [doc]; delegate: Item {} } } }");
+    view.show();
+    QTRY_VERIFY(view.find("tree"));
+    QTRY_COMPARE(view.find("tree")->property("rebuilds").toInt(), 1);
+    QCOMPARE(evaluate(view.find("tree"), "contentItem.children.length").toInt(), 1);
+}
+
+void TestTreeView::idleTreeRendersNothing()
+{
+    TreeFixture f("Item { width: 300; height: 300; " + TreeFixture::plain() + " }");
+    f.fill();
+    f.view.show();
+    support::grab(f.view.window());
+    QCOMPARE(support::framesWhileIdle(f.view.window()), 0);
+}
+
+QTEST_MAIN(TestTreeView)
+#include "tst_treeview.moc"
