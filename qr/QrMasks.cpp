@@ -42,24 +42,46 @@ constexpr MaskPatterns patterns;
 
 static_assert(MaximumStrips <= StripPhases, "one pattern for each strip");
 
-struct AllFormatLanes
+struct AllFormatLines
 {
-    FormatLanes levels[LevelCount];
+    FormatLines boards[LevelCount][2];
 
-    constexpr AllFormatLanes()
-        : levels()
+    constexpr AllFormatLines()
+        : boards()
     {
         for (int level = 0; level < LevelCount; ++level) {
             for (int mask = 0; mask < MaskCount; ++mask) {
                 const int information = formatInformation(level, mask);
-                for (int bit = 0; bit < FormatBits; ++bit)
-                    levels[level].bits[bit][mask] = information >> bit & 1 ? ~0u : 0u;
+                for (int bit = 0; bit < FormatBits; ++bit) {
+                    if (information >> bit & 1)
+                        addBit(boards[level], mask, bit);
+                }
             }
+        }
+    }
+
+private:
+    static constexpr std::uint32_t at(int place) { return 0x80000000u >> place; }
+
+    static constexpr void addBit(FormatLines (&board)[2], int mask, int bit)
+    {
+        // Down the column beside the upper left finder, then to the left below it, stepping over
+        // the timing patterns.
+        const int x = bit < 8 ? FormatPlace : bit == 8 ? 7 : 14 - bit;
+        const int y = bit < 6 ? bit : bit < 8 ? bit + 1 : FormatPlace;
+        board[0].near[x][mask] |= at(y);
+        board[1].near[y][mask] |= at(x);
+        if (bit < 8) { // From the right, below the upper right finder.
+            board[0].far[7 - bit][mask] |= at(FormatPlace);
+            board[1].across[mask] |= at(7 - bit);
+        } else { // Downwards, beside the lower left finder.
+            board[0].across[mask] |= at(bit - 7);
+            board[1].far[bit - 7][mask] |= at(FormatPlace);
         }
     }
 };
 
-constexpr AllFormatLanes allFormatLanes;
+constexpr AllFormatLines allFormatLines;
 
 } // namespace
 
@@ -68,32 +90,9 @@ const MaskPattern &maskPattern(bool byRows, int strip)
     return patterns.strips[byRows][strip];
 }
 
-const FormatLanes &formatLanes(int level)
+const FormatLines &formatLines(int level, bool byRows)
 {
-    return allFormatLanes.levels[level];
-}
-
-void formatModules(int size, bool byRows, FormatModule (&modules)[FormatModules])
-{
-    constexpr int Place = 8; // Both copies lie in this column and this row.
-    int count = 0;
-    const auto add = [&](int x, int y, int bit) {
-        modules[count++] = {static_cast<std::uint8_t>(byRows ? y : x),
-                            static_cast<std::uint8_t>(byRows ? x : y),
-                            static_cast<std::uint8_t>(bit)};
-    };
-    for (int bit = 0; bit < FormatBits; ++bit) {
-        // Around the finder in the upper left corner, stepping over the timing patterns.
-        if (bit < 8)
-            add(Place, bit < 6 ? bit : bit + 1, bit);
-        else
-            add(bit == 8 ? 7 : 14 - bit, Place, bit);
-        // Below the upper right finder, then beside the lower left one.
-        if (bit < 8)
-            add(size - 1 - bit, Place, bit);
-        else
-            add(Place, size - 15 + bit, bit);
-    }
+    return allFormatLines.boards[level][byRows];
 }
 
 int penalty(int size, const Features &features, int mask)
@@ -132,16 +131,17 @@ void applyMask(int level, int mask, int size, Boards &boards)
         }
     }
 
-    const int information = formatInformation(level, mask);
-    FormatModule modules[FormatModules];
-    formatModules(size, true, modules);
-    for (const FormatModule &module : modules) {
-        const int strip = module.position / StripWidth;
-        const int bit = 31 - (module.position - strip * StripWidth);
-        const std::uint32_t dark = information >> module.bit & 1;
-        boards.rows.lines[strip][module.line] |= dark << bit;
-        if (bit == 31 && strip > 0) // Also the last one of the strip before.
-            boards.rows.lines[strip - 1][module.line] |= dark;
+    const FormatLines &format = formatLines(level, true);
+    for (int line = 0; line < FormatNear; ++line)
+        boards.rows.lines[0][line] |= format.near[line][mask];
+    for (int line = 0; line < FormatFar; ++line)
+        boards.rows.lines[0][size - FormatFar + line] |= format.far[line][mask];
+    for (int strip = 0; strip < strips; ++strip) {
+        const int place = size - FormatFar - strip * StripWidth;
+        if (place > -FormatFar && place < 32) {
+            boards.rows.lines[strip][FormatPlace]
+                |= place < 0 ? format.across[mask] << -place : format.across[mask] >> place;
+        }
     }
 }
 

@@ -169,28 +169,47 @@ inline std::uint32_t cut(const Line &line, int position)
 
 typedef std::uint32_t Words __attribute__((vector_size(16)));
 
-/// Exchanges, in squares of 2 * Distance a side, the upper right and the lower left quarter.
-template<int Distance>
-inline void exchange(Words (&lines)[32], std::uint32_t right)
+/// Exchanges, in squares of 8 or more lines, the upper right and the lower left quarter. A vector
+/// is four lines.
+template<int Vectors>
+inline void exchangeVectors(Words (&lines)[8], std::uint32_t right)
 {
-    for (int base = 0; base < 32; base += 2 * Distance) {
-        for (int index = base; index < base + Distance; ++index) {
-            const Words swapped =
-                (lines[index] ^ lines[index + Distance] >> Distance) & (Words{} + right);
-            lines[index] ^= swapped;
-            lines[index + Distance] ^= swapped << Distance;
-        }
+    constexpr int distance = 4 * Vectors;
+#pragma GCC unroll 8
+    for (int index = 0; index < 8; ++index) {
+        if (index & Vectors)
+            continue;
+        const Words swapped
+            = (lines[index] ^ lines[index + Vectors] >> distance) & (Words {} + right);
+        lines[index] ^= swapped;
+        lines[index + Vectors] ^= swapped << distance;
     }
 }
 
-/// Transposes four squares of 32 x 32 modules, one in each lane: what was a line becomes a bit.
-void transpose(Words (&lines)[32])
+/// The same within a vector, for lines that \a other has in each other's places: the upper ones
+/// take their right part from the left of the lower, the lower ones the other way.
+inline Words exchanged(Words lines, Words other, int distance, Words upper, std::uint32_t left)
 {
-    exchange<16>(lines, 0x0000ffffu);
-    exchange<8>(lines, 0x00ff00ffu);
-    exchange<4>(lines, 0x0f0f0f0fu);
-    exchange<2>(lines, 0x33333333u);
-    exchange<1>(lines, 0x55555555u);
+    const Words keep = (upper & (Words {} + left)) | (~upper & (Words {} + ~left));
+    return (lines & keep) | (upper & ~keep & other >> distance)
+        | (~upper & ~keep & other << distance);
+}
+
+/// Transposes a square of 32 x 32 modules: what was a line becomes a bit.
+inline void transpose(Words (&lines)[8])
+{
+    exchangeVectors<4>(lines, 0x0000ffffu);
+    exchangeVectors<2>(lines, 0x00ff00ffu);
+    exchangeVectors<1>(lines, 0x0f0f0f0fu);
+#pragma GCC unroll 8
+    for (int index = 0; index < 8; ++index) {
+        Words four = lines[index];
+        four = exchanged(four, Words {four[2], four[3], four[0], four[1]}, 2, Words {~0u, ~0u, 0, 0},
+                         0xccccccccu);
+        four = exchanged(four, Words {four[1], four[0], four[3], four[2]}, 1, Words {~0u, 0, ~0u, 0},
+                         0xaaaaaaaau);
+        lines[index] = four;
+    }
 }
 
 } // namespace
@@ -208,21 +227,20 @@ void cutStrips(int size, Boards &boards)
             boards.free.lines[strip][column] = cut(free, first);
         }
 
-        // The columns of this strip, 128 rows at a time, become the lines of its rows.
-        for (int half = 0; 128 * half < size; ++half) {
-            Words lines[32];
-            for (int column = 0; column < 32; ++column) {
-                const std::uint64_t *words = boards.modules[first + column].words + 2 * half;
-                lines[column] = Words{static_cast<std::uint32_t>(words[0] >> 32),
-                                      static_cast<std::uint32_t>(words[0]),
-                                      static_cast<std::uint32_t>(words[1] >> 32),
-                                      static_cast<std::uint32_t>(words[1])};
+        // The columns of this strip, 32 rows at a time, become the lines of its rows.
+        for (int row = 0; row < size; row += 32) {
+            const Line *columns = boards.modules + first;
+            const auto word = [columns, row](int column) {
+                return static_cast<std::uint32_t>(columns[column].words[row / 64]
+                                                  >> (row & 32 ? 0 : 32));
+            };
+            Words lines[8];
+            for (int index = 0; index < 8; ++index) {
+                lines[index] = Words {word(4 * index), word(4 * index + 1), word(4 * index + 2),
+                                      word(4 * index + 3)};
             }
             transpose(lines);
-            for (int lane = 0; lane < 4 && 128 * half + 32 * lane < size; ++lane) {
-                for (int row = 0; row < 32; ++row)
-                    boards.rows.lines[strip][128 * half + 32 * lane + row] = lines[row][lane];
-            }
+            std::memcpy(boards.rows.lines[strip] + row, lines, sizeof lines);
         }
     }
 

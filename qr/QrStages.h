@@ -161,27 +161,23 @@ struct alignas(32) MaskPattern
 /// The pattern of a strip of the board by columns or by rows.
 const MaskPattern &maskPattern(bool byRows, int strip);
 
-/// A module of the format information: its place in a board, and which of the 15 bits it shows.
-struct FormatModule
+/// Both copies of the format information lie in the column and the row 8: one within the first nine
+/// lines, the other within the last eight.
+constexpr int FormatPlace = 8;
+constexpr int FormatNear = 9;
+constexpr int FormatFar = 8;
+
+/// The format information of a level as words to be added to a board by columns or by rows, a word
+/// of each mask.
+struct alignas(32) FormatLines
 {
-    std::uint8_t line;
-    std::uint8_t position;
-    std::uint8_t bit;
+    std::uint32_t near[FormatNear][MaskCount] = {}; ///< Of the first strip, the first lines.
+    std::uint32_t far[FormatFar][MaskCount] = {};   ///< Of the first strip, the last lines.
+    std::uint32_t across[MaskCount] = {}; ///< Of the line 8, the last places of the symbol, moved to
+                                     ///< the first of the word.
 };
 
-constexpr int FormatModules = 2 * FormatBits;
-
-/// Lists the modules of the format information of a symbol of \a size, for the board by columns or
-/// by rows.
-void formatModules(int size, bool byRows, FormatModule (&modules)[FormatModules]);
-
-/// The format information of a level, bit by bit: all ones for the masks that set it.
-struct alignas(32) FormatLanes
-{
-    std::uint32_t bits[FormatBits][MaskCount];
-};
-
-const FormatLanes &formatLanes(int level);
+const FormatLines &formatLines(int level, bool byRows);
 
 /// What the penalty rules count, for each mask.
 struct Features

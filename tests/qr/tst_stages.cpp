@@ -600,10 +600,14 @@ void TestStages::penaltyRules()
                     QCOMPARE(alone.finderLike, finderLike);
                 }
                 // The format information is placed on light modules.
-                qr::FormatModule format[qr::FormatModules];
-                qr::formatModules(size, false, format);
-                for (const qr::FormatModule &module : format)
-                    matrix.at(module.line, module.position) = slow::Function;
+                slow::Matrix format(size);
+                slow::placeFormat(0, 0, format);
+                for (int x = 0; x < size; ++x) {
+                    for (int y = 0; y < size; ++y) {
+                        if (format.at(x, y))
+                            matrix.at(x, y) = slow::Function;
+                    }
+                }
                 fill(matrix);
                 for (int set = 0; set < qr::InstructionSets; ++set) {
                     if (!qr::available(qr::Instructions(set)))
