@@ -12,22 +12,27 @@ namespace {
 constexpr int TimingColumn = 6;
 constexpr int StreamWords = (8 * MaximumCodewords + 63) / 64;
 
+/// Two words that are worked on at once.
+typedef std::uint64_t Pair __attribute__((vector_size(16)));
+
 /// The codewords as bits, whole and split once into every other bit: where both columns of a pair
-/// are free, one takes the even bits and the other the odd ones, many rows at a time. Each part
-/// has a word of zeros behind it for the remainder bits.
+/// are free, one takes the even bits and the other the odd ones, many rows at a time. Downwards a
+/// stream is read from the most significant bit of each word, upwards the same stream from the
+/// least significant one. Each has a word of zeros behind it for the remainder bits.
 struct Stream
 {
-    std::uint64_t whole[StreamWords + 2];
-    std::uint64_t alternate[2][StreamWords / 2 + 2];
+    alignas(16) std::uint64_t whole[StreamWords + 4];
+    alignas(16) std::uint64_t down[2][StreamWords / 2 + 4];
+    alignas(16) std::uint64_t up[2][StreamWords / 2 + 4];
 };
 
 Stream stream;
 
 /// Moves the even bits (counted from the most significant) into the upper half of the word and the
 /// odd ones into the lower, in their order.
-std::uint64_t unshuffle(std::uint64_t value)
+inline Pair unshuffle(Pair value)
 {
-    std::uint64_t swapped = (value ^ value >> 1) & 0x2222222222222222ull;
+    Pair swapped = (value ^ value >> 1) & 0x2222222222222222ull;
     value ^= swapped ^ swapped << 1;
     swapped = (value ^ value >> 2) & 0x0c0c0c0c0c0c0c0cull;
     value ^= swapped ^ swapped << 2;
@@ -39,12 +44,17 @@ std::uint64_t unshuffle(std::uint64_t value)
     return value ^ swapped ^ swapped << 16;
 }
 
-std::uint64_t reverse(std::uint64_t value)
+template<typename Word>
+inline Word reverseInBytes(Word value)
 {
     value = (value >> 1 & 0x5555555555555555ull) | (value & 0x5555555555555555ull) << 1;
     value = (value >> 2 & 0x3333333333333333ull) | (value & 0x3333333333333333ull) << 2;
-    value = (value >> 4 & 0x0f0f0f0f0f0f0f0full) | (value & 0x0f0f0f0f0f0f0f0full) << 4;
-    return __builtin_bswap64(value);
+    return (value >> 4 & 0x0f0f0f0f0f0f0f0full) | (value & 0x0f0f0f0f0f0f0f0full) << 4;
+}
+
+inline std::uint64_t reverse(std::uint64_t value)
+{
+    return __builtin_bswap64(reverseInBytes(value));
 }
 
 void split(const unsigned char *codewords, int count)
@@ -52,32 +62,42 @@ void split(const unsigned char *codewords, int count)
     const int words = (count + 7) / 8;
     stream.whole[count / 8] = 0;
     std::memcpy(stream.whole, codewords, count);
-    stream.whole[words] = 0;
-    stream.whole[words + 1] = 0;
-    for (int index = 0; index < words + 1; index += 2) {
-        const std::uint64_t first = __builtin_bswap64(stream.whole[index]);
-        const std::uint64_t second = __builtin_bswap64(stream.whole[index + 1]);
-        stream.whole[index] = first;
-        stream.whole[index + 1] = second;
-        const std::uint64_t front = unshuffle(first);
-        const std::uint64_t back = unshuffle(second);
-        stream.alternate[0][index / 2] = (front & 0xffffffff00000000ull) | back >> 32;
-        stream.alternate[1][index / 2] = front << 32 | (back & 0x00000000ffffffffull);
+    for (int index = words; index < words + 4; ++index)
+        stream.whole[index] = 0;
+    // Two words give one of each half; one more of zeros follows.
+    for (int index = 0; index < words + 2; index += 2) {
+        Pair two = {__builtin_bswap64(stream.whole[index]),
+                    __builtin_bswap64(stream.whole[index + 1])};
+        std::memcpy(stream.whole + index, &two, sizeof two);
+        two = unshuffle(two);
+        const Pair halves = Pair {two[0] & 0xffffffff00000000ull, two[0] << 32}
+            | Pair {two[1] >> 32, two[1] & 0x00000000ffffffffull};
+        const Pair reversed = reverseInBytes(halves);
+        for (int half = 0; half < 2; ++half) {
+            stream.down[half][index / 2] = halves[half];
+            stream.up[half][index / 2] = __builtin_bswap64(reversed[half]);
+        }
     }
-    stream.alternate[0][words / 2 + 1] = 0;
-    stream.alternate[1][words / 2 + 1] = 0;
 }
 
-/// \a count bits, 1 to 64, from \a position on, in the most significant bits.
-inline std::uint64_t take(const std::uint64_t *bits, int position, int count)
+/// 64 bits of a stream from \a position on, the first in the most significant.
+inline std::uint64_t readDown(const std::uint64_t *bits, int position)
 {
     const std::uint64_t *word = bits + (position >> 6);
     const int offset = position & 63;
-    const std::uint64_t value = word[0] << offset | word[1] >> 1 >> (63 - offset);
-    return value & ~0ull << (64 - count);
+    return word[0] << offset | word[1] >> 1 >> (63 - offset);
 }
 
-/// How many bits from \a bit on are set, in the direction of reading. \a bit is the first one read.
+/// The same with the first in the least significant.
+inline std::uint64_t readUp(const std::uint64_t *bits, int position)
+{
+    const std::uint64_t *word = bits + (position >> 6);
+    const int offset = position & 63;
+    return word[0] >> offset | word[1] << 1 << (63 - offset);
+}
+
+/// How many of \a bits are set from \a bit on, in the direction of reading: upwards, the first
+/// module is the least significant bit.
 template<bool Upwards>
 inline int runLength(std::uint64_t bits, int bit)
 {
@@ -87,18 +107,18 @@ inline int runLength(std::uint64_t bits, int bit)
     return Upwards ? __builtin_ctzll(end) : __builtin_clzll(end);
 }
 
-/// Bits, the first read in the most significant, put where a run that begins at \a bit lies.
+/// The bits of a run of \a count modules.
 template<bool Upwards>
-inline std::uint64_t laid(std::uint64_t bits, int bit)
+inline std::uint64_t runBits(int bit, int count)
 {
-    return Upwards ? reverse(bits) << bit : bits >> bit;
+    return Upwards ? ~0ull >> (64 - count) << bit : ~0ull << (64 - count) >> bit;
 }
 
-/// Fills one word of a pair of columns, run by run of modules that are free alike. Upwards, the
-/// first module is the least significant bit. Returns the position in the stream behind it.
+/// Fills one word of a pair of columns, run by run of modules that are free alike. Returns the
+/// position in the stream behind it.
 template<bool Upwards>
-int fillWord(std::uint64_t freeRight, std::uint64_t freeLeft, std::uint64_t &right,
-             std::uint64_t &left, int position)
+inline int fillWord(std::uint64_t freeRight, std::uint64_t freeLeft, std::uint64_t &right,
+                    std::uint64_t &left, int position)
 {
     const std::uint64_t both = freeRight & freeLeft;
     std::uint64_t waiting = freeRight | freeLeft;
@@ -106,20 +126,30 @@ int fillWord(std::uint64_t freeRight, std::uint64_t freeLeft, std::uint64_t &rig
         const int bit = Upwards ? __builtin_ctzll(waiting) : __builtin_clzll(waiting);
         const std::uint64_t here = Upwards ? 1ull << bit : 1ull << 63 >> bit;
         int count;
+        std::uint64_t run;
         if (both & here) {
             count = runLength<Upwards>(both, bit);
+            run = runBits<Upwards>(bit, count);
             const int odd = position & 1;
-            right |= laid<Upwards>(take(stream.alternate[odd], position >> 1, count), bit);
-            left |= laid<Upwards>(take(stream.alternate[!odd], (position >> 1) + odd, count), bit);
+            const int half = position >> 1;
+            if constexpr (Upwards) {
+                right |= readUp(stream.up[odd], half) << bit & run;
+                left |= readUp(stream.up[!odd], half + odd) << bit & run;
+            } else {
+                right |= readDown(stream.down[odd], half) >> bit & run;
+                left |= readDown(stream.down[!odd], half + odd) >> bit & run;
+            }
             position += 2 * count;
         } else {
             const bool rightOnly = freeRight & here;
             count = runLength<Upwards>((rightOnly ? freeRight : freeLeft) & ~both, bit);
-            (rightOnly ? right : left) |= laid<Upwards>(take(stream.whole, position, count), bit);
+            run = runBits<Upwards>(bit, count);
+            const std::uint64_t bits = readDown(stream.whole, position);
+            (rightOnly ? right : left)
+                |= (Upwards ? reverse(bits) << bit : bits >> bit) & run;
             position += count;
         }
-        const int next = bit + count;
-        waiting &= next == 64 ? 0 : Upwards ? ~0ull << next : ~0ull >> next;
+        waiting &= ~run;
     }
     return position;
 }
