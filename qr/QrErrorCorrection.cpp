@@ -44,7 +44,7 @@ struct alignas(16) Remainder
     std::uint8_t coefficients[8 * Words] = {};
 };
 
-/// For each half of a byte (high, low) of each of the next eight codewords: the whole remainder
+/// For each half of a byte (low, high) of each of the next eight codewords: the whole remainder
 /// that each of its values leaves once the eight are divided away. They need only be added up.
 template<int Degree>
 struct Remainders
@@ -71,9 +71,9 @@ struct Remainders
             for (int value = 0; value < 16; ++value) {
                 for (int index = 0; index < Degree; ++index) {
                     halves[2 * codeword][value].coefficients[index] =
-                        field.product(value << 4, rest[index]);
-                    halves[2 * codeword + 1][value].coefficients[index] =
                         field.product(value, rest[index]);
+                    halves[2 * codeword + 1][value].coefficients[index] =
+                        field.product(value << 4, rest[index]);
                 }
             }
             const int head = rest[0];
@@ -122,21 +122,22 @@ void divide(const unsigned char *data, int count, unsigned char *result)
         const std::uint64_t head = next ^ front[0];
         front = Pair{front[1], back[0]};
         back = Pair{back[1], 0};
-        for (int codeword = 0; codeword < Stride; ++codeword) {
-            const Remainder<Degree> &high =
-                remainders<Degree>.halves[2 * codeword][head >> (8 * codeword + 4) & 15];
-            const Remainder<Degree> &low =
-                remainders<Degree>.halves[2 * codeword + 1][head >> (8 * codeword) & 15];
-            Pair parts[4];
-            std::memcpy(&parts[0], high.coefficients, 16);
-            std::memcpy(&parts[1], low.coefficients, 16);
-            front ^= parts[0] ^ parts[1];
+        // Two sums, so that not every addition waits for the one before.
+        Pair sums[4] = {front, {0, 0}, back, {0, 0}};
+#pragma GCC unroll 16
+        for (int half = 0; half < 2 * Stride; ++half) {
+            const std::uint64_t value = head >> (4 * half) & 15;
+            const Remainder<Degree> &rest = remainders<Degree>.halves[half][value];
+            Pair part;
+            std::memcpy(&part, rest.coefficients, sizeof part);
+            sums[half & 1] ^= part;
             if constexpr (wide) {
-                std::memcpy(&parts[2], high.coefficients + 16, 16);
-                std::memcpy(&parts[3], low.coefficients + 16, 16);
-                back ^= parts[2] ^ parts[3];
+                std::memcpy(&part, rest.coefficients + sizeof part, sizeof part);
+                sums[2 + (half & 1)] ^= part;
             }
         }
+        front = sums[0] ^ sums[1];
+        back = sums[2] ^ sums[3];
         if (done >= count)
             break;
         next = load(data + done);

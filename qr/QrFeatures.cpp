@@ -33,9 +33,32 @@ namespace avx2 {
 
 } // namespace avx2
 
+namespace avx512 {
+
+// As wide, but with three-way logic and twice the registers.
+#define QR_TARGET __attribute__((target("avx2,avx512f,avx512vl,prefer-vector-width=256")))
+#define QR_KERNEL                                                                                  \
+    __attribute__((target("avx2,avx512f,avx512vl,prefer-vector-width=256"), always_inline)) inline
+#define QR_LANES 8
+#include "qr/QrFeatureKernels.inc"
+#undef QR_TARGET
+#undef QR_KERNEL
+#undef QR_LANES
+
+} // namespace avx512
+
 bool available(Instructions instructions)
 {
-    return instructions == Baseline || (instructions == Avx2 && __builtin_cpu_supports("avx2"));
+    switch (instructions) {
+    case Baseline:
+        return true;
+    case Avx2:
+        return __builtin_cpu_supports("avx2");
+    case Avx512:
+        return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512vl");
+    default:
+        return false;
+    }
 }
 
 #else
@@ -49,13 +72,15 @@ bool available(Instructions instructions)
 
 Instructions widest()
 {
-    return available(Avx2) ? Avx2 : Baseline;
+    return available(Avx512) ? Avx512 : available(Avx2) ? Avx2 : Baseline;
 }
 
 void countFeatures(Instructions instructions, int level, int size, const Boards &boards,
                    Features &features)
 {
 #if defined(__x86_64__)
+    if (instructions == Avx512)
+        return avx512::count(level, size, boards, features);
     if (instructions == Avx2)
         return avx2::count(level, size, boards, features);
 #endif

@@ -172,32 +172,48 @@ void placeCodewords(int size, const unsigned char *codewords, int count, Boards 
     for (int column = size - 1; column > 0; column -= 2, upwards = !upwards) {
         if (column == TimingColumn)
             --column;
-        const std::uint64_t *functionRight = boards.function[column].words;
-        const std::uint64_t *functionLeft = boards.function[column - 1].words;
-        std::uint64_t *right = boards.modules[column].words;
-        std::uint64_t *left = boards.modules[column - 1].words;
         for (int step = 0; step < words; ++step) {
             const int word = upwards ? words - 1 - step : step;
-            const std::uint64_t freeRight = ~functionRight[word] & inside[word];
-            const std::uint64_t freeLeft = ~functionLeft[word] & inside[word];
+            const std::uint64_t *function = boards.function.words[word] + column;
+            const std::uint64_t freeRight = ~function[0] & inside[word];
+            const std::uint64_t freeLeft = ~function[-1] & inside[word];
+            std::uint64_t *modules = boards.modules.words[word] + column;
             position = upwards
-                ? fillWord<true>(freeRight, freeLeft, right[word], left[word], position)
-                : fillWord<false>(freeRight, freeLeft, right[word], left[word], position);
+                ? fillWord<true>(freeRight, freeLeft, modules[0], modules[-1], position)
+                : fillWord<false>(freeRight, freeLeft, modules[0], modules[-1], position);
         }
     }
 }
 
 namespace {
 
-/// The 32 bits of a line from \a position on.
-inline std::uint32_t cut(const Line &line, int position)
+typedef std::uint32_t Words __attribute__((vector_size(16)));
+
+/// The lower halves of the words of two pairs.
+inline Words lowerHalves(const Pair &first, const Pair &second)
 {
-    const std::uint64_t *word = line.words + (position >> 6);
-    const int offset = position & 63;
-    return static_cast<std::uint32_t>((word[0] << offset | word[1] >> 1 >> (63 - offset)) >> 32);
+    return __builtin_shuffle(reinterpret_cast<const Words &>(first),
+                             reinterpret_cast<const Words &>(second), Words {0, 2, 4, 6});
 }
 
-typedef std::uint32_t Words __attribute__((vector_size(16)));
+/// The 32 bits from a row on, of the two columns from \a column on, in the lower halves.
+inline Pair cutTwo(const Columns &board, int row, int column)
+{
+    const int offset = row & 63;
+    Pair above;
+    Pair below;
+    std::memcpy(&above, &board.words[row >> 6][column], sizeof above);
+    if (offset <= 32)
+        return above >> (32 - offset);
+    std::memcpy(&below, &board.words[(row >> 6) + 1][column], sizeof below);
+    return above << (offset - 32) | below >> (96 - offset);
+}
+
+/// The 32 bits from a row on, of the four columns from \a column on.
+inline Words cutFour(const Columns &board, int row, int column)
+{
+    return lowerHalves(cutTwo(board, row, column), cutTwo(board, row, column + 2));
+}
 
 /// Exchanges, in squares of 8 or more lines, the upper right and the lower left quarter. A vector
 /// is four lines.
@@ -249,36 +265,24 @@ void cutStrips(int size, Boards &boards)
     const int strips = stripsOf(size);
     for (int strip = 0; strip < strips; ++strip) {
         const int first = strip * StripWidth;
-        for (int column = 0; column < size; ++column) {
-            boards.columns.lines[strip][column] = cut(boards.modules[column], first);
-            Line free;
-            for (int word = 0; word < 4; ++word)
-                free.words[word] = ~boards.function[column].words[word];
-            boards.free.lines[strip][column] = cut(free, first);
+        // Behind the symbol nothing is free: those positions stay light in all masks.
+        const int width = size - first;
+        const Words inside = Words {} + (width < 32 ? ~(~0u >> width) : ~0u);
+        for (int column = 0; column < size; column += 4) {
+            const Words modules = cutFour(boards.modules, first, column);
+            const Words free = inside & ~cutFour(boards.function, first, column);
+            std::memcpy(boards.columns.lines[strip] + column, &modules, sizeof modules);
+            std::memcpy(boards.free.lines[strip] + column, &free, sizeof free);
         }
 
         // The columns of this strip, 32 rows at a time, become the lines of its rows.
         for (int row = 0; row < size; row += 32) {
-            const Line *columns = boards.modules + first;
-            const auto word = [columns, row](int column) {
-                return static_cast<std::uint32_t>(columns[column].words[row / 64]
-                                                  >> (row & 32 ? 0 : 32));
-            };
             Words lines[8];
-            for (int index = 0; index < 8; ++index) {
-                lines[index] = Words {word(4 * index), word(4 * index + 1), word(4 * index + 2),
-                                      word(4 * index + 3)};
-            }
+            for (int index = 0; index < 8; ++index)
+                lines[index] = cutFour(boards.modules, row, first + 4 * index);
             transpose(lines);
             std::memcpy(boards.rows.lines[strip] + row, lines, sizeof lines);
         }
-    }
-
-    // Behind the symbol nothing is free: those positions stay light in all masks.
-    const int behind = size - (strips - 1) * StripWidth;
-    for (int line = 0; line < size; ++line) {
-        if (behind < 32)
-            boards.free.lines[strips - 1][line] &= ~(~0u >> behind);
     }
 }
 

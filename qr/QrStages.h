@@ -69,15 +69,6 @@ void interleave(int level, int version, const unsigned char *data, unsigned char
 
 // Boards ----------------------------------------------------------------------------------------
 
-/// One column of modules, row 0 in the most significant bit of the first word. The bits behind the
-/// last row are 0.
-struct alignas(32) Line
-{
-    std::uint64_t words[4];
-
-    bool at(int index) const { return words[index >> 6] >> (63 - (index & 63)) & 1; }
-};
-
 /// Modules are scored in strips of 31: a line of a strip is a word of 32 bits, most significant
 /// first, whose last bit is the first of the next strip, so that each square of 2 x 2 modules lies
 /// in one strip.
@@ -101,11 +92,22 @@ struct Strips
     }
 };
 
+/// A board as columns of 64 rows a word, row 0 in the most significant bit of the first word. The
+/// columns of a word lie side by side. Bits behind the last row are 0.
+struct Columns
+{
+    static constexpr int Words = 4; ///< Three are used; the last is read and always zero.
+
+    alignas(32) std::uint64_t words[Words][PaddedSize];
+
+    bool at(int x, int y) const { return words[y >> 6][x] >> (63 - (y & 63)) & 1; }
+};
+
 /// A symbol under construction.
 struct Boards
 {
-    Line function[PaddedSize]; ///< Columns: the modules that are no data.
-    Line modules[PaddedSize]; ///< Columns: dark modules before masking, no format information.
+    Columns function; ///< The modules that are no data.
+    Columns modules;  ///< Dark modules before masking, without the format information.
     Strips free; ///< The data modules; alike by columns and by rows.
     Strips columns; ///< The modules, a line a column.
     Strips rows; ///< The modules, a line a row.
@@ -189,11 +191,7 @@ struct Features
 };
 
 /// The ways of counting, from the one that runs everywhere to the widest.
-enum Instructions {
-    Baseline,
-    Avx2,
-    InstructionSets
-};
+enum Instructions { Baseline, Avx2, Avx512, InstructionSets };
 
 /// Whether this processor has them.
 bool available(Instructions instructions);

@@ -50,9 +50,9 @@ void fill(const slow::Matrix &matrix)
         for (int y = 0; y < matrix.size; ++y) {
             const std::uint64_t bit = 1ull << (63 - y % 64);
             if (matrix.at(x, y) & slow::Function)
-                boards.function[x].words[y / 64] |= bit;
+                boards.function.words[y / 64][x] |= bit;
             if (matrix.at(x, y) & (slow::Dark | slow::Data))
-                boards.modules[x].words[y / 64] |= bit;
+                boards.modules.words[y / 64][x] |= bit;
         }
     }
     qr::cutStrips(matrix.size, boards);
@@ -441,10 +441,10 @@ void TestStages::functionPatterns()
     qr::clearBoards(matrix.size, boards);
     qr::placeFunctionPatterns(version, boards);
     COMPARE_GRIDS(
-        matrix.size, [](int x, int y) { return boards.function[x].at(y); },
+        matrix.size, [](int x, int y) { return boards.function.at(x, y); },
         [&](int x, int y) { return (matrix.at(x, y) & slow::Function) != 0; });
     COMPARE_GRIDS(
-        matrix.size, [](int x, int y) { return boards.modules[x].at(y); },
+        matrix.size, [](int x, int y) { return boards.modules.at(x, y); },
         [&](int x, int y) { return (matrix.at(x, y) & slow::Dark) != 0; });
 }
 
@@ -479,7 +479,7 @@ void TestStages::placement()
     qr::placeFunctionPatterns(version, boards);
     qr::placeCodewords(matrix.size, codewords.data(), count, boards);
     COMPARE_GRIDS(
-        matrix.size, [](int x, int y) { return boards.modules[x].at(y); },
+        matrix.size, [](int x, int y) { return boards.modules.at(x, y); },
         [&](int x, int y) { return (matrix.at(x, y) & (slow::Dark | slow::Data)) != 0; });
 }
 
