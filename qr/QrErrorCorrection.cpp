@@ -106,6 +106,9 @@ template<int Degree>
 void divide(const unsigned char *data, int count, unsigned char *result)
 {
     constexpr bool wide = Degree > 16;
+    constexpr int rowShift = wide ? 5 : 4;
+    static_assert(sizeof(Remainder<Degree>) == 1 << rowShift, "rows are found by shifting");
+    const unsigned char *table = remainders<Degree>.halves[0][0].coefficients;
     Pair front = {0, 0};
     Pair back = {0, 0};
 
@@ -126,13 +129,16 @@ void divide(const unsigned char *data, int count, unsigned char *result)
         Pair sums[4] = {front, {0, 0}, back, {0, 0}};
 #pragma GCC unroll 16
         for (int half = 0; half < 2 * Stride; ++half) {
-            const std::uint64_t value = head >> (4 * half) & 15;
-            const Remainder<Degree> &rest = remainders<Degree>.halves[half][value];
+            // The value of this half, times the size of a row.
+            const int shift = 4 * half - rowShift;
+            const std::uint64_t offset = (shift < 0 ? head << -shift : head >> shift)
+                & (15u << rowShift);
+            const unsigned char *row = table + half * (16 << rowShift) + offset;
             Pair part;
-            std::memcpy(&part, rest.coefficients, sizeof part);
+            std::memcpy(&part, row, sizeof part);
             sums[half & 1] ^= part;
             if constexpr (wide) {
-                std::memcpy(&part, rest.coefficients + sizeof part, sizeof part);
+                std::memcpy(&part, row + sizeof part, sizeof part);
                 sums[2 + (half & 1)] ^= part;
             }
         }
@@ -180,29 +186,84 @@ void correctionCodewords(const unsigned char *data, int count, int degree, unsig
     }
 }
 
+namespace {
+
+/// Exchanges, in squares of 2 * Rows bytes a side, the upper right and the lower left quarter.
+template<int Rows>
+inline void exchange(std::uint64_t (&rows)[8], std::uint64_t left)
+{
+    constexpr int bits = 8 * Rows;
+#pragma GCC unroll 8
+    for (int index = 0; index < 8; ++index) {
+        if (index & Rows)
+            continue;
+        const std::uint64_t swapped = (rows[index] >> bits ^ rows[index + Rows]) & left;
+        rows[index] ^= swapped << bits;
+        rows[index + Rows] ^= swapped;
+    }
+}
+
+/// Puts byte c of block b, of \a count blocks that lie \a stride bytes apart, at c * step + b: eight
+/// bytes of eight blocks at a time.
+void spread(const unsigned char *blocks, int stride, int count, int length, unsigned char *result,
+            int step)
+{
+    int block = 0;
+    for (; block + 8 <= count; block += 8, blocks += 8 * stride) {
+        int column = 0;
+        for (; column + 8 <= length; column += 8) {
+            std::uint64_t rows[8];
+#pragma GCC unroll 8
+            for (int index = 0; index < 8; ++index)
+                rows[index] = load(blocks + index * stride + column);
+            exchange<4>(rows, 0x00000000ffffffffull);
+            exchange<2>(rows, 0x0000ffff0000ffffull);
+            exchange<1>(rows, 0x00ff00ff00ff00ffull);
+#pragma GCC unroll 8
+            for (int index = 0; index < 8; ++index)
+                std::memcpy(result + (column + index) * step + block, &rows[index], 8);
+        }
+        for (; column < length; ++column) {
+            for (int index = 0; index < 8; ++index)
+                result[column * step + block + index] = blocks[index * stride + column];
+        }
+    }
+    for (; block < count; ++block, blocks += stride) {
+        for (int column = 0; column < length; ++column)
+            result[column * step + block] = blocks[column];
+    }
+}
+
+constexpr int MaximumBlocks = 81;
+constexpr int CorrectionStride = 32;
+
+unsigned char corrections[MaximumBlocks * CorrectionStride];
+
+} // namespace
+
 void interleave(int level, int version, const unsigned char *data, unsigned char *codewords)
 {
     const VersionRow &row = versionTable[version];
     const int blocks = row.blockCount(level);
-    const int shorter = row.groups[level][0].blocks;
-    const int shortData = row.groups[level][0].data;
     const int correction = row.correction(level);
-    unsigned char *extra = codewords + blocks * shortData;
-    unsigned char *corrections = codewords + row.data[level];
+    const int shorter = row.groups[level][0].blocks;
+    const int length = row.groups[level][0].data;
+    const unsigned char *longer = data + shorter * length;
 
     for (int block = 0; block < blocks; ++block) {
-        const int count = shortData + (block >= shorter);
-        unsigned char rest[32];
-        correctionCodewords(data, count, correction, rest);
-
-        for (int column = 0; column < shortData; ++column)
-            codewords[column * blocks + block] = data[column];
-        if (count > shortData)
-            *extra++ = data[shortData];
-        for (int column = 0; column < correction; ++column)
-            corrections[column * blocks + block] = rest[column];
-        data += count;
+        const bool isLonger = block >= shorter;
+        const unsigned char *first
+            = isLonger ? longer + (block - shorter) * (length + 1) : data + block * length;
+        correctionCodewords(first, length + isLonger, correction,
+                            corrections + block * CorrectionStride);
     }
+
+    spread(data, length, shorter, length, codewords, blocks);
+    spread(longer, length + 1, blocks - shorter, length, codewords + shorter, blocks);
+    codewords += blocks * length;
+    for (int block = shorter; block < blocks; ++block, longer += length + 1)
+        *codewords++ = longer[length];
+    spread(corrections, CorrectionStride, blocks, correction, codewords, blocks);
 }
 
 } // namespace om::controls::qr
