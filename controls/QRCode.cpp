@@ -36,8 +36,8 @@ QImage moduleImage(int moduleCount, const unsigned char *modules)
             line[x] = modules[k / 8] & 0x80 >> k % 8 ? 0xff000000 : 0xffffffff;
         }
     }
-    // The shader reads red whatever alpha is. Said to be premultiplied, the pixels reach the texture
-    // as they are; else the border would become transparent black and count as dark.
+    // The shader reads red whatever alpha is. Said to be premultiplied, the pixels reach the
+    // texture as they are; else the border would become transparent black and count as dark.
     image.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
     return image;
 }
@@ -78,8 +78,7 @@ void QRCode::Private::encode()
 {
     const QByteArray text = url.toEncoded(QUrl::FullyEncoded);
     unsigned char modules[ResultBytes];
-    const int count
-        = qrEncode(LevelL, AutomaticVersion, text.constData(), text.size(), modules);
+    const int count = qrEncode(LevelL, AutomaticVersion, text.constData(), text.size(), modules);
     image = moduleImage(count, modules);
     changes |= ImageChange;
     q->update();

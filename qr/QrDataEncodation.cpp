@@ -124,13 +124,16 @@ bool BitStream::appendBytes(const char *bytes, int count)
     const int used = m_bits & 7;
     int index = 0;
     // Eight at a time: what is left of the byte that was begun stays in front of each word.
-    for (; used && count - index > 8; index += 8) {
+    if (used && count > 8) {
         unsigned char *place = m_buffer + (m_bits >> 3);
-        const std::uint64_t next = loadBigEndian(bytes + index);
-        const std::uint64_t begun = std::uint64_t(place[0]) << 56;
-        storeBigEndian(begun | next >> used, place);
-        place[8] = static_cast<unsigned char>(next << (8 - used));
-        m_bits += 64;
+        std::uint64_t begun = std::uint64_t(*place) << 56;
+        for (; count - index > 8; index += 8, place += 8) {
+            const std::uint64_t next = loadBigEndian(bytes + index);
+            storeBigEndian(begun | next >> used, place);
+            begun = next << (64 - used);
+        }
+        *place = static_cast<unsigned char>(begun >> 56);
+        m_bits += 8 * index;
     }
     for (; index < count; ++index)
         append(static_cast<unsigned char>(bytes[index]), 8);

@@ -131,8 +131,8 @@ void divide(const unsigned char *data, int count, unsigned char *result)
         for (int half = 0; half < 2 * Stride; ++half) {
             // The value of this half, times the size of a row.
             const int shift = 4 * half - rowShift;
-            const std::uint64_t offset = (shift < 0 ? head << -shift : head >> shift)
-                & (15u << rowShift);
+            const std::uint64_t offset =
+                (shift < 0 ? head << -shift : head >> shift) & (15u << rowShift);
             const unsigned char *row = table + half * (16 << rowShift) + offset;
             Pair part;
             std::memcpy(&part, row, sizeof part);
@@ -203,8 +203,8 @@ inline void exchange(std::uint64_t (&rows)[8], std::uint64_t left)
     }
 }
 
-/// Puts byte c of block b, of \a count blocks that lie \a stride bytes apart, at c * step + b: eight
-/// bytes of eight blocks at a time.
+/// Puts byte c of block b, of \a count blocks that lie \a stride bytes apart, at c * step + b:
+/// eight bytes of eight blocks at a time.
 void spread(const unsigned char *blocks, int stride, int count, int length, unsigned char *result,
             int step)
 {
@@ -252,8 +252,8 @@ void interleave(int level, int version, const unsigned char *data, unsigned char
 
     for (int block = 0; block < blocks; ++block) {
         const bool isLonger = block >= shorter;
-        const unsigned char *first
-            = isLonger ? longer + (block - shorter) * (length + 1) : data + block * length;
+        const unsigned char *first =
+            isLonger ? longer + (block - shorter) * (length + 1) : data + block * length;
         correctionCodewords(first, length + isLonger, correction,
                             corrections + block * CorrectionStride);
     }

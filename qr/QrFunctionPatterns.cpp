@@ -101,8 +101,8 @@ void placeAlignments(const VersionRow &version, Boards &boards)
         for (int word = 0; word < 3; ++word) {
             for (int column = 0; column < 5; ++column) {
                 boards.function.words[word][x - 2 + column] |= area[word];
-                boards.modules.words[word][x - 2 + column]
-                    |= dark[column < 3 ? column : 4 - column][word];
+                boards.modules.words[word][x - 2 + column] |=
+                    dark[column < 3 ? column : 4 - column][word];
             }
         }
     }

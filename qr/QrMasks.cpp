@@ -139,31 +139,37 @@ void applyMask(int level, int mask, int size, Boards &boards)
     for (int strip = 0; strip < strips; ++strip) {
         const int place = size - FormatFar - strip * StripWidth;
         if (place > -FormatFar && place < 32) {
-            boards.rows.lines[strip][FormatPlace]
-                |= place < 0 ? format.across[mask] << -place : format.across[mask] >> place;
+            boards.rows.lines[strip][FormatPlace] |=
+                place < 0 ? format.across[mask] << -place : format.across[mask] >> place;
         }
     }
 }
 
 void pack(int size, const Strips &rows, unsigned char *result)
 {
+    constexpr int TwoStrips = 2 * StripWidth;
     const int strips = stripsOf(size);
-    const int lastWidth = size - (strips - 1) * StripWidth;
     std::uint64_t pending = 0; // The next bits of the result, the first in the most significant.
     int count = 0;
     for (int row = 0; row < size; ++row) {
-        for (int strip = 0; strip < strips; ++strip) {
-            const int width = strip + 1 < strips ? StripWidth : lastWidth;
-            const std::uint64_t bits = rows.lines[strip][row] >> (32 - width);
-            pending |= bits << (64 - count - width);
-            count += width;
-            if (count >= 32) {
-                const std::uint32_t full = __builtin_bswap32(pending >> 32);
-                std::memcpy(result, &full, sizeof full);
-                result += sizeof full;
-                pending <<= 32;
-                count -= 32;
+        for (int strip = 0; strip < strips; strip += 2) {
+            // Two strips at a time, without the bit that each has of the next. What lies behind the
+            // symbol is light.
+            const std::uint64_t first = rows.lines[strip][row] >> 1;
+            const std::uint64_t second = strip + 1 < strips ? rows.lines[strip + 1][row] >> 1 : 0;
+            const std::uint64_t bits = first << 33 | second << 2;
+            const int left = size - strip * StripWidth;
+            pending |= bits >> count;
+            const int total = count + (left < TwoStrips ? left : TwoStrips);
+            if (total < 64) {
+                count = total;
+                continue;
             }
+            const std::uint64_t full = __builtin_bswap64(pending);
+            std::memcpy(result, &full, sizeof full);
+            result += sizeof full;
+            pending = bits << (64 - count); // Some was pending: two strips alone are less than 64.
+            count = total - 64;
         }
     }
     for (; count > 0; count -= 8, pending <<= 8)

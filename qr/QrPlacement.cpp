@@ -14,6 +14,7 @@ constexpr int StreamWords = (8 * MaximumCodewords + 63) / 64;
 
 /// Two words that are worked on at once.
 typedef std::uint64_t Pair __attribute__((vector_size(16)));
+typedef std::uint32_t Words __attribute__((vector_size(16)));
 
 /// The codewords as bits, whole and split once into every other bit: where both columns of a pair
 /// are free, one takes the even bits and the other the odd ones, many rows at a time. Downwards a
@@ -27,6 +28,16 @@ struct Stream
 };
 
 Stream stream;
+
+/// The bytes of each word in reverse order.
+inline Pair swapBytes(Pair value)
+{
+    value = (value >> 8 & 0x00ff00ff00ff00ffull) | (value & 0x00ff00ff00ff00ffull) << 8;
+    typedef std::uint16_t Quarters __attribute__((vector_size(16)));
+    const Quarters quarters = reinterpret_cast<Quarters>(value);
+    return reinterpret_cast<Pair>(
+        __builtin_shufflevector(quarters, quarters, 3, 2, 1, 0, 7, 6, 5, 4));
+}
 
 /// Moves the even bits (counted from the most significant) into the upper half of the word and the
 /// odd ones into the lower, in their order.
@@ -66,16 +77,18 @@ void split(const unsigned char *codewords, int count)
         stream.whole[index] = 0;
     // Two words give one of each half; one more of zeros follows.
     for (int index = 0; index < words + 2; index += 2) {
-        Pair two = {__builtin_bswap64(stream.whole[index]),
-                    __builtin_bswap64(stream.whole[index + 1])};
+        Pair two;
+        std::memcpy(&two, stream.whole + index, sizeof two);
+        two = swapBytes(two);
         std::memcpy(stream.whole + index, &two, sizeof two);
-        two = unshuffle(two);
-        const Pair halves = Pair {two[0] & 0xffffffff00000000ull, two[0] << 32}
-            | Pair {two[1] >> 32, two[1] & 0x00000000ffffffffull};
-        const Pair reversed = reverseInBytes(halves);
+        // As quarters: odd 0, even 0, odd 1, even 1.
+        const Words quarters = reinterpret_cast<Words>(unshuffle(two));
+        const Pair down =
+            reinterpret_cast<Pair>(__builtin_shufflevector(quarters, quarters, 3, 1, 2, 0));
+        const Pair up = swapBytes(reverseInBytes(down));
         for (int half = 0; half < 2; ++half) {
-            stream.down[half][index / 2] = halves[half];
-            stream.up[half][index / 2] = __builtin_bswap64(reversed[half]);
+            stream.down[half][index / 2] = down[half];
+            stream.up[half][index / 2] = up[half];
         }
     }
 }
@@ -145,8 +158,7 @@ inline int fillWord(std::uint64_t freeRight, std::uint64_t freeLeft, std::uint64
             count = runLength<Upwards>((rightOnly ? freeRight : freeLeft) & ~both, bit);
             run = runBits<Upwards>(bit, count);
             const std::uint64_t bits = readDown(stream.whole, position);
-            (rightOnly ? right : left)
-                |= (Upwards ? reverse(bits) << bit : bits >> bit) & run;
+            (rightOnly ? right : left) |= (Upwards ? reverse(bits) << bit : bits >> bit) & run;
             position += count;
         }
         waiting &= ~run;
@@ -187,13 +199,11 @@ void placeCodewords(int size, const unsigned char *codewords, int count, Boards 
 
 namespace {
 
-typedef std::uint32_t Words __attribute__((vector_size(16)));
-
 /// The lower halves of the words of two pairs.
 inline Words lowerHalves(const Pair &first, const Pair &second)
 {
-    return __builtin_shuffle(reinterpret_cast<const Words &>(first),
-                             reinterpret_cast<const Words &>(second), Words {0, 2, 4, 6});
+    return __builtin_shufflevector(reinterpret_cast<Words>(first), reinterpret_cast<Words>(second),
+                                   0, 2, 4, 6);
 }
 
 /// The 32 bits from a row on, of the two columns from \a column on, in the lower halves.
@@ -225,8 +235,8 @@ inline void exchangeVectors(Words (&lines)[8], std::uint32_t right)
     for (int index = 0; index < 8; ++index) {
         if (index & Vectors)
             continue;
-        const Words swapped
-            = (lines[index] ^ lines[index + Vectors] >> distance) & (Words {} + right);
+        const Words swapped =
+            (lines[index] ^ lines[index + Vectors] >> distance) & (Words{} + right);
         lines[index] ^= swapped;
         lines[index + Vectors] ^= swapped << distance;
     }
@@ -236,7 +246,7 @@ inline void exchangeVectors(Words (&lines)[8], std::uint32_t right)
 /// take their right part from the left of the lower, the lower ones the other way.
 inline Words exchanged(Words lines, Words other, int distance, Words upper, std::uint32_t left)
 {
-    const Words keep = (upper & (Words {} + left)) | (~upper & (Words {} + ~left));
+    const Words keep = (upper & (Words{} + left)) | (~upper & (Words{} + ~left));
     return (lines & keep) | (upper & ~keep & other >> distance)
         | (~upper & ~keep & other << distance);
 }
@@ -250,9 +260,9 @@ inline void transpose(Words (&lines)[8])
 #pragma GCC unroll 8
     for (int index = 0; index < 8; ++index) {
         Words four = lines[index];
-        four = exchanged(four, Words {four[2], four[3], four[0], four[1]}, 2, Words {~0u, ~0u, 0, 0},
+        four = exchanged(four, Words{four[2], four[3], four[0], four[1]}, 2, Words{~0u, ~0u, 0, 0},
                          0xccccccccu);
-        four = exchanged(four, Words {four[1], four[0], four[3], four[2]}, 1, Words {~0u, 0, ~0u, 0},
+        four = exchanged(four, Words{four[1], four[0], four[3], four[2]}, 1, Words{~0u, 0, ~0u, 0},
                          0xaaaaaaaau);
         lines[index] = four;
     }
@@ -267,7 +277,7 @@ void cutStrips(int size, Boards &boards)
         const int first = strip * StripWidth;
         // Behind the symbol nothing is free: those positions stay light in all masks.
         const int width = size - first;
-        const Words inside = Words {} + (width < 32 ? ~(~0u >> width) : ~0u);
+        const Words inside = Words{} + (width < 32 ? ~(~0u >> width) : ~0u);
         for (int column = 0; column < size; column += 4) {
             const Words modules = cutFour(boards.modules, first, column);
             const Words free = inside & ~cutFour(boards.function, first, column);

@@ -107,7 +107,7 @@ struct Columns
 struct Boards
 {
     Columns function; ///< The modules that are no data.
-    Columns modules;  ///< Dark modules before masking, without the format information.
+    Columns modules; ///< Dark modules before masking, without the format information.
     Strips free; ///< The data modules; alike by columns and by rows.
     Strips columns; ///< The modules, a line a column.
     Strips rows; ///< The modules, a line a row.
@@ -174,9 +174,9 @@ constexpr int FormatFar = 8;
 struct alignas(32) FormatLines
 {
     std::uint32_t near[FormatNear][MaskCount] = {}; ///< Of the first strip, the first lines.
-    std::uint32_t far[FormatFar][MaskCount] = {};   ///< Of the first strip, the last lines.
-    std::uint32_t across[MaskCount] = {}; ///< Of the line 8, the last places of the symbol, moved to
-                                     ///< the first of the word.
+    std::uint32_t far[FormatFar][MaskCount] = {}; ///< Of the first strip, the last lines.
+    std::uint32_t across[MaskCount] = {}; ///< Of the line 8, the last places of the symbol, moved
+                                          ///< to the first of the word.
 };
 
 const FormatLines &formatLines(int level, bool byRows);
@@ -191,7 +191,12 @@ struct Features
 };
 
 /// The ways of counting, from the one that runs everywhere to the widest.
-enum Instructions { Baseline, Avx2, Avx512, InstructionSets };
+enum Instructions {
+    Baseline,
+    Avx2,
+    Avx512,
+    InstructionSets
+};
 
 /// Whether this processor has them.
 bool available(Instructions instructions);

@@ -19,7 +19,8 @@ struct QRData
                       ///< 0 without smoothing.
 
     /// Orders by the red, green and blue of \c dark, then of \c light, then by the texture's id.
-    /// Alpha is left out. Codes never share a texture, so no two nodes are equal while both are drawn.
+    /// Alpha is left out. Codes never share a texture, so no two nodes are equal while both are
+    /// drawn.
     int compare(const QRData *other) const;
 };
 

@@ -57,8 +57,8 @@ QString moduleError(const QImage &image, QQuickItem *item, const Modules &module
                                  modules.center(y, smoothed) * item->height());
             const QPointF point = item->mapToScene(inside);
             const QPoint pixel(int(std::floor(point.x())), int(std::floor(point.y())));
-            const QString error
-                = support::pixelError(image, pixel, modules.dark(x, y) ? dark : light, 3);
+            const QString error =
+                support::pixelError(image, pixel, modules.dark(x, y) ? dark : light, 3);
             if (!error.isEmpty())
                 return QStringLiteral("module %1, %2: %3").arg(x).arg(y).arg(error);
         }
@@ -128,9 +128,9 @@ void TestQRCode::showsItsModules()
     view.show();
     QQuickItem *item = view.item("code");
     QCOMPARE(item->width(), 168.0);
-    QCOMPARE(moduleError(support::grab(view.window()), item, Modules(blackUrl), Qt::black,
-                         Qt::white),
-             QString());
+    QCOMPARE(
+        moduleError(support::grab(view.window()), item, Modules(blackUrl), Qt::black, Qt::white),
+        QString());
 }
 
 void TestQRCode::followsItsUrl()
@@ -143,7 +143,7 @@ void TestQRCode::followsItsUrl()
                             "https://example.org/%C3%A4?q=a%20b#there",
                             "https://example.org/a/longer/path/than/the/others/have/had/so/far"}) {
         item->setProperty("url", QUrl::fromEncoded(url));
-        const Modules modules {QByteArray(url)};
+        const Modules modules{QByteArray(url)};
         QCOMPARE(item->implicitWidth(), 8.0 * modules.size());
         QCOMPARE(item->implicitHeight(), 8.0 * modules.size());
         QCOMPARE(moduleError(support::grab(view.window()), item, modules, Qt::black, Qt::white),
@@ -154,7 +154,8 @@ void TestQRCode::followsItsUrl()
 void TestQRCode::followsItsColors()
 {
     support::QmlView view;
-    view.load("Item { width: 200; height: 200; QRCode { objectName: 'code'; darkColor: '#102030' } }");
+    view.load(
+        "Item { width: 200; height: 200; QRCode { objectName: 'code'; darkColor: '#102030' } }");
     view.show();
     QQuickItem *item = view.item("code");
     const Modules modules(blackUrl);
@@ -273,9 +274,9 @@ void TestQRCode::fitsAgainAfterTooLong()
     const QByteArray largest = "x:" + QByteArray(2951, 'y');
     item->setProperty("url", QUrl::fromEncoded(largest));
     QCOMPARE(item->implicitWidth(), 4.0 * 177);
-    QCOMPARE(moduleError(support::grab(view.window()), item, Modules(largest), Qt::black,
-                         Qt::white),
-             QString());
+    QCOMPARE(
+        moduleError(support::grab(view.window()), item, Modules(largest), Qt::black, Qt::white),
+        QString());
 }
 
 void TestQRCode::signalOrder()
@@ -301,29 +302,29 @@ void TestQRCode::signalOrder()
     QCOMPARE(recorder.take(), QStringList());
 
     item->setProperty("url", QUrl(QStringLiteral("about:white")));
-    QCOMPARE(recorder.arguments(0), QVariantList {QUrl(QStringLiteral("about:white"))});
-    QCOMPARE(recorder.take(), QStringList {QStringLiteral("code.urlChanged [8 168]")});
+    QCOMPARE(recorder.arguments(0), QVariantList{QUrl(QStringLiteral("about:white"))});
+    QCOMPARE(recorder.take(), QStringList{QStringLiteral("code.urlChanged [8 168]")});
 
     item->setProperty("url", QUrl(QStringLiteral("https://example.org/")));
     QCOMPARE(recorder.take(),
-             (QStringList {QStringLiteral("code.urlChanged [8 168]"),
-                           QStringLiteral("code.implicitWidthChanged [8 200]"),
-                           QStringLiteral("code.implicitHeightChanged [8 200]")}));
+             (QStringList{QStringLiteral("code.urlChanged [8 168]"),
+                          QStringLiteral("code.implicitWidthChanged [8 200]"),
+                          QStringLiteral("code.implicitHeightChanged [8 200]")}));
 
     item->setProperty("moduleSize", 2);
     QCOMPARE(recorder.take(),
-             (QStringList {QStringLiteral("code.implicitWidthChanged [2 50]"),
-                           QStringLiteral("code.implicitHeightChanged [2 50]"),
-                           QStringLiteral("code.moduleSizeChanged [2 50]")}));
+             (QStringList{QStringLiteral("code.implicitWidthChanged [2 50]"),
+                          QStringLiteral("code.implicitHeightChanged [2 50]"),
+                          QStringLiteral("code.moduleSizeChanged [2 50]")}));
 
     item->setProperty("darkColor", QColor(Qt::red));
     item->setProperty("darkColor", QColor(Qt::red));
     item->setProperty("lightColor", QColor(Qt::green));
     item->setProperty("lightColor", QColor(Qt::green));
-    QCOMPARE(recorder.arguments(0), QVariantList {QColor(Qt::red)});
+    QCOMPARE(recorder.arguments(0), QVariantList{QColor(Qt::red)});
     QCOMPARE(recorder.take(),
-             (QStringList {QStringLiteral("code.darkColorChanged [2 50]"),
-                           QStringLiteral("code.lightColorChanged [2 50]")}));
+             (QStringList{QStringLiteral("code.darkColorChanged [2 50]"),
+                          QStringLiteral("code.lightColorChanged [2 50]")}));
 }
 
 void TestQRCode::sceneGraphReleasedAndRemade()
@@ -357,9 +358,9 @@ void TestQRCode::hiddenAndShown()
     support::grab(view.window());
     view.window()->releaseResources();
     item->setVisible(true);
-    QCOMPARE(moduleError(support::grab(view.window()), item, Modules(blackUrl), Qt::black,
-                         Qt::white),
-             QString());
+    QCOMPARE(
+        moduleError(support::grab(view.window()), item, Modules(blackUrl), Qt::black, Qt::white),
+        QString());
 }
 
 void TestQRCode::changedWhileHidden()
@@ -382,13 +383,15 @@ void TestQRCode::changedWhileHidden()
 void TestQRCode::throughALayer()
 {
     support::QmlView view;
-    view.load("Item { width: 200; height: 200; QRCode { objectName: 'code'; layer.enabled: true } }");
+    view.load(
+        "Item { width: 200; height: 200; QRCode { objectName: 'code'; layer.enabled: true } }");
     view.show();
     QQuickItem *item = view.item("code");
     const Modules modules(blackUrl);
     for (bool layer : {true, false, true}) {
-        support::evaluate(item, QStringLiteral("layer.enabled = %1")
-                                    .arg(layer ? QStringLiteral("true") : QStringLiteral("false")));
+        support::evaluate(item,
+                          QStringLiteral("layer.enabled = %1")
+                              .arg(layer ? QStringLiteral("true") : QStringLiteral("false")));
         QCOMPARE(moduleError(support::grab(view.window()), item, modules, Qt::black, Qt::white),
                  QString());
     }
@@ -426,9 +429,9 @@ void TestQRCode::manyUrls()
         const QByteArray url = "https://example.org/" + QByteArray::number(turn);
         item->setProperty("url", QUrl::fromEncoded(url));
         if (turn % 1000 == 0) {
-            QCOMPARE(moduleError(support::grab(view.window()), item, Modules(url), Qt::black,
-                                 Qt::white),
-                     QString());
+            QCOMPARE(
+                moduleError(support::grab(view.window()), item, Modules(url), Qt::black, Qt::white),
+                QString());
         }
     }
 }
@@ -472,8 +475,9 @@ void TestQRCode::readBack()
     const QString file = folder.filePath(QStringLiteral("code.png"));
     QVERIFY(support::grab(view.window()).save(file));
     QProcess process;
-    process.start(zbar, {QStringLiteral("--nodbus"), QStringLiteral("--quiet"),
-                         QStringLiteral("--raw"), file});
+    process.start(
+        zbar,
+        {QStringLiteral("--nodbus"), QStringLiteral("--quiet"), QStringLiteral("--raw"), file});
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.readAllStandardOutput().trimmed(), url);
 }

@@ -42,8 +42,8 @@ __wrap__ZNK12QQuickWindow22createTextureFromImageERK6QImage6QFlagsINS_19CreateTe
 {
     textures.ref();
     livingTextures.ref();
-    QSGTexture *texture
-        = __real__ZNK12QQuickWindow22createTextureFromImageERK6QImage6QFlagsINS_19CreateTextureOptionEE(
+    QSGTexture *texture =
+        __real__ZNK12QQuickWindow22createTextureFromImageERK6QImage6QFlagsINS_19CreateTextureOptionEE(
             window, image, options);
     QObject::connect(texture, &QObject::destroyed, [] { livingTextures.deref(); });
     return texture;
@@ -132,10 +132,8 @@ void TestQRCodeWork::nodeShape()
     QCOMPARE(node.state()->radius, 0.0f);
     node.setRect(QRectF(1, 2, 30, 40), QRectF(0.25, 0.5, 0.5, 0.25));
     const auto *points = node.geometry()->vertexDataAsTexturedPoint2D();
-    const float expected[4][4] = {{1, 2, 0.25f, 0.5f},
-                                  {1, 42, 0.25f, 0.75f},
-                                  {31, 2, 0.75f, 0.5f},
-                                  {31, 42, 0.75f, 0.75f}};
+    const float expected[4][4] = {
+        {1, 2, 0.25f, 0.5f}, {1, 42, 0.25f, 0.75f}, {31, 2, 0.75f, 0.5f}, {31, 42, 0.75f, 0.75f}};
     for (int index = 0; index < 4; ++index) {
         QCOMPARE(points[index].x, expected[index][0]);
         QCOMPARE(points[index].y, expected[index][1]);
