@@ -121,22 +121,25 @@ bool BitStream::appendBytes(const char *bytes, int count)
         m_failed = true;
         return false;
     }
+    // What is left of the byte that was begun stays in front of what follows, eight bytes at a
+    // time.
     const int used = m_bits & 7;
+    unsigned char *place = m_buffer + (m_bits >> 3);
+    std::uint64_t begun = used ? std::uint64_t(*place) << 56 : 0;
     int index = 0;
-    // Eight at a time: what is left of the byte that was begun stays in front of each word.
-    if (used && count > 8) {
-        unsigned char *place = m_buffer + (m_bits >> 3);
-        std::uint64_t begun = std::uint64_t(*place) << 56;
-        for (; count - index > 8; index += 8, place += 8) {
-            const std::uint64_t next = loadBigEndian(bytes + index);
-            storeBigEndian(begun | next >> used, place);
-            begun = next << (64 - used);
-        }
-        *place = static_cast<unsigned char>(begun >> 56);
-        m_bits += 8 * index;
+    for (; used && count - index > 8; index += 8, place += 8) {
+        const std::uint64_t next = loadBigEndian(bytes + index);
+        storeBigEndian(begun | next >> used, place);
+        begun = next << (64 - used);
     }
-    for (; index < count; ++index)
-        append(static_cast<unsigned char>(bytes[index]), 8);
+    for (; index < count; ++index) {
+        const std::uint64_t next = std::uint64_t(static_cast<unsigned char>(bytes[index])) << 56;
+        *place++ = static_cast<unsigned char>((begun | next >> used) >> 56);
+        begun = used ? next << (8 - used) : 0;
+    }
+    if (used)
+        *place = static_cast<unsigned char>(begun >> 56);
+    m_bits += 8 * count;
     return true;
 }
 
