@@ -63,10 +63,8 @@ double measure(const Row &row, qr::Instructions instructions)
     const auto qrencode = benchmark::sideBySide(
         (name + ", libqrencode").c_str(), 1.0 / 20, ours,
         [&row, length] {
-            constexpr QRecLevel levels[]
-                = {QR_ECLEVEL_L, QR_ECLEVEL_M, QR_ECLEVEL_Q, QR_ECLEVEL_H};
-            QRcode_free(QRcode_encodeData(length, row.text.data(), row.version,
-                                          levels[row.level]));
+            constexpr QRecLevel levels[] = {QR_ECLEVEL_L, QR_ECLEVEL_M, QR_ECLEVEL_Q, QR_ECLEVEL_H};
+            QRcode_free(QRcode_encodeData(length, row.text.data(), row.version, levels[row.level]));
         },
         options);
     ourTime = faster(ourTime, qrencode.ours);
@@ -78,10 +76,10 @@ double measure(const Row &row, qr::Instructions instructions)
         (name + ", libqrcodegen").c_str(), 1.0 / 20, ours,
         [&row] {
             using qrcodegen::QrCode;
-            const QrCode::Ecc levels[]
-                = {QrCode::Ecc::LOW, QrCode::Ecc::MEDIUM, QrCode::Ecc::QUARTILE, QrCode::Ecc::HIGH};
-            QrCode::encodeSegments({qrcodegen::QrSegment::makeBytes(row.text)},
-                                   levels[row.level], row.version, row.version, -1, false);
+            const QrCode::Ecc levels[] = {QrCode::Ecc::LOW, QrCode::Ecc::MEDIUM,
+                                          QrCode::Ecc::QUARTILE, QrCode::Ecc::HIGH};
+            QrCode::encodeSegments({qrcodegen::QrSegment::makeBytes(row.text)}, levels[row.level],
+                                   row.version, row.version, -1, false);
         },
         options);
     ourTime = ourTime > 0 ? ourTime : qrcodegen.ours;

@@ -64,7 +64,9 @@ public:
         m_component.setData(qml, QUrl());
         m_window.resize(640, 640);
         m_window.show();
-        m_window.grabWindow();
+        while (!m_window.isExposed())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        grab();
     }
 
     bool exists() const { return m_component.isReady(); }
@@ -76,29 +78,35 @@ public:
         if (!m_root)
             qFatal("%s", qPrintable(m_component.errorString()));
         m_root->setParentItem(m_window.contentItem());
-        m_window.grabWindow();
+        grab();
     }
 
     void destroy()
     {
         m_root.reset();
-        m_window.grabWindow();
+        grab();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
     void setText()
     {
         m_root->setProperty("text", QStringLiteral("https://example.org/%1").arg(++m_turn));
-        m_window.grabWindow();
+        grab();
     }
 
     void setTone()
     {
         m_root->setProperty("tone", QColor::fromHsv(++m_turn % 360, 255, 100));
-        m_window.grabWindow();
+        grab();
     }
 
 private:
+    void grab()
+    {
+        if (m_window.grabWindow().isNull())
+            qFatal("The window is not rendered");
+    }
+
     QQmlComponent m_component;
     QQuickWindow m_window;
     std::unique_ptr<QQuickItem> m_root;
@@ -168,10 +176,11 @@ int main(int argc, char **argv)
     benchmark::Options options;
     options.rounds = 15;
     options.calls = 5;
-    benchmark::sideBySide("100 new urls to frame", 0.5, [&] { ours.setText(); },
-                          [&] { theirs.setText(); }, options);
-    benchmark::sideBySide("100 new colours to frame", 0.6, [&] { ours.setTone(); },
-                          [&] { theirs.setTone(); }, options);
+    benchmark::sideBySide(
+        "100 new urls to frame", 0.5, [&] { ours.setText(); }, [&] { theirs.setText(); }, options);
+    benchmark::sideBySide(
+        "100 new colours to frame", 0.6, [&] { ours.setTone(); }, [&] { theirs.setTone(); },
+        options);
     benchmark::printRow("memory an item", 0.3, ourMemory, theirMemory, "bytes");
     benchmark::printRow("100 items to first frame", 0.7, median(ourFrames), median(theirFrames),
                         "us");

@@ -43,7 +43,7 @@ int FpsCounter::currentFps() const
     return d->meter.framesPerSecond();
 }
 
-void FpsCounter::classBegin() {}
+void FpsCounter::classBegin() { }
 
 void FpsCounter::componentComplete()
 {

@@ -14,7 +14,9 @@ namespace om::controls {
 /// among its QObject parents.
 ///
 /// It only listens to frames and never asks for one: in an idle window the rate stays what it was.
-class FpsCounter : public QObject, public QQmlParserStatus
+class FpsCounter
+    : public QObject
+    , public QQmlParserStatus
 {
     Q_OBJECT
     Q_INTERFACES(QQmlParserStatus)

@@ -35,9 +35,9 @@ bool FrameRateMeter::addFrame(qint64 now)
 int FrameRateMeter::computeRate() const
 {
     // Each pair is earlier minus later, so in steady running none counts but the last one, at the
-    // ring's seam: newest minus oldest, the time that the 60 frames span. While the ring is filling,
-    // the oldest time is 0, the span is decades, and the rate is 0. Times that run backwards (the
-    // clock was set, or a frame was counted twice) give further differences or none.
+    // ring's seam: newest minus oldest, the time that the 60 frames span. While the ring is
+    // filling, the oldest time is 0, the span is decades, and the rate is 0. Times that run
+    // backwards (the clock was set, or a frame was counted twice) give further differences or none.
     qint64 sum = 0;
     qint64 count = 0;
     for (int step = 1; step < FrameCount; ++step) {

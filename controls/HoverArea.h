@@ -9,8 +9,8 @@
 
 namespace om::controls {
 
-/// An item that tells whether the mouse hovers over it and takes no presses, so that it can lie over
-/// other controls.
+/// An item that tells whether the mouse hovers over it and takes no presses, so that it can lie
+/// over other controls.
 class HoverArea : public QQuickItem
 {
     Q_OBJECT

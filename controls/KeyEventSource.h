@@ -25,10 +25,10 @@ public:
     QQuickItem *target() const;
     void setTarget(QQuickItem *target);
 
-    /// Presses and releases \a key, without modifiers, on the item with the keyboard focus; \a text is
-    /// what the press types. Both are delivered before the call returns. The release, which carries no
-    /// text, is sent only when the press was accepted. Without a window, or when no item has the
-    /// focus, nothing happens.
+    /// Presses and releases \a key, without modifiers, on the item with the keyboard focus; \a text
+    /// is what the press types. Both are delivered before the call returns. The release, which
+    /// carries no text, is sent only when the press was accepted. Without a window, or when no item
+    /// has the focus, nothing happens.
     Q_INVOKABLE void triggerKeyEvent(Qt::Key key, const QString &text);
 
 Q_SIGNALS:

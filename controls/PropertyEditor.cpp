@@ -140,9 +140,9 @@ void PropertyEditor::setLineHeight(QQuickTextDocument *textDocument, double heig
     if (!document || std::isnan(height)) {
         return;
     }
-    const double percent = qBound(static_cast<double>(std::numeric_limits<int>::min()),
-                                  std::floor(height * 100),
-                                  static_cast<double>(std::numeric_limits<int>::max()));
+    const double percent =
+        qBound(static_cast<double>(std::numeric_limits<int>::min()), std::floor(height * 100),
+               static_cast<double>(std::numeric_limits<int>::max()));
     QTextBlock block = document->firstBlock();
     while (block.isValid()) {
         QTextBlockFormat format = block.blockFormat();

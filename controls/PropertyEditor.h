@@ -13,9 +13,9 @@ class QQuickTextDocument;
 
 namespace om::controls {
 
-/// The core of an in-place editor for one property of a document. It edits nothing and shows nothing
-/// itself: it carries document and property name for the QML inside it, and tells that QML when
-/// editing begins and ends and which editing keys are pressed.
+/// The core of an in-place editor for one property of a document. It edits nothing and shows
+/// nothing itself: it carries document and property name for the QML inside it, and tells that QML
+/// when editing begins and ends and which editing keys are pressed.
 ///
 /// Editing lasts as long as the editor, a focus scope, has active focus. Meanwhile it watches the
 /// window: no event is ever taken from its receiver, and a mouse press outside the editor takes the
@@ -23,8 +23,8 @@ namespace om::controls {
 class PropertyEditor : public QQuickItem
 {
     Q_OBJECT
-    /// The document whose property is edited; null by default, not owned. Null once it is destroyed,
-    /// without a signal.
+    /// The document whose property is edited; null by default, not owned. Null once it is
+    /// destroyed, without a signal.
     Q_PROPERTY(om::data::Document *document READ document WRITE setDocument NOTIFY documentChanged)
     /// The name of the property that is edited; empty by default.
     Q_PROPERTY(QString property READ property WRITE setProperty NOTIFY propertyChanged)
@@ -42,8 +42,8 @@ public:
 
     /// Gives each paragraph of \a textDocument a line height of \a height times its font's: 1.0 is
     /// 100 %, and what is less than a whole percent is cut off, never rounded: 1.15 gives 114 %, as
-    /// its hundredfold is just below 115. A null or empty document, and a height that is not a number,
-    /// change nothing.
+    /// its hundredfold is just below 115. A null or empty document, and a height that is not a
+    /// number, change nothing.
     Q_INVOKABLE void setLineHeight(QQuickTextDocument *textDocument, double height);
 
 Q_SIGNALS:

@@ -58,8 +58,8 @@ void TestFrameRateMeter::steadyRates()
 {
     QFETCH(double, hertz);
     QFETCH(QList<int>, allowed);
-    const QList<int> seen = rates(
-        600, [hertz](int i) { return start + static_cast<qint64>(i * 1000.0 / hertz); });
+    const QList<int> seen =
+        rates(600, [hertz](int i) { return start + static_cast<qint64>(i * 1000.0 / hertz); });
     QVERIFY(!seen.isEmpty());
     for (int rate : seen) {
         QVERIFY2(allowed.contains(rate), qPrintable(QString::number(rate)));

@@ -126,9 +126,8 @@ struct Scene
                           Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(window, &event);
         if (window) {
-            QMouseEvent release(QEvent::MouseButtonRelease, position,
-                                window->mapToGlobal(position), Qt::LeftButton, Qt::NoButton,
-                                Qt::NoModifier);
+            QMouseEvent release(QEvent::MouseButtonRelease, position, window->mapToGlobal(position),
+                                Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
             QCoreApplication::sendEvent(window, &release);
         }
     }
@@ -212,8 +211,7 @@ void TestPropertyEditor::signalsInOrder()
     QCOMPARE(names,
              words("documentChanged propertyChanged beginEdit endEdit escapePressed tabPressed "
                    "backTabPressed enterPressed spacePressed"));
-    const QMetaMethod slot =
-        type.method(type.indexOfMethod("handleFocusChange(bool)"));
+    const QMetaMethod slot = type.method(type.indexOfMethod("handleFocusChange(bool)"));
     QCOMPARE(slot.methodType(), QMetaMethod::Slot);
     QCOMPARE(slot.access(), QMetaMethod::Private);
 }
