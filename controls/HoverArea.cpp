@@ -42,7 +42,8 @@ bool HoverArea::isHovered() const
     return d->hovered;
 }
 
-// Neither handler calls the base: it would ignore the event.
+// Neither handler calls the base: what becomes of the event is decided here, by leaving it as it
+// is.
 
 void HoverArea::hoverEnterEvent(QHoverEvent *event)
 {

@@ -188,6 +188,9 @@ void TestFpsCounter::requestsNoFrameInAnIdleWindow()
     QVERIFY(window.listeners() > before);
     // Longer than a recomputation and a retry take.
     QVERIFY(restingSecond());
+    // A frame that comes is counted, and followed by none.
+    Q_EMIT window.frameSwapped();
+    QVERIFY(restingSecond());
 }
 
 void TestFpsCounter::reparentedWithARetryPending()

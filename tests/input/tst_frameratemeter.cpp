@@ -40,6 +40,7 @@ private Q_SLOTS:
     void framesCountedTwice();
     void allAtOneTime();
     void theClockIsSetBack();
+    void theOldestAndTheNextAreNoPair();
     void fastestAndSlowest();
 };
 
@@ -124,6 +125,19 @@ void TestFrameRateMeter::theClockIsSetBack()
         QVERIFY(!meter.addFrame(start - 3600000 + i * 20));
     }
     QCOMPARE(meter.framesPerSecond(), 50);
+}
+
+void TestFrameRateMeter::theOldestAndTheNextAreNoPair()
+{
+    // The clock went back right after the oldest of the 60 frames: that step counts no more.
+    FrameRateMeter meter(start);
+    meter.addFrame(start + 999);
+    for (int i = 0; i < 58; ++i) {
+        meter.addFrame(start + 500 + i);
+    }
+    QVERIFY(meter.addFrame(start + 1100));
+    // 60000 / (1100 - 999)
+    QCOMPARE(meter.framesPerSecond(), 594);
 }
 
 void TestFrameRateMeter::fastestAndSlowest()
