@@ -25,7 +25,7 @@ static_assert(ResultBytes >= QrResultBytes, "the largest code fits");
 
 /// One pixel a module, within a border of one transparent white pixel. A failed encoding has a
 /// \a moduleCount of -1: what is left is one pixel of the border.
-QImage moduleImage(int moduleCount, const unsigned char *modules)
+QImage moduleImage(int moduleCount, const QByteArray &modules)
 {
     QImage image(moduleCount + 2, moduleCount + 2, QImage::Format_ARGB32);
     image.fill(0x00ffffff);
@@ -33,7 +33,7 @@ QImage moduleImage(int moduleCount, const unsigned char *modules)
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y + 1)) + 1;
         for (int x = 0; x < moduleCount; ++x) {
             const int k = y * moduleCount + x;
-            line[x] = modules[k / 8] & 0x80 >> k % 8 ? 0xff000000 : 0xffffffff;
+            line[x] = modules.at(k / 8) & 0x80 >> k % 8 ? 0xff000000 : 0xffffffff;
         }
     }
     // The shader reads red whatever alpha is. Said to be premultiplied, the pixels reach the
@@ -70,16 +70,17 @@ public:
     int moduleSize = 8;
     QColor dark = Qt::black;
     QColor light = Qt::white;
-    QImage image;
+    QByteArray modules; ///< A bit each; the image is made of them when it is uploaded.
     int changes = EveryChange;
 };
 
 void QRCode::Private::encode()
 {
     const QByteArray text = url.toEncoded(QUrl::FullyEncoded);
-    unsigned char modules[ResultBytes];
-    const int count = qrEncode(LevelL, AutomaticVersion, text.constData(), text.size(), modules);
-    image = moduleImage(count, modules);
+    unsigned char result[ResultBytes];
+    const int count = qrEncode(LevelL, AutomaticVersion, text.constData(), text.size(), result);
+    modules =
+        QByteArray(reinterpret_cast<const char *>(result), count > 0 ? (count * count + 7) / 8 : 0);
     changes |= ImageChange;
     q->update();
     if (count != moduleCount) {
@@ -198,7 +199,7 @@ QSGNode *QRCode::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
         node->setLight(d->light);
     if (d->changes & Private::ImageChange) {
         QSGTexture *texture = window()->createTextureFromImage(
-            d->image,
+            moduleImage(d->moduleCount, d->modules),
             QQuickWindow::CreateTextureOptions(QQuickWindow::TextureHasAlphaChannel)
                 | QQuickWindow::TextureOwnsGLTexture);
         if (texture)

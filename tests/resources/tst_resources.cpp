@@ -139,7 +139,8 @@ void TestResources::files()
 {
     QFETCH(QSize, size);
     QFETCH(bool, compressed);
-    const QString path = QStringLiteral(":/controls/") + QString::fromLatin1(QTest::currentDataTag());
+    const QString path =
+        QStringLiteral(":/controls/") + QString::fromLatin1(QTest::currentDataTag());
     QResource resource(path);
     QVERIFY(resource.isValid());
     QCOMPARE(resource.compressionAlgorithm(),
