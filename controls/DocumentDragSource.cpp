@@ -31,16 +31,17 @@ DocumentDragSource::DocumentDragSource(QQuickItem *sourceItem, const Differences
 
 DocumentDragSource::~DocumentDragSource()
 {
-    // The drag manager keeps a bare pointer to its drag, a child of the source: it must not go down
-    // with it, and the loop must not go on without a source.
-    if (m_drag) {
-        m_drag->setParent(nullptr);
-        QDrag::cancel();
-    }
+    // First of all: cancelling sends a last leave to the window.
     watchWindow(nullptr);
     abandonIncubation();
     if (m_visual) {
         m_visual->deleteLater();
+    }
+    // The drag manager keeps a bare pointer to its drag, a child of the source: it must not go down
+    // with it, and the loop must not go on without a source.
+    if (m_loopRunning && m_drag) {
+        m_drag->setParent(nullptr);
+        QDrag::cancel();
     }
 }
 
@@ -68,7 +69,8 @@ void DocumentDragSource::filterChildEvent(QQuickItem *child, const QEvent *event
     default:
         return;
     }
-    if (alive && m_state == Dragging && m_differences.endsWithLoop) {
+    const bool aboutToRun = alive && m_drag && !m_loopRunning;
+    if (alive && m_state == Dragging && m_differences.endsWithLoop && !aboutToRun) {
         finish();
     }
 }
@@ -81,8 +83,7 @@ void DocumentDragSource::press(QQuickItem *child, const QMouseEvent *event)
     if (m_state == Dragging && !m_drag) {
         // The last drag ended without a release. The new press deliberately announces no end, but
         // nothing of the old drag may stay behind.
-        watchWindow(nullptr);
-        removeVisual();
+        cleanUp();
     }
     m_pressPosition = event->localPos();
     m_pressedChild = child;
@@ -122,47 +123,61 @@ void DocumentDragSource::start()
         return;
     }
     watchWindow(source->window());
-    runDrag();
-    if (!alive) {
-        return;
+    prepareDrag();
+    if (alive) {
+        QMetaObject::invokeMethod(
+            source, [this] { runDrag(); }, Qt::QueuedConnection);
     }
-    abandonIncubation();
-    if (m_state == Dragging) {
-        if (!canBeReleased()) {
-            finish();
+}
+
+void DocumentDragSource::prepareDrag()
+{
+    m_drag = new QDrag(source);
+    auto *const mimeData = new QMimeData;
+    mimeData->setData(documentspayload::format(), documentspayload::write(m_documents));
+    m_drag->setMimeData(mimeData);
+    if (m_differences.setsCursors) {
+        const QPixmap arrow = QCursor(Qt::ArrowCursor).pixmap();
+        for (Qt::DropAction action : {Qt::LinkAction, Qt::MoveAction, Qt::CopyAction}) {
+            m_drag->setDragCursor(arrow, action);
         }
-    } else {
-        // Ended or pressed anew inside the loop.
-        watchWindow(nullptr);
-        removeVisual();
     }
+    createVisual();
 }
 
 /// Runs the platform's drag loop, in which everything may happen: afterwards the source may be
 /// gone.
 void DocumentDragSource::runDrag()
 {
-    const QPointer<QDrag> drag = new QDrag(source);
-    m_drag = drag;
-    auto *const mimeData = new QMimeData;
-    mimeData->setData(documentspayload::format(), documentspayload::write(m_documents));
-    drag->setMimeData(mimeData);
-    if (m_differences.setsCursors) {
-        const QPixmap arrow = QCursor(Qt::ArrowCursor).pixmap();
-        for (Qt::DropAction action : {Qt::LinkAction, Qt::MoveAction, Qt::CopyAction}) {
-            drag->setDragCursor(arrow, action);
-        }
-    }
     const QPointer<QQuickItem> alive(source);
-    createVisual();
-    if (drag && alive) {
+    if (m_drag && m_state == Dragging) {
+        m_loopRunning = true;
         // Qt schedules the drag for deletion: at the end of its loop, or once another process has
         // fetched what was dropped on it.
-        drag->exec(Qt::MoveAction);
-    }
-    if (alive) {
+        m_drag->exec(Qt::MoveAction);
+        if (!alive) {
+            return;
+        }
+        m_loopRunning = false;
         m_drag.clear();
     }
+    abandonIncubation();
+    if (m_state != Dragging) {
+        // Ended or pressed anew meanwhile.
+        cleanUp();
+    } else if (m_differences.endsWithLoop || !canBeReleased()) {
+        finish();
+    }
+}
+
+/// Leaves nothing of a drag behind that is not running any more.
+void DocumentDragSource::cleanUp()
+{
+    watchWindow(nullptr);
+    if (m_drag && !m_loopRunning) {
+        delete m_drag.data();
+    }
+    removeVisual();
 }
 
 void DocumentDragSource::release()
@@ -178,14 +193,19 @@ void DocumentDragSource::release()
 /// Ends a drag and leaves nothing of it behind.
 void DocumentDragSource::finish()
 {
+    if (m_finishing) {
+        return;
+    }
     watchWindow(nullptr);
     const QPointer<QQuickItem> alive(source);
+    m_finishing = true;
     announceActive(false);
     if (!alive) {
         return;
     }
-    removeVisual();
+    cleanUp();
     if (alive) {
+        m_finishing = false;
         m_state = Idle;
     }
 }

@@ -36,6 +36,9 @@ class DragVisual;
 ///                             keeps the mouse grab (only where the source yields to it)
 ///     Pressed   -> Dragging   a move of a Manhattan length of 4 or more, start()
 ///     Dragging  -> Idle       finish(): a release, or what ends the drag in its place
+///
+/// The platform's drag loop runs from the event loop, not from inside the move that starts it: the
+/// child that the move is for may be destroyed by the drop, and Qt Quick would still deliver to it.
 class DocumentDragSource
 {
 public:
@@ -59,7 +62,8 @@ public:
     DocumentDragSource(QQuickItem *source, const Differences &differences);
     virtual ~DocumentDragSource();
 
-    bool isDragging() const { return m_state == Dragging; }
+    /// False already while the end is announced, for bindings to see what the signal says.
+    bool isDragging() const { return m_state == Dragging && !m_finishing; }
     const QList<om::data::Document *> &documents() const { return m_documents; }
     void setDocuments(const QList<om::data::Document *> &documents);
     QQmlListProperty<om::data::Document> documentList();
@@ -91,7 +95,9 @@ private:
     void press(QQuickItem *child, const QMouseEvent *event);
     void move(const QMouseEvent *event);
     void start();
+    void prepareDrag();
     void runDrag();
+    void cleanUp();
     void release();
     void finish();
     bool canBeReleased() const;
@@ -109,14 +115,16 @@ private:
 
     const Differences m_differences;
     State m_state = Idle;
+    bool m_finishing = false;
     QPointF m_pressPosition;
     QPointer<QQuickItem> m_pressedChild;
     QList<om::data::Document *> m_documents;
     /// One connection a document, however often it is listed.
     QHash<om::data::Document *, QMetaObject::Connection> m_watches;
     QPointer<QQmlComponent> m_delegate;
-    /// The drag whose loop is running.
+    /// The drag that is about to run or whose loop is running.
     QPointer<QDrag> m_drag;
+    bool m_loopRunning = false;
     /// Where the filter sits, which need not be the source's window any more.
     QPointer<QQuickWindow> m_watchedWindow;
     std::unique_ptr<QQmlIncubator> m_incubator;

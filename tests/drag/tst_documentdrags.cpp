@@ -1,0 +1,636 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/ForeignProgram.h"
+#include "tests/support/Gesture.h"
+#include "tests/support/Leftovers.h"
+#include "tests/support/QmlView.h"
+#include "tests/support/SignalRecorder.h"
+
+#include <OmbrelDataCore/Document.h>
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QQmlContext>
+#include <QTest>
+
+using om::data::Document;
+using support::positionIn;
+
+namespace {
+
+QString text(const char *latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+const char *const scene = R"(
+import ombrel.data.Core 1.0
+Item {
+    width: 420; height: 300
+    property int drops: 0
+    property var lastSource: null
+    property var lastDocuments: []
+    property bool dataUndefined: false
+    Document { id: a; objectName: "a"; documentId: "a"; types: ["image"] }
+    Document { id: b; objectName: "b";  types: ["text"] }
+    Document { id: c; objectName: "c"; types: ["text", "image"] }
+    SOURCE {
+        id: source
+        objectName: "source"
+        x: 10; y: 10; width: 150; height: 200
+        dragDocuments: [a, b, c]
+        dragDelegate: Component {
+            Rectangle {
+                objectName: "visual"
+                width: 40; height: 20
+                property bool outside: SOURCE.isOutside
+                property bool dropped: SOURCE.isDropped
+                property var owner: SOURCE.OWNER
+                function letGo() { SOURCE.delayRemove = false }
+                Component.onCompleted: {
+                    SOURCE.hotspot = Qt.point(5, 6)
+                    SOURCE.delayRemove = source.state === "delayed"
+                }
+            }
+        }
+        Loader {
+            objectName: "loader"
+            sourceComponent: MouseArea { objectName: "row"; width: 150; height: 100 }
+        }
+        MouseArea { objectName: "other"; y: 100; width: 150; height: 100 }
+    }
+    DropArea {
+        id: any
+        objectName: "any"
+        x: 200; y: 160; width: 200; height: 130
+        onDropped: drops++
+    }
+    DropZone {
+        objectName: "zone"
+        x: 200; y: 10; width: 200; height: 140
+        DocumentDropHandler {
+            objectName: "handler"
+            type: "text"
+            onDropped: {
+                drops++
+                lastSource = drag.source
+                dataUndefined = drag.data === undefined
+                var names = []
+                for (var i = 0; i < drag.source.dragDocuments.length; ++i)
+                    names.push(drag.source.dragDocuments[i].objectName)
+                lastDocuments = names
+            }
+        }
+    }
+}
+)";
+
+/// What a drag looks like to the window that it is over.
+class DragWatch : public QObject
+{
+public:
+    explicit DragWatch(QObject *window) { window->installEventFilter(this); }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::DragEnter) {
+            const QMimeData *const data = static_cast<QDropEvent *>(event)->mimeData();
+            formats = data->formats();
+            payload = data->data(text("application/x-lumetra-documents"));
+            actions = static_cast<QDropEvent *>(event)->possibleActions();
+        } else if (event->type() == QEvent::DragMove) {
+            position = static_cast<QDropEvent *>(event)->pos();
+            ++moves;
+        }
+        return false;
+    }
+
+    QStringList formats;
+    QByteArray payload;
+    Qt::DropActions actions;
+    QPoint position;
+    int moves = 0;
+};
+
+} // namespace
+
+/// Documents dragged with the real pointer out of both sources.
+class TestDocumentDrags : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void payloadAndActions_data() { sources(); }
+    void payloadAndActions();
+    void zoneDropsOnAHandler();
+    void handlerRefusesAnArea();
+    void handlerRefusesOtherTypes();
+    void payloadReachesAnotherProgram_data() { sources(); }
+    void payloadReachesAnotherProgram();
+    void visualFollowsTheCursor_data() { sources(); }
+    void visualFollowsTheCursor();
+    void visualKnowsWhenItIsOutside_data() { sources(); }
+    void visualKnowsWhenItIsOutside();
+    void visualIsRemoved_data() { sources(); }
+    void visualIsRemoved();
+    void visualDelaysItsRemoval_data() { sources(); }
+    void visualDelaysItsRemoval();
+    void noVisualWithoutADelegate_data() { sources(); }
+    void noVisualWithoutADelegate();
+
+    void escapeEndsTheDrag_data() { sources(); }
+    void escapeEndsTheDrag();
+    void droppedOutside_data() { sources(); }
+    void droppedOutside();
+    void rowRemovedByTheDrop_data() { sources(); }
+    void rowRemovedByTheDrop();
+    void sourceDestroyedDuringTheDrag_data() { sources(); }
+    void sourceDestroyedDuringTheDrag();
+    void windowDestroyedDuringTheDrag_data() { sources(); }
+    void windowDestroyedDuringTheDrag();
+    void visualDestroyedDuringTheDrag_data() { sources(); }
+    void visualDestroyedDuringTheDrag();
+    void documentDestroyedDuringTheDrag_data() { sources(); }
+    void documentDestroyedDuringTheDrag();
+    void receivingZoneDestroyedDuringTheDrag_data() { sources(); }
+    void receivingZoneDestroyedDuringTheDrag();
+    void documentsChangedDuringTheDrag_data() { sources(); }
+    void documentsChangedDuringTheDrag();
+    void sourceMovedToAnotherWindow_data() { sources(); }
+    void sourceMovedToAnotherWindow();
+    void oddDelegates_data();
+    void oddDelegates();
+    void delegateSlowerThanTheDrag_data() { sources(); }
+    void delegateSlowerThanTheDrag();
+
+private:
+    static void sources();
+    QByteArray typeName() const;
+    void load(const QByteArray &type);
+    QObject *source() const { return m_view->find(text("source")); }
+    QQuickItem *visual() const;
+    bool active() const { return source()->property("dragActive").toBool(); }
+    QPoint row() const { return positionIn(m_view->item("row")); }
+    /// Presses on the row and moves until \a over has seen the drag.
+    support::Gesture &dragOver(support::Gesture &gesture, const QPoint &over);
+    /// A whole drag from the other row onto the area that takes anything.
+    void nextDragWorks();
+
+    std::unique_ptr<support::QmlView> m_view;
+    std::unique_ptr<DragWatch> m_watch;
+};
+
+void TestDocumentDrags::sources()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::newRow("DragArea") << QByteArray("DragArea");
+    QTest::newRow("DragZone") << QByteArray("DragZone");
+}
+
+QByteArray TestDocumentDrags::typeName() const
+{
+    const QByteArray function = QTest::currentTestFunction();
+    if (function == "handlerRefusesAnArea") {
+        return "DragArea";
+    }
+    return QByteArray(QTest::currentDataTag()).startsWith("DragArea") ? "DragArea" : "DragZone";
+}
+
+void TestDocumentDrags::init()
+{
+    load(typeName());
+}
+
+void TestDocumentDrags::load(const QByteArray &type)
+{
+    m_view = std::make_unique<support::QmlView>();
+    QByteArray qml = scene;
+    qml.replace("SOURCE.OWNER", type + (type == "DragArea" ? ".area" : ".dragZone"));
+    qml.replace("SOURCE", type);
+    m_view->load(qml);
+    // An empty text in QML arrives as a null one.
+    m_view->find(text("b"))->setProperty("documentId", QString::fromLatin1(""));
+    m_view->show();
+    m_watch = std::make_unique<DragWatch>(m_view->window());
+}
+
+void TestDocumentDrags::cleanup()
+{
+    m_watch.reset();
+    m_view.reset();
+    QCOMPARE(support::leftovers(), QString());
+}
+
+QQuickItem *TestDocumentDrags::visual() const
+{
+    const auto children = m_view->window()->contentItem()->childItems();
+    for (QQuickItem *child : children) {
+        if (child->objectName() == text("visual")) {
+            return child;
+        }
+    }
+    return nullptr;
+}
+
+support::Gesture &TestDocumentDrags::dragOver(support::Gesture &gesture, const QPoint &over)
+{
+    const QPoint from = row();
+    return gesture.move(from)
+        .press()
+        .glide(from, over)
+        .hoverUntil(
+            over, [this] { return m_watch->moves > 0; }, "the window to see the drag");
+}
+
+void TestDocumentDrags::nextDragWorks()
+{
+    QTRY_VERIFY(!visual());
+    m_watch->moves = 0;
+    const int drops = m_view->root()->property("drops").toInt();
+    const QPoint from = positionIn(m_view->item("other"));
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    gesture.move(from)
+        .press()
+        .glide(from, over)
+        .hoverUntil(
+            over, [this] { return m_view->find(text("any"))->property("containsDrag").toBool(); },
+            "the next drag")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QTRY_COMPARE(m_view->root()->property("drops").toInt(), drops + 1);
+    QTRY_VERIFY(!active());
+    QTRY_VERIFY(!visual());
+}
+
+void TestDocumentDrags::payloadAndActions()
+{
+    support::Gesture gesture;
+    dragOver(gesture, positionIn(m_view->item("any"))).release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(m_watch->formats, QStringList{text("application/x-lumetra-documents")});
+    QCOMPARE(m_watch->payload.toHex(' '), QByteArray("00 00 00 02 00 61 00 00 00 00 ff ff ff ff"));
+    QCOMPARE(m_watch->actions, Qt::DropActions(Qt::MoveAction));
+    QTRY_VERIFY(!active());
+}
+
+void TestDocumentDrags::zoneDropsOnAHandler()
+{
+    support::SignalRecorder recorder;
+    recorder.watch(m_view->find(text("handler")), text("handler"),
+                   {text("entered"), text("dropped"), text("exited")});
+    recorder.watch(source(), text("source"), {text("dragActiveChanged")},
+                   [this] { return active() ? text("on") : text("off"); });
+    support::Gesture gesture;
+    const QPoint over = positionIn(m_view->item("zone"));
+    dragOver(gesture, over)
+        .hoverUntil(
+            over, [this] { return m_view->item("zone")->property("containsDrag").toBool(); },
+            "the zone to take the drag")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    // Over before any further mouse event.
+    QVERIFY(!active());
+    QCOMPARE(recorder.take(),
+             (QStringList{text("source.dragActiveChanged [on]"), text("handler.entered"),
+                          text("handler.dropped"), text("source.dragActiveChanged [off]")}));
+    QCOMPARE(m_view->root()->property("drops").toInt(), 1);
+    QCOMPARE(m_view->root()->property("dataUndefined").toBool(), true);
+    QCOMPARE(m_view->root()->property("lastSource").value<QObject *>(), source());
+    QCOMPARE(support::evaluate(m_view->root(), text("lastDocuments.join()")).toString(),
+             text("a,b,c"));
+}
+
+void TestDocumentDrags::handlerRefusesAnArea()
+{
+    support::Gesture gesture;
+    const QPoint over = positionIn(m_view->item("zone"));
+    dragOver(gesture, over)
+        .hoverUntil(
+            over, [this] { return m_watch->moves > 4; }, "some moves over the zone")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(m_view->item("zone")->property("containsDrag").toBool(), false);
+    QCOMPARE(m_view->root()->property("drops").toInt(), 0);
+    QTRY_VERIFY(!active());
+}
+
+void TestDocumentDrags::handlerRefusesOtherTypes()
+{
+    m_view->find(text("handler"))->setProperty("type", text("Text"));
+    support::Gesture gesture;
+    const QPoint over = positionIn(m_view->item("zone"));
+    dragOver(gesture, over)
+        .hoverUntil(
+            over, [this] { return m_watch->moves > 4; }, "some moves over the zone")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(m_view->root()->property("drops").toInt(), 0);
+}
+
+void TestDocumentDrags::payloadReachesAnotherProgram()
+{
+    support::ForeignProgram target(text("xdnd_target"));
+    QVERIFY2(target.start({text("--at"), text("700,300"), text("--size"), text("200x200")}),
+             qPrintable(target.error()));
+    const QPoint over = target.geometry().center();
+    const QPoint from = row();
+    support::Gesture gesture;
+    gesture.move(from)
+        .press()
+        .glide(from, over)
+        .hoverUntil(
+            over, [&] { return target.count(text("move")) > 1; }, "the other program's answer")
+        .release()
+        .until([&] { return target.count(text("drop")) == 1; }, "the drop in the other program");
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(target.lines(text("format")),
+             QStringList{text("application/x-lumetra-documents 00000002006100000000ffffffff")});
+    QCOMPARE(target.lines(text("drop")), QStringList{text("2")});
+    // Where no release arrives, an area stays active until the next gesture.
+    nextDragWorks();
+}
+
+void TestDocumentDrags::visualFollowsTheCursor()
+{
+    const bool isZone = typeName() == "DragZone";
+    const QPoint over = positionIn(m_view->item("any"));
+    QPointF at;
+    qreal z = -1;
+    QObject *owner = nullptr;
+    QQuickItem *parent = nullptr;
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .hoverUntil(
+            over, [&] { return visual() && visual()->x() > 200; }, "the visual under the cursor")
+        .then([&] {
+            at = visual()->position() - (m_watch->position - QPointF(5, 6));
+            z = visual()->z();
+            owner = visual()->property("owner").value<QObject *>();
+            parent = visual()->parentItem();
+        })
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(at, QPointF());
+    QCOMPARE(z, isZone ? 65535.0 : 0.0);
+    QCOMPARE(owner, source());
+    QCOMPARE(parent, m_view->window()->contentItem());
+    QTRY_VERIFY(!visual());
+}
+
+void TestDocumentDrags::visualKnowsWhenItIsOutside()
+{
+    const QPoint over = positionIn(m_view->item("any"));
+    const QPoint outside = m_view->window()->position() + QPoint(0, 500);
+    std::vector<bool> seen;
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .hoverUntil(
+            over, [&] { return visual() != nullptr; }, "the visual")
+        .then([&] { seen.push_back(visual()->property("outside").toBool()); })
+        .glide(over, outside)
+        .until([&] { return visual()->property("outside").toBool(); }, "the visual to be outside")
+        .glide(outside, over)
+        .until([&] { return !visual()->property("outside").toBool(); }, "it to be inside again")
+        .then([&] { seen.push_back(visual()->property("outside").toBool()); })
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(seen, (std::vector<bool>{false, false}));
+}
+
+void TestDocumentDrags::visualIsRemoved()
+{
+    QPointer<QQuickItem> seen;
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .hoverUntil(
+            over, [&] { return (seen = visual()) != nullptr; }, "the visual")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QTRY_VERIFY(!seen);
+    QCOMPARE(m_view->root()->property("drops").toInt(), 1);
+    nextDragWorks();
+}
+
+void TestDocumentDrags::visualDelaysItsRemoval()
+{
+    source()->setProperty("state", text("delayed"));
+    QPointer<QQuickItem> seen;
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .hoverUntil(
+            over, [&] { return (seen = visual()) != nullptr; }, "the visual")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QTRY_VERIFY(!active());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(seen);
+    QCOMPARE(seen->property("dropped").toBool(), true);
+    QMetaObject::invokeMethod(seen, "letGo");
+    QTRY_VERIFY(!seen);
+    source()->setProperty("state", QString());
+    nextDragWorks();
+}
+
+void TestDocumentDrags::noVisualWithoutADelegate()
+{
+    source()->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
+    support::Gesture gesture;
+    dragOver(gesture, positionIn(m_view->item("any"))).release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(m_view->root()->property("drops").toInt(), 1);
+    nextDragWorks();
+}
+
+void TestDocumentDrags::escapeEndsTheDrag()
+{
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .key(Qt::Key_Escape)
+        .until([this] { return !m_view->find(text("any"))->property("containsDrag").toBool(); },
+               "the drag to leave")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(m_view->root()->property("drops").toInt(), 0);
+    nextDragWorks();
+}
+
+void TestDocumentDrags::droppedOutside()
+{
+    const QPoint over = positionIn(m_view->item("any"));
+    const QPoint outside = m_view->window()->position() + QPoint(0, 500);
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .glide(over, outside)
+        .until([this] { return !m_view->find(text("any"))->property("containsDrag").toBool(); },
+               "the drag to leave")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(m_view->root()->property("drops").toInt(), 0);
+    nextDragWorks();
+}
+
+void TestDocumentDrags::rowRemovedByTheDrop()
+{
+    QObject *const any = m_view->find(text("any"));
+    QObject *const loader = m_view->find(text("loader"));
+    connect(any, SIGNAL(dropped(QQuickDropEvent *)), loader, SLOT(deleteLater()));
+    // The row goes while the loop is still running, as it does when a model loses it.
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over).then([&] { loader->setProperty("active", false); }).release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QTRY_VERIFY(!active());
+    nextDragWorks();
+}
+
+void TestDocumentDrags::sourceDestroyedDuringTheDrag()
+{
+    QPointer<QObject> doomed = source();
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over).then([&] { delete doomed.data(); }).release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QVERIFY(!doomed);
+    QTRY_VERIFY(!visual());
+    // Nothing of the filter is left: moves reach the window as ever.
+    QTest::mouseMove(m_view->window(), {5, 5});
+}
+
+void TestDocumentDrags::windowDestroyedDuringTheDrag()
+{
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over).then([this] { m_view->close(); }).release();
+    QVERIFY2(gesture.run(), gesture.error());
+    // Another window's drags work.
+    load(typeName());
+    nextDragWorks();
+}
+
+void TestDocumentDrags::visualDestroyedDuringTheDrag()
+{
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .hoverUntil(
+            over, [this] { return visual() != nullptr; }, "the visual")
+        .then([this] { delete visual(); })
+        .hoverUntil(
+            over, [this] { return m_watch->moves > 3; }, "more moves")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(m_view->root()->property("drops").toInt(), 1);
+    nextDragWorks();
+}
+
+void TestDocumentDrags::documentDestroyedDuringTheDrag()
+{
+    const QPoint over = positionIn(m_view->item("zone"));
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .then([this] { delete m_view->find(text("b")); })
+        .hoverUntil(
+            over, [this] { return m_watch->moves > 3; }, "more moves")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(support::evaluate(source(), text("dragDocuments.length")).toInt(), 2);
+    QTRY_VERIFY(!active());
+    nextDragWorks();
+}
+
+void TestDocumentDrags::receivingZoneDestroyedDuringTheDrag()
+{
+    const QPoint over = positionIn(m_view->item("zone"));
+    support::Gesture gesture;
+    dragOver(gesture, over).then([this] { delete m_view->find(text("zone")); }).release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QTRY_VERIFY(!active());
+    nextDragWorks();
+}
+
+void TestDocumentDrags::documentsChangedDuringTheDrag()
+{
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .then([this] { support::evaluate(source(), text("dragDocuments = []")); })
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(m_view->root()->property("drops").toInt(), 1);
+    QTRY_VERIFY(!active());
+    support::evaluate(source(), text("dragDocuments = [a, b]"));
+    nextDragWorks();
+}
+
+void TestDocumentDrags::sourceMovedToAnotherWindow()
+{
+    QQuickWindow other;
+    other.setGeometry(700, 100, 200, 200);
+    other.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&other));
+    auto *const item = m_view->item("source");
+    QQuickItem *const home = item->parentItem();
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over).then([&] { item->setParentItem(other.contentItem()); }).release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QTRY_VERIFY(!visual());
+    item->setParentItem(home);
+    other.close();
+    nextDragWorks();
+}
+
+void TestDocumentDrags::oddDelegates_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<QByteArray>("delegate");
+    for (const char *type : {"DragArea", "DragZone"}) {
+        QTest::addRow("%s, a syntax error", type) << QByteArray(type) << QByteArray("Rectangle {");
+        QTest::addRow("%s, an unknown type", type) << QByteArray(type) << QByteArray("Nothing {}");
+        QTest::addRow("%s, not an item", type) << QByteArray(type) << QByteArray("Timer {}");
+    }
+}
+
+void TestDocumentDrags::oddDelegates()
+{
+    QFETCH(QByteArray, delegate);
+    QQmlComponent component(m_view->engine());
+    component.setData("import QtQuick 2.12\n" + delegate, QUrl());
+    source()->setProperty("dragDelegate", QVariant::fromValue(&component));
+    support::Gesture gesture;
+    const QPoint over = positionIn(m_view->item("any"));
+    dragOver(gesture, over)
+        .hoverUntil(
+            over, [this] { return m_watch->moves > 3; }, "more moves")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(m_view->root()->property("drops").toInt(), 1);
+    nextDragWorks();
+}
+
+void TestDocumentDrags::delegateSlowerThanTheDrag()
+{
+    // Objects by the thousand: the drag is over long before they are all made.
+    const QByteArray many = QByteArray("Item { property var list: [1, 2, 3] }\n").repeated(3000);
+    QQmlComponent component(m_view->engine());
+    component.setData("import QtQuick 2.12\nItem { objectName: \"visual\"\n" + many + "}", QUrl());
+    QVERIFY(component.isReady());
+    source()->setProperty("dragDelegate", QVariant::fromValue(&component));
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over).key(Qt::Key_Escape).release();
+    QVERIFY2(gesture.run(), gesture.error());
+    source()->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
+    nextDragWorks();
+}
+
+QTEST_MAIN(TestDocumentDrags)
+#include "tst_documentdrags.moc"
