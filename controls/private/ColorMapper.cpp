@@ -1,0 +1,223 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/private/ColorMapper.h"
+
+namespace om::controls {
+
+namespace {
+
+struct Hsv
+{
+    int hue;
+    int saturation;
+    int value;
+};
+
+Hsv hsvOf(const QColor &color)
+{
+    Hsv hsv;
+    color.getHsv(&hsv.hue, &hsv.saturation, &hsv.value);
+    // A grey has no hue, which reads as -1.
+    hsv.hue = qBound(0, hsv.hue, 359);
+    return hsv;
+}
+
+int component(int value)
+{
+    return qBound(0, value, 255);
+}
+
+} // namespace
+
+class ColorMapper::Private
+{
+public:
+    explicit Private(ColorMapper *mapper)
+        : q(mapper)
+    {
+    }
+
+    template<typename T>
+    void take(T &view, const T &current, void (ColorMapper::*changed)());
+    void deriveViews();
+    void updateHsv(int newHue, int newSaturation, int newValue);
+    void updateRgb(int newRed, int newGreen, int newBlue, int newAlpha);
+
+    ColorMapper *const q;
+    QColor color = Qt::white;
+    int hue = 0;
+    int saturation = 0;
+    int value = 0;
+    int red = 0;
+    int green = 0;
+    int blue = 0;
+    int alpha = 0;
+    QString hex;
+};
+
+template<typename T>
+void ColorMapper::Private::take(T &view, const T &current, void (ColorMapper::*changed)())
+{
+    if (view == current) {
+        return;
+    }
+    view = current;
+    Q_EMIT(q->*changed)();
+}
+
+/// Each view is read from the colour when its turn comes: a signal before it may have brought a
+/// new colour, whose views must not be overwritten with those of the old one.
+void ColorMapper::Private::deriveViews()
+{
+    take(hue, hsvOf(color).hue, &ColorMapper::hueChanged);
+    take(saturation, hsvOf(color).saturation, &ColorMapper::saturationChanged);
+    take(value, hsvOf(color).value, &ColorMapper::valueChanged);
+    take(red, color.red(), &ColorMapper::redChanged);
+    take(green, color.green(), &ColorMapper::greenChanged);
+    take(blue, color.blue(), &ColorMapper::blueChanged);
+    take(alpha, color.alpha(), &ColorMapper::alphaChanged);
+    take(hex, color.name().mid(1).toUpper(), &ColorMapper::hexChanged);
+}
+
+void ColorMapper::Private::updateHsv(int newHue, int newSaturation, int newValue)
+{
+    q->updateColor(QColor::fromHsv(newHue, newSaturation, newValue, alpha));
+}
+
+void ColorMapper::Private::updateRgb(int newRed, int newGreen, int newBlue, int newAlpha)
+{
+    q->updateColor(QColor(newRed, newGreen, newBlue, newAlpha));
+}
+
+ColorMapper::ColorMapper(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>(this))
+{
+    blockSignals(true);
+    d->deriveViews();
+    blockSignals(false);
+}
+
+ColorMapper::~ColorMapper() = default;
+
+int ColorMapper::hue() const
+{
+    return d->hue;
+}
+
+int ColorMapper::saturation() const
+{
+    return d->saturation;
+}
+
+int ColorMapper::value() const
+{
+    return d->value;
+}
+
+int ColorMapper::red() const
+{
+    return d->red;
+}
+
+int ColorMapper::green() const
+{
+    return d->green;
+}
+
+int ColorMapper::blue() const
+{
+    return d->blue;
+}
+
+int ColorMapper::alpha() const
+{
+    return d->alpha;
+}
+
+QString ColorMapper::hex() const
+{
+    return d->hex;
+}
+
+QColor ColorMapper::color() const
+{
+    return d->color;
+}
+
+void ColorMapper::updateHue(int hue)
+{
+    const int clamped = qBound(0, hue, 359);
+    if (clamped != d->hue) {
+        d->updateHsv(clamped, d->saturation, d->value);
+    }
+}
+
+void ColorMapper::updateSaturation(int saturation)
+{
+    const int clamped = component(saturation);
+    if (clamped != d->saturation) {
+        d->updateHsv(d->hue, clamped, d->value);
+    }
+}
+
+void ColorMapper::updateValue(int value)
+{
+    const int clamped = component(value);
+    if (clamped != d->value) {
+        d->updateHsv(d->hue, d->saturation, clamped);
+    }
+}
+
+void ColorMapper::updateRed(int red)
+{
+    const int clamped = component(red);
+    if (clamped != d->red) {
+        d->updateRgb(clamped, d->green, d->blue, d->alpha);
+    }
+}
+
+void ColorMapper::updateGreen(int green)
+{
+    const int clamped = component(green);
+    if (clamped != d->green) {
+        d->updateRgb(d->red, clamped, d->blue, d->alpha);
+    }
+}
+
+void ColorMapper::updateBlue(int blue)
+{
+    const int clamped = component(blue);
+    if (clamped != d->blue) {
+        d->updateRgb(d->red, d->green, clamped, d->alpha);
+    }
+}
+
+void ColorMapper::updateAlpha(int alpha)
+{
+    const int clamped = component(alpha);
+    if (clamped != d->alpha) {
+        d->updateRgb(d->red, d->green, d->blue, clamped);
+    }
+}
+
+void ColorMapper::updateHex(const QString &hex)
+{
+    QColor color;
+    color.setNamedColor(QLatin1Char('#') + hex);
+    color.setAlpha(d->alpha);
+    updateColor(color);
+}
+
+void ColorMapper::updateColor(const QColor &color)
+{
+    if (color == d->color) {
+        return;
+    }
+    d->color = color;
+    d->deriveViews();
+    Q_EMIT colorChanged();
+}
+
+} // namespace om::controls

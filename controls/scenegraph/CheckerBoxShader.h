@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "controls/scenegraph/CheckerParams.h"
+
+#include <QSGSimpleMaterialShader>
+
+namespace om::controls {
+
+/// Fills a quad of CheckerVertex corners with squares of two colours.
+class CheckerBoxShader : public QSGSimpleMaterialShader<CheckerParams>
+{
+    QSG_DECLARE_SIMPLE_SHADER(CheckerBoxShader, CheckerParams)
+
+public:
+    QList<QByteArray> attributes() const override;
+    /// Sets all uniforms, whatever changed: that is how a new size or colour gets to the screen
+    /// without the material being marked dirty.
+    void updateState(const CheckerParams *state, const CheckerParams *oldState) override;
+
+protected:
+    const char *vertexShader() const override;
+    const char *fragmentShader() const override;
+};
+
+} // namespace om::controls

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/scenegraph/DashedLineShader.h"
+
+#include "shaders/DashedLineFrag.h"
+#include "shaders/DashedLineVert.h"
+
+namespace om::controls {
+
+QList<QByteArray> DashedLineShader::attributes() const
+{
+    return {QByteArrayLiteral("vertex")};
+}
+
+void DashedLineShader::updateState(const DashedLine *state, const DashedLine *)
+{
+    // An invalid colour would be handed over as opaque black; a line without a colour shows nothing.
+    program()->setUniformValue("om_Color",
+                               state->color.isValid() ? state->color : QColor(Qt::transparent));
+}
+
+const char *DashedLineShader::vertexShader() const
+{
+    return shaders::DashedLineVert;
+}
+
+const char *DashedLineShader::fragmentShader() const
+{
+    return shaders::DashedLineFrag;
+}
+
+} // namespace om::controls

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/Leftovers.h"
+#include "tests/support/Pixels.h"
+#include "tests/support/QmlView.h"
+
+#include <QDir>
+#include <QTest>
+
+using namespace support;
+
+/// Each file of data/render carries its own expectations: lists of samples [x, y, colour,
+/// tolerance] that hold before and after change(), and how many there are of both.
+class TestRender : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyCaseIsThere();
+    void samples_data();
+    void samples();
+
+private:
+    QString samplesError(const QmlView &view, const char *property, int *count) const;
+};
+
+static QDir cases()
+{
+    return QDir(QFINDTESTDATA("data/render"));
+}
+
+QString TestRender::samplesError(const QmlView &view, const char *property, int *count) const
+{
+    const QImage image = grab(view.window());
+    const QVariantList samples =
+        evaluate(view.root(), QLatin1String(property)).value<QVariantList>();
+    QStringList errors;
+    for (const QVariant &entry : samples) {
+        const QVariantList sample = entry.toList();
+        const QString error =
+            pixelError(image, {sample.value(0).toInt(), sample.value(1).toInt()},
+                       QColor(sample.value(2).toString()), sample.value(3, 2).toInt());
+        if (!error.isEmpty()) {
+            errors.append(error);
+        }
+    }
+    *count += samples.size();
+    return errors.join(QStringLiteral("; "));
+}
+
+void TestRender::everyCaseIsThere()
+{
+    QVERIFY(cases().entryList({QStringLiteral("*.qml")}, QDir::Files).size() >= 10);
+}
+
+void TestRender::samples_data()
+{
+    QTest::addColumn<QString>("file");
+    const auto files = cases().entryInfoList({QStringLiteral("*.qml")}, QDir::Files);
+    for (const QFileInfo &file : files) {
+        QTest::newRow(qPrintable(file.completeBaseName())) << file.absoluteFilePath();
+    }
+}
+
+void TestRender::samples()
+{
+    QFETCH(QString, file);
+    QmlView view;
+    view.loadFile(file);
+    view.show();
+    framesWhileIdle(view.window(), 0);
+    int count = 0;
+    QCOMPARE(samplesError(view, "before", &count), QString());
+    evaluate(view.root(), QStringLiteral("change()"));
+    // What follows another item does so with the frame after the next.
+    framesWhileIdle(view.window(), 0);
+    QCOMPARE(samplesError(view, "after", &count), QString());
+    QCOMPARE(count, evaluate(view.root(), QStringLiteral("sampleCount")).toInt());
+    view.close();
+    QCOMPARE(leftovers(), QString());
+}
+
+QTEST_MAIN(TestRender)
+#include "tst_render.moc"
