@@ -15,8 +15,7 @@ class Control : public QObject
 
 public:
     /// A side of an item. No value is 0.
-    enum Edge
-    {
+    enum Edge {
         LeftEdge = 1,
         TopEdge = 2,
         RightEdge = 3,

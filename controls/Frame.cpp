@@ -37,8 +37,8 @@ void Frame::Private::attach(QQuickWindow *newWindow)
     attached = true;
     ring->setParentItem(window ? window->contentItem() : nullptr);
     if (window) {
-        // Emitted on the thread that synchronises: under the basic loop the slot runs at once, under
-        // the threaded one it runs on the GUI thread and its effect is in the next frame.
+        // Emitted on the thread that synchronises: under the basic loop the slot runs at once,
+        // under the threaded one it runs on the GUI thread and its effect is in the next frame.
         QObject::connect(window, &QQuickWindow::beforeSynchronizing, q, &Frame::updateGeometry);
     }
 }

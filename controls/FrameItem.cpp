@@ -15,8 +15,7 @@ namespace om::controls {
 
 namespace {
 
-enum DirtyFlag
-{
+enum DirtyFlag {
     DirtyGeometry = 0x1,
     DirtyColor = 0x2,
     DirtyAll = DirtyGeometry | DirtyColor
@@ -81,7 +80,8 @@ void FrameItem::setColor(const QColor &color)
 
 void FrameItem::setRect(const QRectF &rect)
 {
-    // Taking a rectangle that equals nothing, not even itself, would ask for a frame at every frame.
+    // Taking a rectangle that equals nothing, not even itself, would ask for a frame at every
+    // frame.
     if (!isFinite(rect) || isSame(rect, d->rect)) {
         return;
     }

@@ -75,7 +75,8 @@ constexpr const char *palette[] = {
     "#B5CDD2", // VideoBoxBackground
     "#EDEDED", // ThumbPreviewBackground
     "#F8F8F8", // AreaEditorBackground
-    // On purpose not the "#F8F8F8" of the other editor areas: a menu editor shows the warning yellow.
+    // On purpose not the "#F8F8F8" of the other editor areas: a menu editor shows the warning
+    // yellow.
     "#ECD284", // MenuEditorBackground
     "#ECD284", // NotificationBarBackground
     "#333333", // NotificationText

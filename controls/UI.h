@@ -18,16 +18,14 @@ class UI : public QObject
 
 public:
     /// The two text styles.
-    enum Font
-    {
+    enum Font {
         PrimaryFont = 0,
         SecondaryFont = 1
     };
     Q_ENUM(Font)
 
     /// The palette, by purpose.
-    enum Color
-    {
+    enum Color {
         PrimaryBase = 0,
         SecondaryBase,
         PrimaryHover,

@@ -14,8 +14,7 @@ namespace om::controls {
 
 namespace {
 
-enum DirtyFlag
-{
+enum DirtyFlag {
     DirtyGeometry = 0x1,
     DirtyParameters = 0x2,
     DirtyAll = DirtyGeometry | DirtyParameters

@@ -54,8 +54,8 @@ public:
     Q_INVOKABLE void updateGreen(int green);
     Q_INVOKABLE void updateBlue(int blue);
     Q_INVOKABLE void updateAlpha(int alpha);
-    /// Takes hexadecimal digits without the "#"; the alpha stays what it is, also when \a hex brings
-    /// one. Text that is no colour makes the colour invalid.
+    /// Takes hexadecimal digits without the "#"; the alpha stays what it is, also when \a hex
+    /// brings one. Text that is no colour makes the colour invalid.
     Q_INVOKABLE void updateHex(const QString &hex);
     /// Takes \a color as it is. Does nothing when it equals the present one, colour model included.
     Q_INVOKABLE void updateColor(const QColor &color);

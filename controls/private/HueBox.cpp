@@ -62,7 +62,8 @@ QQmlComponent *HueBox::sliderDelegate() const
 void HueBox::setSliderDelegate(QQmlComponent *delegate)
 {
     d->slider.setDelegate(
-        delegate, "Slider delegate must be a quick item", [this] { Q_EMIT sliderDelegateChanged(); },
+        delegate, "Slider delegate must be a quick item",
+        [this] { Q_EMIT sliderDelegateChanged(); },
         [this](QQuickItem *slider) {
             slider->setY(height() * 0.5);
             // The hue itself, not hue / 359: a new slider stands far to the right unless the hue is

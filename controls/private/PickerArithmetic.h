@@ -6,8 +6,8 @@
 namespace om::controls {
 
 /// From places in the two boxes of a colour picker to components. Places outside a box give the end
-/// that they lie beyond; a place that is no number, or that no extent can be divided into, gives the
-/// start.
+/// that they lie beyond; a place that is no number, or that no extent can be divided into, gives
+/// the start.
 
 /// The hue (0 to 359) at \a x, of which the whole pixels count, in a strip of \a width.
 int hueAt(double x, double width);

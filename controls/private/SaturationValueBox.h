@@ -22,7 +22,8 @@ class SaturationValueBox : public QQuickItem
     Q_PROPERTY(int saturation READ saturation WRITE setSaturation NOTIFY saturationChanged)
     /// 0 to 255, 255 at first.
     Q_PROPERTY(int value READ value WRITE setValue NOTIFY valueChanged)
-    /// The component of the cross-hair. An object that is not an item gives a warning and no marker.
+    /// The component of the cross-hair. An object that is not an item gives a warning and no
+    /// marker.
     Q_PROPERTY(QQmlComponent *crossHairDelegate READ crossHairDelegate WRITE setCrossHairDelegate
                    NOTIFY crossHairDelegateChanged)
 

@@ -15,7 +15,8 @@ QList<QByteArray> DashedLineShader::attributes() const
 
 void DashedLineShader::updateState(const DashedLine *state, const DashedLine *)
 {
-    // An invalid colour would be handed over as opaque black; a line without a colour shows nothing.
+    // An invalid colour would be handed over as opaque black; a line without a colour shows
+    // nothing.
     program()->setUniformValue("om_Color",
                                state->color.isValid() ? state->color : QColor(Qt::transparent));
 }

@@ -12,6 +12,9 @@ var pages = [
     { name: "dropzones", title: "Drop zones", section: "Drag and drop", file: "DropZonesPage.qml" },
     { name: "popups", title: "Popups", section: "Overlays", file: "PopupsPage.qml" },
     { name: "dialogs", title: "Dialogs", section: "Overlays", file: "DialogsPage.qml" },
+    { name: "colorpicker", title: "Colour picker", section: "Visuals", file: "ColorPickerPage.qml" },
+    { name: "borders", title: "Borders and frames", section: "Visuals", file: "BordersPage.qml" },
+    { name: "theme", title: "Theme", section: "Visuals", file: "ThemePage.qml" },
     { name: "qrcodes", title: "QR codes", section: "Visuals", file: "QRCodesPage.qml" },
     { name: "input", title: "Input helpers", section: "Input", file: "InputPage.qml" },
 ];

@@ -62,10 +62,11 @@ void TestColorMapper::call(const char *method, const QVariant &argument)
 {
     QVariant value = argument;
     if (qstrcmp(method, "updateHex") == 0) {
-        QVERIFY(QMetaObject::invokeMethod(m_mapper.data(), method, Q_ARG(QString, value.toString())));
-    } else if (qstrcmp(method, "updateColor") == 0) {
         QVERIFY(
-            QMetaObject::invokeMethod(m_mapper.data(), method, Q_ARG(QColor, value.value<QColor>())));
+            QMetaObject::invokeMethod(m_mapper.data(), method, Q_ARG(QString, value.toString())));
+    } else if (qstrcmp(method, "updateColor") == 0) {
+        QVERIFY(QMetaObject::invokeMethod(m_mapper.data(), method,
+                                          Q_ARG(QColor, value.value<QColor>())));
     } else {
         QVERIFY(QMetaObject::invokeMethod(m_mapper.data(), method, Q_ARG(int, value.toInt())));
     }
@@ -140,8 +141,8 @@ void TestColorMapper::sequences_data()
         "210 170 30 | 10 20 30 128 | 0A141E");
     row("hue", QColor::fromHsv(0, 255, 255), "updateHue", 120, "hue red green hex color",
         "120 255 255 | 0 255 0 255 | 00FF00");
-    row("hue above the range", QColor::fromHsv(0, 255, 255), "updateHue", 400,
-        "hue blue hex color", "359 255 255 | 255 0 4 255 | FF0004");
+    row("hue above the range", QColor::fromHsv(0, 255, 255), "updateHue", 400, "hue blue hex color",
+        "359 255 255 | 255 0 4 255 | FF0004");
     row("saturation", QColor::fromHsv(0, 255, 255), "updateSaturation", 0,
         "saturation green blue hex color", "0 0 255 | 255 255 255 255 | FFFFFF");
     row("value", QColor::fromHsv(0, 255, 255), "updateValue", 0, "value red hex color",
@@ -194,16 +195,15 @@ void TestColorMapper::eachSignalComesWithItsNewValueAndOldOnesAfterIt()
     recorder.watch(m_mapper.data(), QStringLiteral("m"), {}, [this] { return views(); });
     call("updateColor", QColor(200, 100, 50, 60)); // 20 191 200
     QCOMPARE(recorder.take(),
-             (QStringList{
-                 QStringLiteral("m.hueChanged [20 170 30 | 10 20 30 40 | 0A141E]"),
-                 QStringLiteral("m.saturationChanged [20 191 30 | 10 20 30 40 | 0A141E]"),
-                 QStringLiteral("m.valueChanged [20 191 200 | 10 20 30 40 | 0A141E]"),
-                 QStringLiteral("m.redChanged [20 191 200 | 200 20 30 40 | 0A141E]"),
-                 QStringLiteral("m.greenChanged [20 191 200 | 200 100 30 40 | 0A141E]"),
-                 QStringLiteral("m.blueChanged [20 191 200 | 200 100 50 40 | 0A141E]"),
-                 QStringLiteral("m.alphaChanged [20 191 200 | 200 100 50 60 | 0A141E]"),
-                 QStringLiteral("m.hexChanged [20 191 200 | 200 100 50 60 | C86432]"),
-                 QStringLiteral("m.colorChanged [20 191 200 | 200 100 50 60 | C86432]")}));
+             (QStringList{QStringLiteral("m.hueChanged [20 170 30 | 10 20 30 40 | 0A141E]"),
+                          QStringLiteral("m.saturationChanged [20 191 30 | 10 20 30 40 | 0A141E]"),
+                          QStringLiteral("m.valueChanged [20 191 200 | 10 20 30 40 | 0A141E]"),
+                          QStringLiteral("m.redChanged [20 191 200 | 200 20 30 40 | 0A141E]"),
+                          QStringLiteral("m.greenChanged [20 191 200 | 200 100 30 40 | 0A141E]"),
+                          QStringLiteral("m.blueChanged [20 191 200 | 200 100 50 40 | 0A141E]"),
+                          QStringLiteral("m.alphaChanged [20 191 200 | 200 100 50 60 | 0A141E]"),
+                          QStringLiteral("m.hexChanged [20 191 200 | 200 100 50 60 | C86432]"),
+                          QStringLiteral("m.colorChanged [20 191 200 | 200 100 50 60 | C86432]")}));
 }
 
 void TestColorMapper::hueOfGreySurvivesInHsv()
@@ -259,11 +259,15 @@ void TestColorMapper::updateFromInsideEachSignal_data()
 {
     QTest::addColumn<QByteArray>("method");
     QTest::addColumn<QVariant>("argument");
-    const std::pair<const char *, QVariant> updates[] = {
-        {"updateHue", 120},    {"updateSaturation", 99}, {"updateValue", 88},
-        {"updateRed", 77},     {"updateGreen", 66},      {"updateBlue", 55},
-        {"updateAlpha", 44},   {"updateHex", QStringLiteral("123456")},
-        {"updateColor", QColor(9, 8, 7, 6)}};
+    const std::pair<const char *, QVariant> updates[] = {{"updateHue", 120},
+                                                         {"updateSaturation", 99},
+                                                         {"updateValue", 88},
+                                                         {"updateRed", 77},
+                                                         {"updateGreen", 66},
+                                                         {"updateBlue", 55},
+                                                         {"updateAlpha", 44},
+                                                         {"updateHex", QStringLiteral("123456")},
+                                                         {"updateColor", QColor(9, 8, 7, 6)}};
     for (const auto &update : updates) {
         QTest::newRow(update.first) << QByteArray(update.first) << update.second;
     }
@@ -274,8 +278,8 @@ void TestColorMapper::updateFromInsideEachSignal()
 {
     QFETCH(QByteArray, method);
     QFETCH(QVariant, argument);
-    for (const char *signal : {"hue", "saturation", "value", "red", "green", "blue", "alpha", "hex",
-                               "color"}) {
+    for (const char *signal :
+         {"hue", "saturation", "value", "red", "green", "blue", "alpha", "hex", "color"}) {
         init();
         call("updateColor", QColor(10, 20, 30, 40));
         support::SignalRecorder reaction;

@@ -110,7 +110,9 @@ void TestPickerBoxes::clampedAndSilentWhenEqual()
     recorder.watch(object, QString(), {QString::fromLatin1(name) + QStringLiteral("Changed")});
     const auto set = [&](int value) {
         object->setProperty(name, value);
-        return QStringLiteral("%1 %2").arg(object->property(name).toInt()).arg(recorder.take().size());
+        return QStringLiteral("%1 %2")
+            .arg(object->property(name).toInt())
+            .arg(recorder.take().size());
     };
     QCOMPARE(set(101), QStringLiteral("101 1"));
     QCOMPARE(set(101), QStringLiteral("101 0"));
@@ -185,10 +187,13 @@ void TestPickerBoxes::valueComesBeforeSaturation()
                            .arg(m_square->property("value").toInt())
                            .arg(m_square->property("saturation").toInt());
                    });
-    QTest::mousePress(m_view->window(), Qt::LeftButton, {}, m_square->mapToScene({0, 80}).toPoint());
-    QCOMPARE(recorder.take(), (QStringList{QStringLiteral("square.valueChanged [0 255]"),
-                                           QStringLiteral("square.saturationChanged [0 0]")}));
-    QTest::mouseRelease(m_view->window(), Qt::LeftButton, {}, m_square->mapToScene({0, 80}).toPoint());
+    QTest::mousePress(m_view->window(), Qt::LeftButton, {},
+                      m_square->mapToScene({0, 80}).toPoint());
+    QCOMPARE(recorder.take(),
+             (QStringList{QStringLiteral("square.valueChanged [0 255]"),
+                          QStringLiteral("square.saturationChanged [0 0]")}));
+    QTest::mouseRelease(m_view->window(), Qt::LeftButton, {},
+                        m_square->mapToScene({0, 80}).toPoint());
 }
 
 void TestPickerBoxes::onlyTheLeftButton_data()
@@ -328,8 +333,9 @@ void TestPickerBoxes::boxRows()
 
 static QQuickItem *give(QQuickItem *box, const QByteArray &property, const char *component)
 {
-    evaluate(box, QStringLiteral("%1 = %2").arg(QString::fromLatin1(property),
-                                                QString::fromLatin1(component)));
+    evaluate(box,
+             QStringLiteral("%1 = %2").arg(QString::fromLatin1(property),
+                                           QString::fromLatin1(component)));
     return box->childItems().value(0);
 }
 
@@ -344,15 +350,14 @@ void TestPickerBoxes::markerBelongsToTheBox()
     QFETCH(QByteArray, property);
     auto *item = qobject_cast<QQuickItem *>(m_view->find(box));
     SignalRecorder recorder;
-    recorder.watch(item, QString(), {QString::fromLatin1(property) + QStringLiteral("Changed")}, [item] {
-        return QString::number(item->childItems().size());
-    });
+    recorder.watch(item, QString(), {QString::fromLatin1(property) + QStringLiteral("Changed")},
+                   [item] { return QString::number(item->childItems().size()); });
     QQuickItem *marker = give(item, property, "markers");
     QVERIFY(marker);
     QCOMPARE(marker->parent(), item);
     // Announced before the marker is made, and not when set again.
-    QCOMPARE(recorder.take(), QStringList{QStringLiteral(".%1Changed [0]").arg(
-                                  QString::fromLatin1(property))});
+    QCOMPARE(recorder.take(),
+             QStringList{QStringLiteral(".%1Changed [0]").arg(QString::fromLatin1(property))});
     QCOMPARE(give(item, property, "markers"), marker);
     QCOMPARE(recorder.take(), QStringList());
 }
@@ -485,13 +490,14 @@ void TestPickerBoxes::delegateSetFromItsOwnSignal()
     auto *item = qobject_cast<QQuickItem *>(m_view->find(box));
     SignalRecorder recorder;
     bool done = false;
-    recorder.watch(item, QString(), {QString::fromLatin1(property) + QStringLiteral("Changed")}, [&] {
-        if (!done) {
-            done = true;
-            give(item, property, "otherMarkers");
-        }
-        return QString();
-    });
+    recorder.watch(item, QString(), {QString::fromLatin1(property) + QStringLiteral("Changed")},
+                   [&] {
+                       if (!done) {
+                           done = true;
+                           give(item, property, "otherMarkers");
+                       }
+                       return QString();
+                   });
     give(item, property, "markers");
     QCOMPARE(item->childItems().size(), 1);
     QCOMPARE(item->childItems().value(0)->objectName(), QStringLiteral("other"));

@@ -230,10 +230,14 @@ void TestTheme::fonts_data()
     QTest::addColumn<QString>("font");
     QTest::addColumn<QString>("family");
     QTest::addColumn<int>("weight");
-    QTest::newRow("primary") << "UI.PrimaryFont" << "Om_Lato" << 25;
-    QTest::newRow("secondary") << "UI.SecondaryFont" << "Om_Lato" << 50;
-    QTest::newRow("no such font") << "7" << "" << 50;
-    QTest::newRow("negative") << "-1" << "" << 50;
+    QTest::newRow("primary") << "UI.PrimaryFont"
+                             << "Om_Lato" << 25;
+    QTest::newRow("secondary") << "UI.SecondaryFont"
+                               << "Om_Lato" << 50;
+    QTest::newRow("no such font") << "7"
+                                  << "" << 50;
+    QTest::newRow("negative") << "-1"
+                              << "" << 50;
 }
 
 void TestTheme::fonts()
@@ -247,8 +251,10 @@ void TestTheme::currencySign_data()
 {
     QTest::addColumn<QString>("country");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("dollar, in every font") << "US" << "$";
-    QTest::newRow("small letters") << "us" << "$";
+    QTest::newRow("dollar, in every font") << "US"
+                                           << "$";
+    QTest::newRow("small letters") << "us"
+                                   << "$";
     QTest::newRow("euro") << "DE" << QString(QChar(0x20ac));
 }
 
@@ -300,7 +306,8 @@ void TestTheme::currencyOfAnUnknownCountry()
     const QLocale locale(QLocale::AnyLanguage, QLocale::AnyCountry);
     const QString sign = locale.currencySymbol(QLocale::CurrencySymbol);
     const QString code = locale.currencySymbol(QLocale::CurrencyIsoCode);
-    const QString answer = evaluate(QStringLiteral("UI.currencyString('nowhere', 'serif')")).toString();
+    const QString answer =
+        evaluate(QStringLiteral("UI.currencyString('nowhere', 'serif')")).toString();
     QVERIFY2(answer == sign || answer == code, qPrintable(answer));
 }
 

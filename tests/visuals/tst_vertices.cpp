@@ -68,9 +68,8 @@ void TestVertices::dashedBorder()
 
 void TestVertices::frame()
 {
-    QCOMPARE(
-        text(frameVertices(100, 50, 4)),
-        QStringLiteral("0,0 4,4 100,0 96,4 100,50 96,46 0,50 4,46 0,0 4,4"));
+    QCOMPARE(text(frameVertices(100, 50, 4)),
+             QStringLiteral("0,0 4,4 100,0 96,4 100,50 96,46 0,50 4,46 0,0 4,4"));
 }
 
 void TestVertices::frameOfNoWidthCoversNothing()
@@ -111,11 +110,10 @@ void TestVertices::hueStrip()
     QSGGeometry::ColoredPoint2D vertices[hueVertexCount];
     setHueColors(vertices);
     setHuePositions(vertices, 60, 8);
-    const QStringList colors = {
-        QStringLiteral("255 0 0 255"),   QStringLiteral("255 255 0 255"),
-        QStringLiteral("0 255 0 255"),   QStringLiteral("0 255 255 255"),
-        QStringLiteral("0 0 255 255"),   QStringLiteral("255 0 255 255"),
-        QStringLiteral("255 0 0 255")};
+    const QStringList colors = {QStringLiteral("255 0 0 255"), QStringLiteral("255 255 0 255"),
+                                QStringLiteral("0 255 0 255"), QStringLiteral("0 255 255 255"),
+                                QStringLiteral("0 0 255 255"), QStringLiteral("255 0 255 255"),
+                                QStringLiteral("255 0 0 255")};
     for (int i = 0; i < hueStopCount; ++i) {
         QCOMPARE(vertices[2 * i].x, 10.0f * float(i));
         QCOMPARE(vertices[2 * i].y, 0.0f);

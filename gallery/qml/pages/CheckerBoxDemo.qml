@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import ombrel.Controls 1.0
+import ombrel.Controls.Private 1.0
+import "../kit"
+
+Demo {
+    title: "CheckerBox"
+    hint: "Change the size: the pattern is cut, not scaled, and stays with the top left corner. Squares have 2 to "
+          + "128 pixels; type 500 to see it clamped."
+    stageHeight: 260
+
+    CheckerBox {
+        id: box
+        x: 30
+        y: 30
+        width: 300
+        height: 180
+        onCheckerSizeChanged: log.note("checkerSizeChanged " + checkerSize)
+        onLightColorChanged: log.note("lightColorChanged " + lightColor)
+        onDarkColorChanged: log.note("darkColorChanged " + darkColor)
+    }
+
+    editors: [
+        NumberEditor { target: box; property: "checkerSize"; from: 2; to: 128 },
+        ColorEditor { target: box; property: "lightColor" },
+        ColorEditor { target: box; property: "darkColor" },
+        NumberEditor { target: box; property: "width"; from: 0; to: 360 },
+        NumberEditor { target: box; property: "height"; from: 0; to: 200 },
+        NumberEditor { target: box; property: "opacity"; from: 0; to: 1; stepSize: 0.05 },
+        EventLog { id: log }
+    ]
+}

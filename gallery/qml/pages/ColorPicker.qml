@@ -1,0 +1,284 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import QtQml 2.15
+import ombrel.Controls 1.0
+import ombrel.Controls.Private 1.0
+import "../kit"
+
+// A colour picker: the mapper holds the colour, everything else shows it and writes to it.
+Item {
+    id: picker
+
+    readonly property color color: mapper.color
+    property color previous: "#40A1BB"
+    readonly property int stripHeight: 18
+
+    implicitWidth: 760
+    implicitHeight: 372
+
+    // A whole number of the colour. The text follows the mapper unless it is being typed.
+    component Part: Item {
+        id: part
+        property string name
+        property int value
+        property int last: 255
+        signal chosen(int number)
+        width: 74
+        height: 48
+        Label {
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            text: part.name
+            color: Theme.softText
+            font.pixelSize: Theme.small
+        }
+        Field {
+            id: field
+            y: 18
+            width: parent.width
+            horizontalAlignment: TextInput.AlignHCenter
+            inputMethodHints: Qt.ImhDigitsOnly
+            validator: IntValidator { bottom: 0; top: part.last }
+            onTextEdited: if (acceptableInput) part.chosen(Number(text))
+            onEditingFinished: text = part.value
+            onActiveFocusChanged: if (!activeFocus) text = part.value
+            Keys.onUpPressed: { part.chosen(part.value + 1); text = part.value; }
+            Keys.onDownPressed: { part.chosen(part.value - 1); text = part.value; }
+            Binding {
+                target: field
+                property: "text"
+                value: part.value
+                when: !field.activeFocus
+                restoreMode: Binding.RestoreNone
+            }
+        }
+    }
+
+    // The marker of a strip.
+    component Handle: Item {
+        property alias color: knob.color
+        Rectangle {
+            id: knob
+            x: -5
+            y: -height / 2
+            width: 10
+            height: picker.stripHeight + 8
+            radius: 5
+            border.width: 2
+            border.color: Theme.panel
+            Rectangle {
+                z: -1
+                anchors.fill: parent
+                anchors.margins: -1
+                radius: 6
+                color: "transparent"
+                border.color: Theme.faintText
+            }
+        }
+    }
+
+    ColorMapper {
+        id: mapper
+        onHueChanged: { square.hue = hue; strip.hue = hue; }
+        onSaturationChanged: square.saturation = saturation
+        onValueChanged: square.value = value
+        Component.onCompleted: updateColor(picker.previous)
+    }
+
+    SaturationValueBox {
+        id: square
+        width: 340
+        height: 260
+        onSaturationChanged: mapper.updateSaturation(saturation)
+        onValueChanged: mapper.updateValue(value)
+        Keys.onLeftPressed: mapper.updateValue(value - 1)
+        Keys.onRightPressed: mapper.updateValue(value + 1)
+        Keys.onUpPressed: mapper.updateSaturation(saturation + 1)
+        Keys.onDownPressed: mapper.updateSaturation(saturation - 1)
+        crossHairDelegate: Item {
+            Rectangle {
+                x: -9
+                y: -9
+                width: 18
+                height: 18
+                radius: 9
+                color: "transparent"
+                border.color: Theme.text
+                Rectangle {
+                    anchors.fill: parent
+                    anchors.margins: 1
+                    radius: 8
+                    color: Qt.hsva(square.hue / 359, square.saturation / 255, square.value / 255, 1)
+                    border.width: 2
+                    border.color: Theme.panel
+                }
+            }
+        }
+        Rectangle {
+            anchors.fill: parent
+            color: "transparent"
+            border.color: square.activeFocus ? Theme.focus : Theme.strongLine
+        }
+    }
+
+    HueBox {
+        id: strip
+        y: square.height + 20
+        width: square.width
+        height: picker.stripHeight
+        onHueChanged: mapper.updateHue(hue)
+        Keys.onLeftPressed: mapper.updateHue(hue - 1)
+        Keys.onRightPressed: mapper.updateHue(hue + 1)
+        sliderDelegate: Handle { color: Qt.hsva(strip.hue / 359, 1, 1, 1) }
+        Rectangle {
+            anchors.fill: parent
+            color: "transparent"
+            border.color: strip.activeFocus ? Theme.focus : Theme.strongLine
+        }
+    }
+
+    CheckerBox {
+        id: alphaStrip
+        y: strip.y + strip.height + 20
+        width: square.width
+        height: picker.stripHeight
+        checkerSize: 6
+        lightColor: Theme.panel
+        darkColor: Theme.strongLine
+        Rectangle {
+            anchors.fill: parent
+            border.color: Theme.strongLine
+            gradient: Gradient {
+                orientation: Gradient.Horizontal
+                GradientStop { position: 0; color: Qt.rgba(picker.color.r, picker.color.g, picker.color.b, 0) }
+                GradientStop { position: 1; color: Qt.rgba(picker.color.r, picker.color.g, picker.color.b, 1) }
+            }
+        }
+        MouseArea {
+            anchors.fill: parent
+            preventStealing: true
+            function take(x) { mapper.updateAlpha(Math.round(x / width * 255)); }
+            onPressed: { forceActiveFocus(); take(mouse.x); }
+            onPositionChanged: take(mouse.x)
+            Keys.onLeftPressed: mapper.updateAlpha(mapper.alpha - 1)
+            Keys.onRightPressed: mapper.updateAlpha(mapper.alpha + 1)
+        }
+        Handle {
+            x: alphaStrip.width * mapper.alpha / 255
+            y: alphaStrip.height / 2
+            color: Qt.rgba(picker.color.r, picker.color.g, picker.color.b, 1)
+        }
+    }
+
+    Column {
+        x: square.width + 36
+        width: picker.width - x
+        spacing: 14
+
+        // The new colour beside the previous one.
+        CheckerBox {
+            width: 246
+            height: 72
+            checkerSize: 9
+            lightColor: Theme.panel
+            darkColor: Theme.line
+            Rectangle { width: parent.width / 2; height: parent.height; color: mapper.color }
+            Rectangle {
+                x: parent.width / 2
+                width: parent.width / 2
+                height: parent.height
+                color: picker.previous
+                MouseArea {
+                    anchors.fill: parent
+                    cursorShape: Qt.PointingHandCursor
+                    onClicked: mapper.updateColor(picker.previous)
+                }
+            }
+            Rectangle { anchors.fill: parent; color: "transparent"; border.color: Theme.strongLine }
+        }
+
+        Row {
+            spacing: 12
+            Part { name: "Hue"; value: mapper.hue; last: 359; onChosen: mapper.updateHue(number) }
+            Part { name: "Saturation"; value: mapper.saturation; onChosen: mapper.updateSaturation(number) }
+            Part { name: "Value"; value: mapper.value; onChosen: mapper.updateValue(number) }
+        }
+        Row {
+            spacing: 12
+            Part { name: "Red"; value: mapper.red; onChosen: mapper.updateRed(number) }
+            Part { name: "Green"; value: mapper.green; onChosen: mapper.updateGreen(number) }
+            Part { name: "Blue"; value: mapper.blue; onChosen: mapper.updateBlue(number) }
+        }
+        Row {
+            spacing: 12
+            Part { name: "Alpha"; value: mapper.alpha; onChosen: mapper.updateAlpha(number) }
+            Item {
+                width: 160
+                height: 48
+                Label {
+                    width: parent.width
+                    horizontalAlignment: Text.AlignHCenter
+                    text: "Hex"
+                    color: Theme.softText
+                    font.pixelSize: Theme.small
+                }
+                Field {
+                    id: hexField
+                    y: 18
+                    width: parent.width
+                    horizontalAlignment: TextInput.AlignHCenter
+                    font.family: Theme.monoFamily
+                    valid: acceptableInput || !activeFocus
+                    validator: RegularExpressionValidator { regularExpression: /([0-9A-Fa-f]{3}){1,2}/ }
+                    onTextEdited: if (text.length === 6) mapper.updateHex(text)
+                    // Return; three digits wait for it.
+                    onAccepted: mapper.updateHex(text)
+                    onEditingFinished: text = mapper.hex
+                    onActiveFocusChanged: if (!activeFocus) text = mapper.hex
+                    Binding {
+                        target: hexField
+                        property: "text"
+                        value: mapper.hex
+                        when: !hexField.activeFocus
+                        restoreMode: Binding.RestoreNone
+                    }
+                }
+            }
+        }
+
+        Column {
+            spacing: 8
+            Label { text: "From the palette"; color: Theme.softText; font.pixelSize: Theme.small }
+            Row {
+                spacing: 7
+                Repeater {
+                    model: [UI.SecondaryBase, UI.PrimaryPress, UI.WarningBackground, UI.SecondaryPress,
+                            UI.TabActive, UI.PasswordInsecure, UI.PrimaryFocusBorder, UI.MoreOptionsIcon]
+                    Rectangle {
+                        width: 24
+                        height: 24
+                        radius: 12
+                        color: UI.color(modelData)
+                        border.width: swatch.containsMouse ? 2 : 1
+                        border.color: swatch.containsMouse ? Theme.focus : Theme.strongLine
+                        MouseArea {
+                            id: swatch
+                            anchors.fill: parent
+                            hoverEnabled: true
+                            cursorShape: Qt.PointingHandCursor
+                            // Keeps the alpha, as updateColor() would not.
+                            onClicked: mapper.updateHex(String(parent.color).substr(1))
+                        }
+                    }
+                }
+            }
+        }
+        Row {
+            spacing: 10
+            Button { text: "Take"; primary: true; onClicked: picker.previous = mapper.color }
+            Button { text: "Back"; onClicked: mapper.updateColor(picker.previous) }
+        }
+    }
+}

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import ombrel.Controls 1.0
+import "../kit"
+
+Demo {
+    title: "DashedBorder"
+    hint: "Drag one of the boxes: the dashes belong to the window and stay where they are while the outline moves "
+          + "over them. Where two outlines meet, their dashes agree."
+    stageHeight: 320
+
+    Item {
+        id: area
+        anchors.fill: parent
+        clip: true
+        Repeater {
+            model: 2
+            Item {
+                id: box
+                x: index === 0 ? 60.5 : 210.5
+                y: index === 0 ? 60.5 : 110.5
+                width: first.boxWidth
+                height: first.boxHeight
+                scale: scaleEditor.value
+                rotation: rotationEditor.value
+                DashedBorder {
+                    anchors.fill: parent
+                    borderColor: first.borderColor
+                    opacity: opacityEditor.value
+                    visible: visibleEditor.value
+                }
+                MouseArea { anchors.fill: parent; cursorShape: Qt.SizeAllCursor; drag.target: box }
+            }
+        }
+        QtObject {
+            id: first
+            property color borderColor: "#40A1BB"
+            property int boxWidth: 150
+            property int boxHeight: 90
+            onBorderColorChanged: log.note("borderColorChanged " + borderColor)
+        }
+    }
+
+    editors: [
+        ColorEditor { target: first; property: "borderColor" },
+        NumberEditor { label: "width"; target: first; property: "boxWidth"; from: 0; to: 260 },
+        NumberEditor { label: "height"; target: first; property: "boxHeight"; from: 0; to: 200 },
+        NumberEditor { id: scaleEditor; label: "scale"; value: 1; from: 0.3; to: 2; stepSize: 0.05; onEdited: value = newValue },
+        NumberEditor { id: rotationEditor; label: "rotation"; value: 0; from: -45; to: 45; onEdited: value = newValue },
+        NumberEditor { id: opacityEditor; label: "opacity"; value: 1; from: 0; to: 1; stepSize: 0.05; onEdited: value = newValue },
+        BoolEditor { id: visibleEditor; label: "visible"; value: true; onEdited: value = newValue },
+        EventLog { id: log }
+    ]
+}
