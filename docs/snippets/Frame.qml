@@ -5,7 +5,9 @@ import QtQuick 2.12
 import QtQuick.Window 2.12
 import ombrel.Controls 1.0
 
-Window {
+Item {
+    id: page
+
     width: 240
     height: 120
 
@@ -16,10 +18,14 @@ Window {
         color: "lightgrey"
         clip: true
 
-        Frame {
+        // Wherever the document is loaded: the Frame is made when there is a window.
+        Loader {
             anchors.fill: parent
-            frameWidth: 6
-            color: "#90C695"
+            active: page.Window.window !== null
+            sourceComponent: Frame {
+                frameWidth: 6
+                color: "#90C695"
+            }
         }
     }
 }

@@ -184,7 +184,8 @@ void TestNodes::everythingIsSetAgainOnANewNode()
     box.setCheckerSize(5);
     delete box.paint();
     const std::unique_ptr<QSGGeometryNode> node(box.paint());
-    QCOMPARE(static_cast<QSGSimpleMaterial<CheckerParams> *>(node->material())->state()->size, 5.0f);
+    QCOMPARE(static_cast<QSGSimpleMaterial<CheckerParams> *>(node->material())->state()->size,
+             5.0f);
     QCOMPARE(static_cast<float *>(node->geometry()->vertexData())[4], 24.0f);
 
     Open<FrameItem> ring(nullptr);

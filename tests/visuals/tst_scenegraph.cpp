@@ -49,7 +49,8 @@ private:
     QQmlEngine m_engine;
 };
 
-static const char *frameQml = "Frame { x: 40; y: 30; width: 60; height: 40; frameWidth: 4; color: 'red' }";
+static const char *frameQml =
+    "Frame { x: 40; y: 30; width: 60; height: 40; frameWidth: 4; color: 'red' }";
 
 void TestSceneGraph::cleanup()
 {
@@ -112,7 +113,8 @@ void TestSceneGraph::dashesBelongToTheWindow()
     QQuickWindow window;
     show(window);
     QQuickItem *border =
-        make(&window, "DashedBorder { x: 20.5; y: 30.5; width: 101; height: 61; borderColor: '#ffffff' }");
+        make(&window,
+             "DashedBorder { x: 20.5; y: 30.5; width: 101; height: 61; borderColor: '#ffffff' }");
     for (const QPoint &corner : {QPoint(20, 30), QPoint(21, 30), QPoint(27, 43)}) {
         border->setPosition(QPointF(corner) + QPointF(0.5, 0.5));
         for (const int width : {101, 64}) {
@@ -165,9 +167,8 @@ void TestSceneGraph::dashedBorderProperties()
 {
     const QScopedPointer<QQuickItem> border(make(nullptr, "DashedBorder {}"));
     SignalRecorder recorder;
-    recorder.watch(border.data(), QString(), {QStringLiteral("borderColorChanged")}, [&border] {
-        return border->property("borderColor").value<QColor>().name();
-    });
+    recorder.watch(border.data(), QString(), {QStringLiteral("borderColorChanged")},
+                   [&border] { return border->property("borderColor").value<QColor>().name(); });
     border->setProperty("borderColor", QColor(Qt::red));
     border->setProperty("borderColor", QColor(Qt::red));
     QCOMPARE(recorder.take(), QStringList{QStringLiteral(".borderColorChanged [#ff0000]")});
@@ -319,7 +320,8 @@ void TestSceneGraph::extremeExtents()
     QQuickWindow window;
     show(window);
     make(&window, "Rectangle { x: 150; y: 100; width: 20; height: 20; color: 'blue' }");
-    for (const char *type : {"CheckerBox", "DashedBorder", "HueBox", "SaturationValueBox", "Frame"}) {
+    for (const char *type :
+         {"CheckerBox", "DashedBorder", "HueBox", "SaturationValueBox", "Frame"}) {
         QQuickItem *item = make(&window, type + QByteArray(" { x: 20; y: 20; }"));
         if (qstrcmp(type, "Frame") == 0) {
             item->setProperty("frameWidth", 0);
@@ -393,8 +395,9 @@ void TestSceneGraph::frameFollowsAndOnlyWhenItMoves()
     QTRY_COMPARE(item->x(), 36.0);
     framesWhileIdle(&window, 0);
     SignalRecorder recorder;
-    recorder.watch(item, QString(), {QStringLiteral("xChanged"), QStringLiteral("yChanged"),
-                                     QStringLiteral("widthChanged"), QStringLiteral("heightChanged")});
+    recorder.watch(item, QString(),
+                   {QStringLiteral("xChanged"), QStringLiteral("yChanged"),
+                    QStringLiteral("widthChanged"), QStringLiteral("heightChanged")});
     window.update();
     framesWhileIdle(&window, 0);
     // Not by a rounding error either.
