@@ -36,9 +36,8 @@ namespace avx2 {
 namespace avx512 {
 
 // As wide, but with three-way logic and twice the registers.
-#define QR_TARGET __attribute__((target("avx2,avx512f,avx512vl,prefer-vector-width=256")))
-#define QR_KERNEL \
-    __attribute__((target("avx2,avx512f,avx512vl,prefer-vector-width=256"), always_inline)) inline
+#define QR_TARGET __attribute__((target("avx2,avx512f,avx512vl")))
+#define QR_KERNEL __attribute__((target("avx2,avx512f,avx512vl"), always_inline)) inline
 #define QR_LANES 8
 #include "qr/QrFeatureKernels.inc"
 #undef QR_TARGET

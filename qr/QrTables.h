@@ -27,7 +27,7 @@ struct BlockGroup
 /// What ISO/IEC 18004 fixes for one version.
 struct VersionRow
 {
-    std::uint8_t version;
+    std::uint16_t version;
     std::uint16_t total;
     std::uint16_t data[LevelCount];
     std::uint8_t alignmentCount;
