@@ -10,6 +10,8 @@ var pages = [
     { name: "tree", title: "Tree", section: "Content", file: "TreePage.qml" },
     { name: "icons", title: "Images and icons", section: "Content", file: "IconsPage.qml" },
     { name: "dropzones", title: "Drop zones", section: "Drag and drop", file: "DropZonesPage.qml" },
+    { name: "drags", title: "Dragging documents", section: "Drag and drop", file: "DragsPage.qml" },
+    { name: "cards", title: "Dragging items", section: "Drag and drop", file: "CardsPage.qml" },
     { name: "popups", title: "Popups", section: "Overlays", file: "PopupsPage.qml" },
     { name: "dialogs", title: "Dialogs", section: "Overlays", file: "DialogsPage.qml" },
     { name: "colorpicker", title: "Colour picker", section: "Visuals", file: "ColorPickerPage.qml" },

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import ombrel.data.Core 1.0
+import "../kit"
+
+// Some documents of the open folder to pick and drag: a click picks one, with Ctrl several. The item
+// around it carries `dragged`.
+ListView {
+    id: shelf
+
+    property var picked: []
+    // What a drag that starts now is about.
+    property var dragged: []
+
+    function press(document, more) {
+        const held = picked.indexOf(document) >= 0;
+        if (more)
+            picked = held ? picked.filter(other => other !== document) : picked.concat([document]);
+        else if (!held)
+            picked = [document];
+        dragged = picked.filter(other => other);
+    }
+
+    clip: true
+    interactive: false
+    spacing: 4
+    model: Array.from(gallery.folder.children).slice(0, 8)
+    delegate: Rectangle {
+        id: row
+        readonly property Document document: modelData
+        readonly property bool chosen: shelf.picked.indexOf(document) >= 0
+        width: shelf.width
+        height: 40
+        radius: Theme.radius
+        color: chosen ? Theme.accentSoft : Theme.panel
+        border.color: chosen ? Theme.accent : Theme.line
+        Thumbnail {
+            x: 6
+            anchors.verticalCenter: parent.verticalCenter
+            width: 28
+            height: 28
+            document: row.document
+        }
+        Label {
+            x: 44
+            width: chip.x - x - 8
+            anchors.verticalCenter: parent.verticalCenter
+            text: row.document ? row.document.name : ""
+        }
+        Chip {
+            id: chip
+            anchors.right: parent.right
+            anchors.rightMargin: 8
+            anchors.verticalCenter: parent.verticalCenter
+            text: row.document && row.document.types.length > 0 ? row.document.types[0] : ""
+            tone: Theme.typeColor(text)
+        }
+        MouseArea {
+            anchors.fill: parent
+            onPressed: shelf.press(row.document, mouse.modifiers & Qt.ControlModifier)
+        }
+    }
+}

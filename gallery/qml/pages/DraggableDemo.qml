@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.15
+import ombrel.Controls 1.0
+import "../kit"
+
+Demo {
+    id: demo
+    title: "Draggable"
+    hint: "Drag the cards between columns of different scale and rotation: a card keeps its size on the screen where it lands."
+    stageHeight: 320
+
+    CardColumn {
+        id: plain
+        x: 18
+        y: 30
+        title: "scale 1"
+        onHappened: log.note(what)
+        DragCard {
+            id: card
+            x: 18
+            y: 40
+            text: "First card"
+            onIsDraggedChanged: log.note("isDragged " + isDragged)
+            onDragStarted: log.note("dragStarted")
+            onDragEnded: log.note("dragEnded")
+        }
+        DragCard { x: 18; y: 96; text: "Second card" }
+    }
+    CardColumn {
+        x: 186
+        y: 30
+        width: 260
+        height: 400
+        scale: 0.6
+        transformOrigin: Item.TopLeft
+        title: "scale 0.6"
+        onHappened: log.note(what)
+    }
+    CardColumn {
+        x: 352
+        y: 24
+        scale: 0.8
+        rotation: 8
+        title: "scale 0.8, turned"
+        onHappened: log.note(what)
+    }
+
+    editors: [
+        TextEditor { target: card; property: "dragData" },
+        ValueRow { target: card; property: "isDragged" },
+        ValueRow { target: card; property: "scale" },
+        ValueRow { target: card; property: "z" },
+        EventLog { id: log; lines: 6 }
+    ]
+}
