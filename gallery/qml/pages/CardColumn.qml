@@ -24,7 +24,7 @@ Rectangle {
         y: 8
         text: column.title
         color: Theme.faintText
-        font.pixelSize: Theme.small
+        font.pixelSize: Theme.small / column.scale
     }
     DropZone {
         id: zone

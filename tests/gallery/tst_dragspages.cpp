@@ -1,0 +1,217 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "gallery/FolderTree.h"
+#include "tests/support/Gesture.h"
+#include "tests/support/QmlView.h"
+
+#include <QImage>
+#include <QQmlContext>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+QString text(const char *latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+void collect(QQuickItem *item, const QByteArray &type, QList<QQuickItem *> *found)
+{
+    const QByteArray name = item->metaObject()->className();
+    if (name.startsWith(type + "_QML") || name == type) {
+        found->append(item);
+    }
+    const auto children = item->childItems();
+    for (QQuickItem *child : children) {
+        collect(child, type, found);
+    }
+}
+
+/// The items below \a item whose type is declared in the file \a type, or is the class \a type.
+QList<QQuickItem *> itemsOf(QQuickItem *item, const char *type)
+{
+    QList<QQuickItem *> found;
+    collect(item, type, &found);
+    return found;
+}
+
+/// The item below \a item that shows \a shown.
+QQuickItem *itemSaying(QQuickItem *item, const QString &shown)
+{
+    if (item->property("text").toString() == shown) {
+        return item;
+    }
+    const auto children = item->childItems();
+    for (QQuickItem *child : children) {
+        if (QQuickItem *found = itemSaying(child, shown)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+/// The pages of dragged documents and dragged items, used by hand.
+class TestDragsPages : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void severalDocumentsOntoATypeOfOneOfThem();
+    void noPadTakesADragArea();
+    void cardKeepsItsSizeInAnotherColumn();
+
+private:
+    void load(const char *page);
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<om::gallery::FolderTree> m_tree;
+    std::unique_ptr<support::QmlView> m_view;
+};
+
+void TestDragsPages::initTestCase()
+{
+    QVERIFY(m_folder.isValid());
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QVERIFY(image.save(m_folder.filePath(text("red.png"))));
+    for (const char *name : {"clip.mp4", "notes.txt"}) {
+        QFile file(m_folder.filePath(text(name)));
+        QVERIFY(file.open(QFile::WriteOnly));
+    }
+}
+
+void TestDragsPages::init()
+{
+    m_tree = std::make_unique<om::gallery::FolderTree>(m_folder.path());
+    m_view = std::make_unique<support::QmlView>();
+    m_view->engine()->rootContext()->setContextProperty(text("gallery"), m_tree.get());
+    m_view->window()->setResizeMode(QQuickView::SizeRootObjectToView);
+    m_view->window()->setGeometry(0, 0, 1000, 900);
+}
+
+void TestDragsPages::load(const char *page)
+{
+    m_view->loadFile(qEnvironmentVariable("OMBREL_SOURCE_DIR") + text("/gallery/qml/pages/")
+                     + text(page));
+    m_view->show();
+}
+
+void TestDragsPages::cleanup()
+{
+    m_view.reset();
+    m_tree.reset();
+}
+
+void TestDragsPages::severalDocumentsOntoATypeOfOneOfThem()
+{
+    load("DragsPage.qml");
+    QQuickItem *const demo = itemsOf(m_view->root(), "DragZoneDemo").value(0);
+    QVERIFY(demo);
+    const auto pads = itemsOf(demo, "DocumentPad");
+    QCOMPARE(pads.size(), 3);
+    QQuickItem *const pad = pads.at(1); // videos
+    QQuickItem *const content = m_view->window()->contentItem();
+    const int before = content->childItems().size();
+    QQuickItem *const zone = itemsOf(demo, "om::controls::DragZone").value(0);
+    QVERIFY(zone);
+    const auto at = [demo](const char *name) {
+        return support::positionIn(itemSaying(demo, text(name)));
+    };
+    const QPoint over = support::positionIn(pad);
+
+    support::Gesture gesture;
+    gesture.move(at("red.png")).press().release();
+    gesture.pressKey(Qt::Key_Control);
+    gesture.move(at("clip.mp4")).press().release();
+    gesture.move(at("notes.txt")).press().releaseKey(Qt::Key_Control);
+    gesture.glide(at("notes.txt"), over)
+        .hoverUntil(
+            over, [&] { return content->childItems().size() > before; },
+            "the card under the cursor")
+        .release()
+        .until([&] { return !pad->property("received").toString().isEmpty(); }, "the drop");
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(pad->property("received").toString(), text("red.png, clip.mp4, notes.txt"));
+    QVERIFY(pads.at(0)->property("received").toString().isEmpty());
+    QVERIFY(!zone->property("dragActive").toBool());
+    // The card spins away, then it is gone.
+    QTRY_COMPARE(content->childItems().size(), before);
+}
+
+void TestDragsPages::noPadTakesADragArea()
+{
+    load("DragsPage.qml");
+    QQuickItem *const demo = itemsOf(m_view->root(), "DragAreaDemo").value(0);
+    QVERIFY(demo);
+    const qreal top = demo->mapToItem(m_view->root(), {0, 0}).y();
+    m_view->root()->setProperty("contentY", m_view->root()->property("contentY").toReal() + top);
+    QQuickItem *const pad = itemsOf(demo, "DocumentPad").value(0);
+    QQuickItem *const area = itemsOf(demo, "om::controls::DragArea").value(0);
+    QVERIFY(pad && area);
+    QQuickItem *const content = m_view->window()->contentItem();
+    const int before = content->childItems().size();
+    const QPoint from = support::positionIn(itemSaying(demo, text("red.png")));
+    const QPoint over = support::positionIn(pad);
+
+    support::Gesture gesture;
+    gesture.move(from)
+        .press()
+        .glide(from, over)
+        .hoverUntil(
+            over, [&] { return content->childItems().size() > before; },
+            "the card under the cursor")
+        .release()
+        .until([&] { return content->childItems().size() == before; }, "the card to go");
+    QVERIFY2(gesture.run(), gesture.error());
+    QVERIFY(pad->property("received").toString().isEmpty());
+}
+
+void TestDragsPages::cardKeepsItsSizeInAnotherColumn()
+{
+    load("CardsPage.qml");
+    QQuickItem *const demo = itemsOf(m_view->root(), "DraggableDemo").value(0);
+    QVERIFY(demo);
+    const auto columns = itemsOf(demo, "CardColumn");
+    QCOMPARE(columns.size(), 3);
+    QQuickItem *const card = itemsOf(demo, "DragCard").value(0);
+    QVERIFY(card);
+    QQuickItem *const column = columns.at(1);
+    const QSizeF before = card->mapRectToScene(card->boundingRect()).size();
+    const QPoint from = support::positionIn(card);
+    const QPoint over = support::positionIn(column);
+
+    support::Gesture gesture;
+    gesture.move(from)
+        .press()
+        .glide(from, over)
+        .hoverUntil(
+            over,
+            [&] {
+                return itemsOf(column, "om::controls::DropZone")
+                    .value(0)
+                    ->property("containsDrag")
+                    .toBool();
+            },
+            "the column sees the card")
+        .release()
+        .until([&] { return !card->property("isDragged").toBool(); }, "the end of the drag");
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(card->parentItem(), column);
+    const QSizeF after = card->mapRectToScene(card->boundingRect()).size();
+    QVERIFY(qAbs(after.width() - before.width()) < 0.01);
+    QVERIFY(qAbs(after.height() - before.height()) < 0.01);
+    // What was raised for the drag is down again.
+    QCOMPARE(card->z(), 0.0);
+    QCOMPARE(columns.at(0)->z(), 0.0);
+}
+
+QTEST_MAIN(TestDragsPages)
+#include "tst_dragspages.moc"
