@@ -497,7 +497,7 @@ TreeView::~TreeView()
     delete d->contentItem;
 }
 
-TreeViewAttachedObject *TreeView::qmlAttachedProperties(QObject *object)
+QObject *TreeView::qmlAttachedProperties(QObject *object)
 {
     for (QQmlContext *context = QQmlEngine::contextForObject(object); context;
          context = context->parentContext()) {

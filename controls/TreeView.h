@@ -72,7 +72,9 @@ public:
     ~TreeView() override;
 
     /// The row that \a object belongs to, by the chain of QML contexts; null outside of any row.
-    static TreeViewAttachedObject *qmlAttachedProperties(QObject *object);
+    /// Declared to return QObject: QML reads, writes and connects to it in expressions, not in
+    /// declarations.
+    static QObject *qmlAttachedProperties(QObject *object);
 
     QQmlListProperty<om::data::Document> rootDocuments();
 

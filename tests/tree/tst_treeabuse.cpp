@@ -369,8 +369,9 @@ void TestTreeAbuse::listOfTwentyThousand()
 void TestTreeAbuse::nestedCollapse()
 {
     TreeFixture f(TreeFixture::plain("rootCanCollapse: true\n"
-                                     "backgroundDelegate: Item { TreeView.onCollapsedItemChanged: "
-                                     "if (index == 0) tree.toggleIndex(1) }"));
+                                     "backgroundDelegate: Item { Component.onCompleted: "
+                                     "TreeView.collapsedItemChanged.connect(function() "
+                                     "{ if (index == 0) tree.toggleIndex(1) }) }"));
     f.fill();
     f.call("tree.collapseIndex(0)");
     QCOMPARE(f.places(), QString("0+30 30+0 30+0 30+0 30+30"));

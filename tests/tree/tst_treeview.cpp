@@ -512,9 +512,10 @@ void TestTreeView::activeDocumentThatIsGone()
 void TestTreeView::newRowIsActiveAtOnce()
 {
     TreeFixture f(TreeFixture::plain("property var seen: []\n"
-                                     "backgroundDelegate: Item { Component.onCompleted: "
+                                     "backgroundDelegate: Item { Component.onCompleted: {"
                                      "if (TreeView.isActiveItem) tree.seen.push(document.name)\n"
-                                     "TreeView.onActiveItemChanged: tree.seen.push('told') }"));
+                                     "TreeView.activeItemChanged.connect("
+                                     "function() { tree.seen.push('told') }) } }"));
     f.fill();
     f.tree->setProperty("activeIndex", 0);
     f.call("tree.seen = []");
