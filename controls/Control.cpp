@@ -16,7 +16,7 @@ Control::~Control() = default;
 
 QString Control::fontFamilyForWeight(int weight) const
 {
-    const QString family = QFont().family();
+    QString family = QFont().family();
     switch (weight) {
     case QFont::Light:
         return family + QStringLiteral(" Light");

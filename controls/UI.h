@@ -17,15 +17,15 @@ class UI : public QObject
     Q_OBJECT
 
 public:
-    /// The two text styles.
-    enum Font {
+    /// The two text styles. Of a fixed type, as below: QML may pass any number.
+    enum Font : int {
         PrimaryFont = 0,
         SecondaryFont = 1
     };
     Q_ENUM(Font)
 
     /// The palette, by purpose.
-    enum Color {
+    enum Color : int {
         PrimaryBase = 0,
         SecondaryBase,
         PrimaryHover,
