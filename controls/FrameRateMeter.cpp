@@ -52,7 +52,9 @@ int FrameRateMeter::computeRate() const
     if (count == 0) {
         return 0;
     }
-    return static_cast<int>(60000.0 / static_cast<double>(sum / count));
+    // An integer division, deliberately.
+    const qint64 mean = sum / count;
+    return static_cast<int>(60000.0 / static_cast<double>(mean));
 }
 
 } // namespace om::controls
