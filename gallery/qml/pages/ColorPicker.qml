@@ -40,6 +40,7 @@ Item {
             width: parent.width
             horizontalAlignment: TextInput.AlignHCenter
             inputMethodHints: Qt.ImhDigitsOnly
+            valid: acceptableInput || !activeFocus
             validator: IntValidator { bottom: 0; top: part.last }
             onTextEdited: if (acceptableInput) part.chosen(Number(text))
             onEditingFinished: text = part.value
@@ -233,9 +234,11 @@ Item {
                     valid: acceptableInput || !activeFocus
                     validator: RegularExpressionValidator { regularExpression: /([0-9A-Fa-f]{3}){1,2}/ }
                     onTextEdited: if (text.length === 6) mapper.updateHex(text)
-                    // Return; three digits wait for it.
-                    onAccepted: mapper.updateHex(text)
-                    onEditingFinished: text = mapper.hex
+                    // With Return, or when the field is left; three digits wait for it.
+                    onEditingFinished: {
+                        if (acceptableInput && text.toUpperCase() !== mapper.hex) mapper.updateHex(text);
+                        text = mapper.hex;
+                    }
                     onActiveFocusChanged: if (!activeFocus) text = mapper.hex
                     Binding {
                         target: hexField
