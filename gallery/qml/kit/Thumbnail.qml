@@ -10,20 +10,15 @@ Item {
     property QtObject document
     property bool large: false
     readonly property string type: document && document.types.length > 0 ? document.types[0] : "file"
-    readonly property color tone: Theme.typeColor(type)
+    readonly property string sign: ["folder", "image", "video", "text"].includes(type) ? type : "file"
 
-    Rectangle {
-        anchors.fill: parent
+    Image {
+        anchors.centerIn: parent
         visible: image.status !== Image.Ready
-        radius: 4
-        color: Qt.rgba(thumbnail.tone.r, thumbnail.tone.g, thumbnail.tone.b, 0.16)
-        Label {
-            anchors.centerIn: parent
-            text: ({ folder: "▤", image: "◩", video: "▶", text: "≡" })[thumbnail.type] || "◇"
-            color: Qt.darker(thumbnail.tone, 1.2)
-            font.family: "DejaVu Sans"
-            font.pixelSize: Math.min(48, thumbnail.height / 2)
-        }
+        width: Math.min(48, parent.width, parent.height)
+        height: width
+        sourceSize: Qt.size(width, height)
+        source: "types/" + thumbnail.sign + ".svg"
     }
     Image {
         id: image
