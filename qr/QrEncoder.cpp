@@ -64,8 +64,8 @@ int qr::encode(Instructions instructions, int level, int version, const char *te
 
     qr::clearBoards(state.size, state.boards);
     qr::placeFunctionPatterns(state.version, state.boards);
-    qr::placeCodewords(state.size, state.codewords, qr::versionTable[state.version].total,
-                       state.boards);
+    qr::placeCodewords(instructions, state.size, state.codewords,
+                       qr::versionTable[state.version].total, state.boards);
     qr::cutStrips(state.size, state.boards);
 
     qr::countFeatures(instructions, level, state.size, state.boards, state.features);

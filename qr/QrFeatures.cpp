@@ -52,9 +52,11 @@ bool available(Instructions instructions)
     case Baseline:
         return true;
     case Avx2:
-        return __builtin_cpu_supports("avx2");
+        return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi2")
+            && __builtin_cpu_supports("popcnt");
     case Avx512:
-        return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512vl");
+        return available(Avx2) && __builtin_cpu_supports("avx512f")
+            && __builtin_cpu_supports("avx512vl");
     default:
         return false;
     }

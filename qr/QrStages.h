@@ -12,6 +12,22 @@
 
 namespace om::controls::qr {
 
+// Processors -----------------------------------------------------------------------------------
+
+/// The sets of instructions to choose from, from the one that runs everywhere to the widest.
+enum Instructions {
+    Baseline,
+    Avx2,
+    Avx512,
+    InstructionSets
+};
+
+/// Whether this processor has them.
+bool available(Instructions instructions);
+
+/// The widest that it has.
+Instructions widest();
+
 // Data encodation -------------------------------------------------------------------------------
 
 /// The value of a character in alphanumeric mode; every character outside the set has that of ':'.
@@ -121,7 +137,8 @@ void clearBoards(int size, Boards &boards);
 void placeFunctionPatterns(int version, Boards &boards);
 
 /// Places the bits of the codewords in the zigzag of two columns from the lower right corner.
-void placeCodewords(int size, const unsigned char *codewords, int count, Boards &boards);
+void placeCodewords(Instructions instructions, int size, const unsigned char *codewords, int count,
+                    Boards &boards);
 
 /// Fills the strips, both ways, from the columns.
 void cutStrips(int size, Boards &boards);
@@ -190,20 +207,6 @@ struct Features
     std::uint32_t dark[MaskCount]; ///< Dark modules.
 };
 
-/// The ways of counting, from the one that runs everywhere to the widest.
-enum Instructions {
-    Baseline,
-    Avx2,
-    Avx512,
-    InstructionSets
-};
-
-/// Whether this processor has them.
-bool available(Instructions instructions);
-
-/// The widest that it has.
-Instructions widest();
-
 /// Applies each of the eight masks with its format and version information and counts all of the
 /// symbol's features.
 void countFeatures(Instructions instructions, int level, int size, const Boards &boards,
@@ -225,7 +228,7 @@ void pack(int size, const Strips &rows, unsigned char *result);
 
 // All stages ------------------------------------------------------------------------------------
 
-/// What qrEncode() does, with one way of counting.
+/// What qrEncode() does, with one set of instructions.
 int encode(Instructions instructions, int level, int version, const char *text, int length,
            unsigned char *result);
 

@@ -475,12 +475,17 @@ void TestStages::placement()
     slow::Matrix matrix = ::functionPatterns(version);
     slow::placeCodewords(codewords, matrix);
 
-    qr::clearBoards(matrix.size, boards);
-    qr::placeFunctionPatterns(version, boards);
-    qr::placeCodewords(matrix.size, codewords.data(), count, boards);
-    COMPARE_GRIDS(
-        matrix.size, [](int x, int y) { return boards.modules.at(x, y); },
-        [&](int x, int y) { return (matrix.at(x, y) & (slow::Dark | slow::Data)) != 0; });
+    for (int set = 0; set < qr::InstructionSets; ++set) {
+        const auto instructions = qr::Instructions(set);
+        if (!qr::available(instructions))
+            continue;
+        qr::clearBoards(matrix.size, boards);
+        qr::placeFunctionPatterns(version, boards);
+        qr::placeCodewords(instructions, matrix.size, codewords.data(), count, boards);
+        COMPARE_GRIDS(
+            matrix.size, [](int x, int y) { return boards.modules.at(x, y); },
+            [&](int x, int y) { return (matrix.at(x, y) & (slow::Dark | slow::Data)) != 0; });
+    }
 }
 
 void TestStages::strips()
