@@ -240,6 +240,7 @@ void turn(const unsigned char *codewords, int count)
 
 /// Fills 32 rows of a pair of columns, given in the lower half of the words: the modules of both
 /// side by side, in the order of the stream, take the next bits of the stream where they are free.
+/// Returns the position in the stream behind it.
 template<bool Upwards>
 QR_DEPOSIT inline int depositRows(std::uint64_t freeRight, std::uint64_t freeLeft,
                                   std::uint64_t &right, std::uint64_t &left, int position)
@@ -248,42 +249,52 @@ QR_DEPOSIT inline int depositRows(std::uint64_t freeRight, std::uint64_t freeLef
     const std::uint64_t free =
         _pdep_u64(freeRight, rightPlaces) | _pdep_u64(freeLeft, ~rightPlaces);
     const int count = __builtin_popcountll(free);
-    std::uint64_t bits;
-    if constexpr (Upwards) {
-        bits = readUp(wholeStream.up, position);
-    } else {
-        // Of no bits it does not matter which.
-        bits = readDown(wholeStream.down, position) >> ((64 - count) & 63);
-    }
-    const std::uint64_t modules = _pdep_u64(bits, free);
-    right = _pext_u64(modules, rightPlaces);
-    left = _pext_u64(modules, ~rightPlaces);
+    // Downwards the next bits are the highest of a word but the lowest of it are deposited. Of no
+    // bits it does not matter which.
+    const std::uint64_t bits = Upwards
+        ? readUp(wholeStream.up, position)
+        : readDown(wholeStream.down, position) >> ((64 - count) & 63);
+    const std::uint64_t dark = _pdep_u64(bits, free);
+    right = _pext_u64(dark, rightPlaces);
+    left = _pext_u64(dark, ~rightPlaces);
     return position + count;
 }
 
-/// Fills one word of a pair of columns.
-template<bool Upwards>
-QR_DEPOSIT inline int depositWord(std::uint64_t freeRight, std::uint64_t freeLeft,
-                                  std::uint64_t &right, std::uint64_t &left, int position)
+/// Fills a pair of columns, of which \a column is the right one. \a Halves is how many of a word
+/// there are, 1 or 2.
+template<bool Upwards, int Halves>
+QR_DEPOSIT inline int depositPair(const Inside &inside, int words, int column, int position,
+                                  Boards &boards)
 {
-    constexpr int first = Upwards ? 0 : 32;
-    constexpr int second = 32 - first;
-    constexpr std::uint64_t half = 0xffffffff;
-    std::uint64_t rights[2];
-    std::uint64_t lefts[2];
-    position = depositRows<Upwards>(freeRight >> first & half, freeLeft >> first & half, rights[0],
-                                    lefts[0], position);
-    position = depositRows<Upwards>(freeRight >> second & half, freeLeft >> second & half,
-                                    rights[1], lefts[1], position);
-    right |= rights[0] << first | rights[1] << second;
-    left |= lefts[0] << first | lefts[1] << second;
+    constexpr std::uint64_t lowerHalf = 0xffffffff;
+    for (int step = 0; step < words; ++step) {
+        const int word = Upwards ? words - 1 - step : step;
+        const std::uint64_t *function = boards.function.words[word] + column;
+        const std::uint64_t freeRight = ~function[0] & inside.words[word];
+        const std::uint64_t freeLeft = ~function[-1] & inside.words[word];
+        std::uint64_t right = 0;
+        std::uint64_t left = 0;
+#pragma GCC unroll 2
+        for (int half = 0; half < Halves; ++half) {
+            const bool upper = half == (Upwards ? Halves - 1 : 0);
+            const int shift = upper ? 32 : 0;
+            std::uint64_t rows[2];
+            position =
+                depositRows<Upwards>(freeRight >> shift & lowerHalf, freeLeft >> shift & lowerHalf,
+                                     rows[0], rows[1], position);
+            right |= rows[0] << shift;
+            left |= rows[1] << shift;
+        }
+        std::uint64_t *modules = boards.modules.words[word] + column;
+        modules[0] |= right;
+        modules[-1] |= left;
+    }
     return position;
 }
 
-QR_DEPOSIT void placeDeposits(int size, const unsigned char *codewords, int count, Boards &boards)
+template<int Halves>
+QR_DEPOSIT inline void depositPairs(int size, Boards &boards)
 {
-    turn(codewords, count);
-
     const Inside inside(size);
     const int words = (size + 63) / 64;
     int position = 0;
@@ -291,16 +302,18 @@ QR_DEPOSIT void placeDeposits(int size, const unsigned char *codewords, int coun
     for (int column = size - 1; column > 0; column -= 2, upwards = !upwards) {
         if (column == TimingColumn)
             --column;
-        for (int step = 0; step < words; ++step) {
-            const int word = upwards ? words - 1 - step : step;
-            const std::uint64_t *function = boards.function.words[word] + column;
-            const std::uint64_t freeRight = ~function[0] & inside.words[word];
-            const std::uint64_t freeLeft = ~function[-1] & inside.words[word];
-            std::uint64_t *modules = boards.modules.words[word] + column;
-            position = upwards
-                ? depositWord<true>(freeRight, freeLeft, modules[0], modules[-1], position)
-                : depositWord<false>(freeRight, freeLeft, modules[0], modules[-1], position);
-        }
+        position = upwards ? depositPair<true, Halves>(inside, words, column, position, boards)
+                           : depositPair<false, Halves>(inside, words, column, position, boards);
+    }
+}
+
+QR_DEPOSIT void placeDeposits(int size, const unsigned char *codewords, int count, Boards &boards)
+{
+    turn(codewords, count);
+    if (size <= 32) {
+        depositPairs<1>(size, boards);
+    } else {
+        depositPairs<2>(size, boards);
     }
 }
 
