@@ -60,7 +60,7 @@ int qr::encode(Instructions instructions, int level, int version, const char *te
     state.size = qr::sizeOf(state.version);
 
     qr::encodeData(level, state.version, text, length, state.data);
-    qr::interleave(level, state.version, state.data, state.codewords);
+    qr::interleave(instructions, level, state.version, state.data, state.codewords);
 
     qr::clearBoards(state.size, state.boards);
     qr::placeFunctionPatterns(state.version, state.boards);

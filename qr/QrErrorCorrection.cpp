@@ -10,6 +10,7 @@ namespace om::controls::qr {
 namespace {
 
 constexpr int FieldPolynomial = 0x11d;
+constexpr int NarrowDegree = 16; ///< Remainders up to this degree take one vector of 16 bytes.
 constexpr int Stride = 8; ///< Data codewords that are divided in one step.
 
 /// Logarithms and powers of GF(256), base 2.
@@ -38,10 +39,9 @@ constexpr Field field;
 
 /// A polynomial of a lower degree than the generator, highest coefficient first.
 template<int Degree>
-struct alignas(16) Remainder
+struct alignas(Degree <= NarrowDegree ? 16 : 32) Remainder
 {
-    static constexpr int Words = Degree <= 16 ? 2 : 4;
-    std::uint8_t coefficients[8 * Words] = {};
+    std::uint8_t coefficients[Degree <= NarrowDegree ? 16 : 32] = {};
 };
 
 /// For each half of a byte (low, high) of each of the next eight codewords: the whole remainder
@@ -88,7 +88,10 @@ struct Remainders
 template<int Degree>
 constexpr Remainders<Degree> remainders;
 
+#define QR_KERNEL __attribute__((always_inline)) inline
+
 typedef std::uint64_t Pair __attribute__((vector_size(16)));
+typedef std::uint64_t Four __attribute__((vector_size(32)));
 
 /// The next eight codewords as they lie in memory.
 std::uint64_t load(const unsigned char *codewords)
@@ -102,88 +105,181 @@ std::uint64_t load(const unsigned char *codewords)
 #error "The remainder is shifted in words whose first byte is the lowest"
 #endif
 
-template<int Degree>
-void divide(const unsigned char *data, int count, unsigned char *result)
+/// A remainder while it is computed: its coefficients in one or two vectors.
+template<typename Vector, int Count>
+struct Rest
 {
-    constexpr bool wide = Degree > 16;
-    constexpr int rowShift = wide ? 5 : 4;
-    static_assert(sizeof(Remainder<Degree>) == 1 << rowShift, "rows are found by shifting");
-    const unsigned char *table = remainders<Degree>.halves[0][0].coefficients;
-    Pair front = {0, 0};
-    Pair back = {0, 0};
+    Vector parts[Count] = {};
+
+    QR_KERNEL std::uint64_t head() const { return parts[0][0]; }
+
+    /// Takes the first eight coefficients away.
+    QR_KERNEL void advance()
+    {
+        if constexpr (sizeof(Vector) == sizeof(Four)) {
+            parts[0] = __builtin_shufflevector(parts[0], Vector{}, 1, 2, 3, 4);
+        } else {
+#pragma GCC unroll 2
+            for (int part = 0; part + 1 < Count; ++part)
+                parts[part] = __builtin_shufflevector(parts[part], parts[part + 1], 1, 2);
+            parts[Count - 1] = __builtin_shufflevector(parts[Count - 1], Vector{}, 1, 2);
+        }
+    }
+
+    QR_KERNEL void add(const unsigned char *coefficients)
+    {
+#pragma GCC unroll 2
+        for (int part = 0; part < Count; ++part) {
+            Vector more;
+            std::memcpy(&more, coefficients + part * sizeof more, sizeof more);
+            parts[part] ^= more;
+        }
+    }
+};
+
+/// Divides \a Blocks blocks of \a count codewords side by side, so that while one waits for the
+/// rows of the \a table the other is added up. A row is \a Parts vectors.
+template<typename Vector, int Parts, int Blocks>
+QR_KERNEL void divide(const unsigned char *table, const unsigned char *data, int count,
+                      unsigned char *results)
+{
+    constexpr int RowSize = Parts * sizeof(Vector);
+    // Two sums of a single one, so that not every addition waits for the one before.
+    constexpr int sums = Blocks == 1 ? 2 : 1;
+    Rest<Vector, Parts> rests[Blocks][sums];
 
     // The first step takes what is more than whole steps: zeros in front change nothing.
     const int ahead = count % Stride;
-    std::uint64_t next = 0;
-    if (ahead) {
+    std::uint64_t next[Blocks];
+#pragma GCC unroll 2
+    for (int block = 0; block < Blocks; ++block) {
+        const unsigned char *first = data + block * count;
+        next[block] = ahead ? 0 : load(first);
         for (int index = 0; index < ahead; ++index)
-            next = next >> 8 | std::uint64_t(data[index]) << 56;
-    } else {
-        next = load(data);
+            next[block] = next[block] >> 8 | std::uint64_t(first[index]) << 56;
     }
     for (int done = ahead ? ahead : Stride;; done += Stride) {
-        const std::uint64_t head = next ^ front[0];
-        front = Pair{front[1], back[0]};
-        back = Pair{back[1], 0};
-        // Two sums, so that not every addition waits for the one before.
-        Pair sums[4] = {front, {0, 0}, back, {0, 0}};
-#pragma GCC unroll 16
-        for (int half = 0; half < 2 * Stride; ++half) {
-            // The value of this half, times the size of a row.
-            const int shift = 4 * half - rowShift;
-            const std::uint64_t offset =
-                (shift < 0 ? head << -shift : head >> shift) & (15u << rowShift);
-            const unsigned char *row = table + half * (16 << rowShift) + offset;
-            Pair part;
-            std::memcpy(&part, row, sizeof part);
-            sums[half & 1] ^= part;
-            if constexpr (wide) {
-                std::memcpy(&part, row + sizeof part, sizeof part);
-                sums[2 + (half & 1)] ^= part;
+        // The halves of the codewords, each in the upper half of a byte: 16 times its value.
+        std::uint64_t halves[Blocks][2];
+#pragma GCC unroll 2
+        for (int block = 0; block < Blocks; ++block) {
+            const std::uint64_t head = next[block] ^ rests[block][0].head();
+            halves[block][0] = head << 4 & 0xf0f0f0f0f0f0f0f0ull;
+            halves[block][1] = head & 0xf0f0f0f0f0f0f0f0ull;
+            rests[block][0].advance();
+            if constexpr (sums == 2)
+                rests[block][1] = {};
+        }
+#pragma GCC unroll 8
+        for (int codeword = 0; codeword < Stride; ++codeword) {
+#pragma GCC unroll 2
+            for (int half = 0; half < 2; ++half) {
+                const unsigned char *rows = table + (2 * codeword + half) * 16 * RowSize;
+#pragma GCC unroll 2
+                for (int block = 0; block < Blocks; ++block) {
+                    const std::uint64_t value = halves[block][half] & 0xff;
+                    halves[block][half] >>= 8;
+                    rests[block][half % sums].add(rows + value * (RowSize / 16));
+                }
             }
         }
-        front = sums[0] ^ sums[1];
-        back = sums[2] ^ sums[3];
+        if constexpr (sums == 2) {
+#pragma GCC unroll 2
+            for (int part = 0; part < Parts; ++part)
+                rests[0][0].parts[part] ^= rests[0][1].parts[part];
+        }
         if (done >= count)
             break;
-        next = load(data + done);
+#pragma GCC unroll 2
+        for (int block = 0; block < Blocks; ++block)
+            next[block] = load(data + block * count + done);
     }
-    std::memcpy(result, &front, 16);
-    std::memcpy(result + 16, &back, 16);
+#pragma GCC unroll 2
+    for (int block = 0; block < Blocks; ++block, results += CorrectionStride) {
+        std::memcpy(results, &rests[block][0], sizeof rests[block][0]);
+        if constexpr (RowSize < CorrectionStride)
+            std::memset(results + 16, 0, 16);
+    }
+}
+
+template<typename Vector, int Parts>
+QR_KERNEL void divideAll(const unsigned char *table, const unsigned char *data, int count,
+                         int blocks, unsigned char *results)
+{
+    for (; blocks >= 2; blocks -= 2, data += 2 * count, results += 2 * CorrectionStride)
+        divide<Vector, Parts, 2>(table, data, count, results);
+    if (blocks)
+        divide<Vector, Parts, 1>(table, data, count, results);
+}
+
+template<int Parts>
+void divideBlocks(const unsigned char *table, const unsigned char *data, int count, int blocks,
+                  unsigned char *results)
+{
+    divideAll<Pair, Parts>(table, data, count, blocks, results);
+}
+
+#if defined(__x86_64__)
+__attribute__((target("avx2"))) void divideBlocksWide(const unsigned char *table,
+                                                      const unsigned char *data, int count,
+                                                      int blocks, unsigned char *results)
+{
+    divideAll<Four, 1>(table, data, count, blocks, results);
+}
+#endif
+
+template<int Degree>
+constexpr const unsigned char *table()
+{
+    return remainders<Degree>.halves[0][0].coefficients;
+}
+
+const unsigned char *tableOf(int degree)
+{
+    switch (degree) {
+    case 7:
+        return table<7>();
+    case 10:
+        return table<10>();
+    case 13:
+        return table<13>();
+    case 15:
+        return table<15>();
+    case 16:
+        return table<16>();
+    case 17:
+        return table<17>();
+    case 18:
+        return table<18>();
+    case 20:
+        return table<20>();
+    case 22:
+        return table<22>();
+    case 24:
+        return table<24>();
+    case 26:
+        return table<26>();
+    case 28:
+        return table<28>();
+    default: // The version table has no other.
+        return table<30>();
+    }
 }
 
 } // namespace
 
-void correctionCodewords(const unsigned char *data, int count, int degree, unsigned char *result)
+void correctionCodewords(Instructions instructions, const unsigned char *data, int count,
+                         int degree, int blocks, unsigned char *results)
 {
-    switch (degree) {
-    case 7:
-        return divide<7>(data, count, result);
-    case 10:
-        return divide<10>(data, count, result);
-    case 13:
-        return divide<13>(data, count, result);
-    case 15:
-        return divide<15>(data, count, result);
-    case 16:
-        return divide<16>(data, count, result);
-    case 17:
-        return divide<17>(data, count, result);
-    case 18:
-        return divide<18>(data, count, result);
-    case 20:
-        return divide<20>(data, count, result);
-    case 22:
-        return divide<22>(data, count, result);
-    case 24:
-        return divide<24>(data, count, result);
-    case 26:
-        return divide<26>(data, count, result);
-    case 28:
-        return divide<28>(data, count, result);
-    default: // The version table has no other.
-        return divide<30>(data, count, result);
-    }
+    const unsigned char *table = tableOf(degree);
+    if (degree <= NarrowDegree)
+        return divideBlocks<1>(table, data, count, blocks, results);
+#if defined(__x86_64__)
+    if (instructions != Baseline)
+        return divideBlocksWide(table, data, count, blocks, results);
+#endif
+    (void)instructions;
+    divideBlocks<2>(table, data, count, blocks, results);
 }
 
 namespace {
@@ -235,13 +331,13 @@ void spread(const unsigned char *blocks, int stride, int count, int length, unsi
 }
 
 constexpr int MaximumBlocks = 81;
-constexpr int CorrectionStride = 32;
 
 unsigned char corrections[MaximumBlocks * CorrectionStride];
 
 } // namespace
 
-void interleave(int level, int version, const unsigned char *data, unsigned char *codewords)
+void interleave(Instructions instructions, int level, int version, const unsigned char *data,
+                unsigned char *codewords)
 {
     const VersionRow &row = versionTable[version];
     const int blocks = row.blockCount(level);
@@ -250,13 +346,9 @@ void interleave(int level, int version, const unsigned char *data, unsigned char
     const int length = row.groups[level][0].data;
     const unsigned char *longer = data + shorter * length;
 
-    for (int block = 0; block < blocks; ++block) {
-        const bool isLonger = block >= shorter;
-        const unsigned char *first =
-            isLonger ? longer + (block - shorter) * (length + 1) : data + block * length;
-        correctionCodewords(first, length + isLonger, correction,
-                            corrections + block * CorrectionStride);
-    }
+    correctionCodewords(instructions, data, length, correction, shorter, corrections);
+    correctionCodewords(instructions, longer, length + 1, correction, blocks - shorter,
+                        corrections + shorter * CorrectionStride);
 
     spread(data, length, shorter, length, codewords, blocks);
     spread(longer, length + 1, blocks - shorter, length, codewords + shorter, blocks);

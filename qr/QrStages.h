@@ -74,14 +74,20 @@ void encodeData(int level, int version, const char *text, int length, unsigned c
 
 // Error correction ------------------------------------------------------------------------------
 
-/// The error-correction codewords of one block: the remainder of its \a count data codewords,
-/// shifted by \a degree, divided by the generator polynomial of that degree. 32 bytes of \a result
-/// are written, of which those behind the first \a degree are zero.
-void correctionCodewords(const unsigned char *data, int count, int degree, unsigned char *result);
+/// Room for the error-correction codewords of one block.
+constexpr int CorrectionStride = 32;
+
+/// The error-correction codewords of \a blocks blocks that follow one another, each the remainder
+/// of its \a count data codewords, shifted by \a degree, divided by the generator polynomial of
+/// that degree. Of each, CorrectionStride bytes are written to \a results, of which those behind
+/// the first \a degree are zero.
+void correctionCodewords(Instructions instructions, const unsigned char *data, int count,
+                         int degree, int blocks, unsigned char *results);
 
 /// All codewords in their final order: the data of the blocks column by column, then the same of
 /// their error correction.
-void interleave(int level, int version, const unsigned char *data, unsigned char *codewords);
+void interleave(Instructions instructions, int level, int version, const unsigned char *data,
+                unsigned char *codewords);
 
 // Boards ----------------------------------------------------------------------------------------
 

@@ -8,6 +8,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <string>
@@ -87,6 +88,15 @@ slow::Matrix drawn(int size, const std::function<bool(int, int)> &dark)
             matrix.at(x, y) = dark(x, y) ? slow::Function | slow::Dark : slow::Function;
     }
     return matrix;
+}
+
+/// Calls \a test with each set of instructions that this processor has.
+void forEachSet(const std::function<void(qr::Instructions)> &test)
+{
+    for (int set = 0; set < qr::InstructionSets; ++set) {
+        if (qr::available(qr::Instructions(set)))
+            test(qr::Instructions(set));
+    }
 }
 
 #define COMPARE_GRIDS(size, actual, expected) \
@@ -369,14 +379,31 @@ void TestStages::correction()
     QRandomGenerator random(3);
     for (int degree : {7, 10, 13, 15, 16, 17, 18, 20, 22, 24, 26, 28, 30}) {
         for (int count = 1; count <= 123; ++count) {
-            const std::string text = randomText(random, count);
-            const slow::Bytes block(text.begin(), text.end());
-            slow::Bytes expected = slow::correction(block, degree);
-            QCOMPARE(int(expected.size()), degree);
-            expected.resize(32, 0);
-            slow::Bytes result(32, 0xff);
-            qr::correctionCodewords(block.data(), count, degree, result.data());
-            QVERIFY2(result == expected, qPrintable(QString::number(degree)));
+            // As many blocks as show each of them computed alone and beside another.
+            constexpr int blocks = 5;
+            slow::Bytes data;
+            slow::Bytes expected;
+            for (int block = 0; block < blocks; ++block) {
+                const std::string text = randomText(random, count);
+                data.insert(data.end(), text.begin(), text.end());
+                const slow::Bytes correction =
+                    slow::correction(slow::Bytes(text.begin(), text.end()), degree);
+                QCOMPARE(int(correction.size()), degree);
+                expected.insert(expected.end(), correction.begin(), correction.end());
+                expected.resize(std::size_t(block + 1) * qr::CorrectionStride, 0);
+            }
+            forEachSet([&](qr::Instructions instructions) {
+                for (int used = 0; used <= blocks; ++used) {
+                    const std::size_t end = std::size_t(used) * qr::CorrectionStride;
+                    slow::Bytes result(expected.size(), 0xff);
+                    qr::correctionCodewords(instructions, data.data(), count, degree, used,
+                                            result.data());
+                    QVERIFY2(std::memcmp(result.data(), expected.data(), end) == 0,
+                             qPrintable(QString::number(degree)));
+                    QVERIFY(std::all_of(result.begin() + std::ptrdiff_t(end), result.end(),
+                                        [](unsigned char byte) { return byte == 0xff; }));
+                }
+            });
         }
     }
 }
@@ -389,8 +416,8 @@ void TestStages::correctionOfKnownBlock()
     for (int index = 1; index < 256; ++index)
         powers[index] = slow::multiply(powers[index - 1], 2);
     const unsigned char one = 1;
-    unsigned char result[32];
-    qr::correctionCodewords(&one, 1, 7, result);
+    unsigned char result[qr::CorrectionStride];
+    qr::correctionCodewords(qr::Baseline, &one, 1, 7, 1, result);
     const int exponents[7] = {87, 229, 146, 149, 238, 102, 21};
     for (int index = 0; index < 7; ++index)
         QCOMPARE(int(result[index]), powers[exponents[index]]);
@@ -405,9 +432,11 @@ void TestStages::interleaving()
             const slow::Bytes data(text.begin(), text.end());
             const slow::Bytes expected = slow::allCodewords(level, version, data);
             QCOMPARE(int(expected.size()), int(qr::versionTable[version].total));
-            unsigned char codewords[qr::MaximumCodewords];
-            qr::interleave(level, version, data.data(), codewords);
-            QCOMPARE(std::memcmp(codewords, expected.data(), expected.size()), 0);
+            forEachSet([&](qr::Instructions instructions) {
+                unsigned char codewords[qr::MaximumCodewords];
+                qr::interleave(instructions, level, version, data.data(), codewords);
+                QCOMPARE(std::memcmp(codewords, expected.data(), expected.size()), 0);
+            });
         }
     }
 }
@@ -475,17 +504,14 @@ void TestStages::placement()
     slow::Matrix matrix = ::functionPatterns(version);
     slow::placeCodewords(codewords, matrix);
 
-    for (int set = 0; set < qr::InstructionSets; ++set) {
-        const auto instructions = qr::Instructions(set);
-        if (!qr::available(instructions))
-            continue;
+    forEachSet([&](qr::Instructions instructions) {
         qr::clearBoards(matrix.size, boards);
         qr::placeFunctionPatterns(version, boards);
         qr::placeCodewords(instructions, matrix.size, codewords.data(), count, boards);
         COMPARE_GRIDS(
             matrix.size, [](int x, int y) { return boards.modules.at(x, y); },
             [&](int x, int y) { return (matrix.at(x, y) & (slow::Dark | slow::Data)) != 0; });
-    }
+    });
 }
 
 void TestStages::strips()
