@@ -12,7 +12,7 @@ Demo {
 
     // A tree reads all that is below its roots, and a folder may hold a whole disk: what is shown is
     // a picture of the folder, breadth first, up to this many documents.
-    property int limit: 300
+    property int limit: 1000
     property bool renaming: false
     property int rowCount: 0
 
@@ -63,6 +63,17 @@ Demo {
         tree.rootDocuments = roots;
         for (const document of old)
             document.destroy();
+    }
+
+    function rename(document, name) {
+        document.name = name;
+        if (document.source)
+            document.source.name = name;
+        stopRenaming();
+    }
+    function stopRenaming() {
+        renaming = false;
+        tree.forceActiveFocus();
     }
 
     function rowsOf(documents) {
@@ -128,7 +139,6 @@ Demo {
                     readonly property bool edited: demo.renaming && TreeView.isActiveItem
                     readonly property QtObject shown: document
                     height: 28
-                    onEditedChanged: if (edited) nameField.forceActiveFocus()
 
                     Thumbnail {
                         id: thumbnail
@@ -144,20 +154,21 @@ Demo {
                         visible: !rowContent.edited
                         text: document ? document.name : ""
                     }
-                    Field {
-                        id: nameField
+                    // One row at most has the field: a row costs what it shows.
+                    Loader {
                         anchors { left: thumbnail.right; right: parent.right; rightMargin: 16 }
                         anchors.verticalCenter: parent.verticalCenter
-                        height: 24
-                        visible: rowContent.edited
-                        text: visible && document ? document.name : ""
-                        onAccepted: {
-                            document.name = text;
-                            if (document.source)
-                                document.source.name = text;
-                            demo.renaming = false;
+                        active: rowContent.edited
+                        sourceComponent: Field {
+                            height: 24
+                            text: rowContent.shown.name
+                            onAccepted: demo.rename(rowContent.shown, text)
+                            Keys.onEscapePressed: demo.stopRenaming()
+                            Component.onCompleted: {
+                                forceActiveFocus();
+                                selectAll();
+                            }
                         }
-                        Keys.onEscapePressed: demo.renaming = false
                     }
                 }
                 backgroundDelegate: Rectangle {
