@@ -29,14 +29,14 @@ void addRows(Columns &board, int column, int begin, int end, std::uint64_t patte
 }
 
 /// Adds the low \a count bits, the first of them in \a row.
-void addBits(std::uint64_t (&words)[Columns::Words], int row, int count, std::uint64_t bits)
+inline void addBits(std::uint64_t (&words)[Columns::Words], int row, int count, std::uint64_t bits)
 {
     const std::uint64_t aligned = bits << (64 - count);
     words[row >> 6] |= aligned >> (row & 63);
     words[(row >> 6) + 1] |= aligned << 1 << (63 - (row & 63));
 }
 
-void addBits(Columns &board, int column, int row, int count, std::uint64_t bits)
+inline void addBits(Columns &board, int column, int row, int count, std::uint64_t bits)
 {
     const std::uint64_t aligned = bits << (64 - count);
     board.words[row >> 6][column] |= aligned >> (row & 63);
@@ -76,51 +76,77 @@ void placeTiming(int size, Boards &boards)
     addRows(boards.modules, TimingLine, begin, end, evenRows);
 }
 
+/// A column of alignment patterns, five modules wide: what is in its rows.
+struct AlignmentColumn
+{
+    std::uint64_t whole[Columns::Words] = {}; ///< All modules: dark in the first and last column.
+    std::uint64_t inside[Columns::Words] = {}; ///< The dark ones in the columns next to those
+    std::uint64_t middle[Columns::Words] = {}; ///< and in the one between.
+
+    /// Adds a pattern around row \a y.
+    void add(int y)
+    {
+        addBits(whole, y - 2, 5, 0x1f);
+        addBits(inside, y - 2, 5, 0x11);
+        addBits(middle, y - 2, 5, 0x15);
+    }
+
+    /// Adds the column around column \a x to the boards.
+    void place(int words, int x, Boards &boards) const
+    {
+        for (int word = 0; word < words; ++word) {
+            std::uint64_t *function = boards.function.words[word] + x;
+            std::uint64_t *modules = boards.modules.words[word] + x;
+            for (int column = -2; column <= 2; ++column)
+                function[column] |= whole[word];
+            modules[-2] |= whole[word];
+            modules[-1] |= inside[word];
+            modules[0] |= middle[word];
+            modules[1] |= inside[word];
+            modules[2] |= whole[word];
+        }
+    }
+};
+
 void placeAlignments(const VersionRow &version, Boards &boards)
 {
-    constexpr std::uint8_t pattern[5] = {0x1f, 0x11, 0x15, 0x11, 0x1f};
     const int count = version.alignmentCount;
     if (!count)
         return;
+    const int words = (sizeOf(version.version) + 63) / 64;
     const int last = version.alignments[count - 1];
 
-    // Every column of patterns has them in the same rows, but for those that finders take.
-    for (int across = -1; across < count; ++across) {
-        const int x = across < 0 ? TimingLine : version.alignments[across];
-        std::uint64_t area[Columns::Words] = {};
-        std::uint64_t dark[3][Columns::Words] = {};
-        for (int down = -1; down < count; ++down) {
-            const int y = down < 0 ? TimingLine : version.alignments[down];
-            if ((x == TimingLine && (y == TimingLine || y == last))
-                || (x == last && y == TimingLine))
-                continue;
-            addBits(area, y - 2, 5, 0x1f);
-            for (int column = 0; column < 3; ++column)
-                addBits(dark[column], y - 2, 5, pattern[column]);
-        }
-        for (int word = 0; word < 3; ++word) {
-            for (int column = 0; column < 5; ++column) {
-                boards.function.words[word][x - 2 + column] |= area[word];
-                boards.modules.words[word][x - 2 + column] |=
-                    dark[column < 3 ? column : 4 - column][word];
-            }
-        }
-    }
+    // All columns have the patterns in the same rows, but for those that finders take: in the
+    // first column both ends, in the last one the upper.
+    AlignmentColumn column;
+    for (int down = 0; down < count - 1; ++down)
+        column.add(version.alignments[down]);
+    if (count > 1)
+        column.place(words, TimingLine, boards);
+    column.add(last);
+    column.place(words, last, boards);
+    if (count > 1)
+        column.add(TimingLine);
+    for (int across = 0; across < count - 1; ++across)
+        column.place(words, version.alignments[across], boards);
 }
 
 void placeVersionInformation(int version, int size, Boards &boards)
 {
     if (version < 7)
         return;
+    // In threes: along the columns beside the lower left finder from its top, along the rows beside
+    // the upper right one from its left, the lowest bit first.
     const unsigned information = versionInformation(version);
     const int far = size - 11;
-    for (int bit = 0; bit < 18; ++bit) {
-        const unsigned dark = information >> bit & 1;
-        addBits(boards.modules, bit / 3, far + bit % 3, 1, dark);
-        boards.modules.words[0][far + bit % 3] |= std::uint64_t(dark) << (63 - bit / 3);
+    for (int line = 0; line < 6; ++line) {
+        const unsigned three = information >> 3 * line;
+        addBits(boards.function, line, far, 3, 7);
+        addBits(boards.modules, line, far, 3, (three & 1) << 2 | (three & 2) | (three & 4) >> 2);
+        for (int column = 0; column < 3; ++column)
+            boards.modules.words[0][far + column] |= std::uint64_t(three >> column & 1)
+                << (63 - line);
     }
-    for (int column = 0; column < 6; ++column)
-        addBits(boards.function, column, far, 3, 7);
     for (int column = far; column < far + 3; ++column)
         boards.function.words[0][column] |= 0x3full << 58;
 }

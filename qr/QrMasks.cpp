@@ -42,6 +42,27 @@ constexpr MaskPatterns patterns;
 
 static_assert(MaximumStrips <= StripPhases, "one pattern for each strip");
 
+/// The same by rows for one mask at a time: a word for each line of the period.
+struct MaskLines
+{
+    alignas(16) std::uint32_t strips[StripPhases][MaskCount][MaskPeriod];
+
+    constexpr MaskLines()
+        : strips()
+    {
+        for (int strip = 0; strip < StripPhases; ++strip) {
+            for (int mask = 0; mask < MaskCount; ++mask) {
+                for (int line = 0; line < MaskPeriod; ++line)
+                    strips[strip][mask][line] = patterns.strips[true][strip].lines[line][mask];
+            }
+        }
+    }
+};
+
+constexpr MaskLines maskLines;
+
+typedef std::uint32_t Words __attribute__((vector_size(16)));
+
 struct AllFormatLines
 {
     FormatLines boards[LevelCount][2];
@@ -122,12 +143,18 @@ void applyMask(int level, int mask, int size, Boards &boards)
 {
     const int strips = stripsOf(size);
     for (int strip = 0; strip < strips; ++strip) {
-        const MaskPattern &pattern = maskPattern(true, strip);
-        std::uint32_t *rows = boards.rows.lines[strip];
-        const std::uint32_t *free = boards.free.lines[strip];
-        for (int base = 0; base < size; base += MaskPeriod) {
-            for (int line = 0; line < MaskPeriod && base + line < size; ++line)
-                rows[base + line] ^= pattern.lines[line][mask] & free[base + line];
+        const std::uint32_t *conditions = maskLines.strips[strip][mask];
+        int phase = 0;
+        for (int line = 0; line < size; line += 4) {
+            Words rows;
+            Words free;
+            Words condition;
+            std::memcpy(&rows, boards.rows.lines[strip] + line, sizeof rows);
+            std::memcpy(&free, boards.free.lines[strip] + line, sizeof free);
+            std::memcpy(&condition, conditions + phase, sizeof condition);
+            rows ^= condition & free;
+            std::memcpy(boards.rows.lines[strip] + line, &rows, sizeof rows);
+            phase = phase + 4 < MaskPeriod ? phase + 4 : 0;
         }
     }
 

@@ -20,15 +20,19 @@ constexpr int StreamWords = (8 * MaximumCodewords + 63) / 64;
 typedef std::uint64_t Pair __attribute__((vector_size(16)));
 typedef std::uint32_t Words __attribute__((vector_size(16)));
 
-/// The codewords as bits, whole and split once into every other bit: where both columns of a pair
-/// are free, one takes the even bits and the other the odd ones, many rows at a time. Downwards a
-/// stream is read from the most significant bit of each word, upwards the same stream from the
-/// least significant one. Each has a word of zeros behind it for the remainder bits.
+/// The codewords as bits, whole and split once for pairs of columns: where both are free, one takes
+/// every other bit and the other those between, many rows at a time. A pair of words is for the
+/// left and the right column, as they lie in the board. The first bit is the most significant where
+/// columns are filled downwards, the least significant upwards. There is a word of zeros in front,
+/// since a run of modules is read with what would stand in the rows above (or below) it, and some
+/// behind for the remainder bits.
 struct Stream
 {
+    static constexpr int Front = 1;
+
     alignas(16) std::uint64_t whole[StreamWords + 4];
-    alignas(16) std::uint64_t down[2][StreamWords / 2 + 4];
-    alignas(16) std::uint64_t up[2][StreamWords / 2 + 4];
+    Pair down[StreamWords / 2 + 4]; ///< Odd bits for the left, even bits for the right.
+    Pair up[StreamWords / 2 + 4];
 };
 
 Stream stream;
@@ -76,7 +80,7 @@ void split(const unsigned char *codewords, int count)
 {
     const int words = (count + 7) / 8;
     stream.whole[count / 8] = 0;
-    std::memcpy(stream.whole, codewords, count);
+    std::memcpy(stream.whole, codewords, static_cast<std::size_t>(count));
     for (int index = words; index < words + 4; ++index)
         stream.whole[index] = 0;
     // Two words give one of each half; one more of zeros follows.
@@ -88,13 +92,33 @@ void split(const unsigned char *codewords, int count)
         // As quarters: odd 0, even 0, odd 1, even 1.
         const Words quarters = reinterpret_cast<Words>(unshuffle(two));
         const Pair down =
-            reinterpret_cast<Pair>(__builtin_shufflevector(quarters, quarters, 3, 1, 2, 0));
-        const Pair up = swapBytes(reverseInBytes(down));
-        for (int half = 0; half < 2; ++half) {
-            stream.down[half][index / 2] = down[half];
-            stream.up[half][index / 2] = up[half];
-        }
+            reinterpret_cast<Pair>(__builtin_shufflevector(quarters, quarters, 2, 0, 3, 1));
+        stream.down[Stream::Front + index / 2] = down;
+        stream.up[Stream::Front + index / 2] = swapBytes(reverseInBytes(down));
     }
+}
+
+/// 64 bits of both halves from a position on, in the order of reading. It may lie up to 64 bits in
+/// front of the first.
+template<bool Upwards>
+inline Pair readHalves(int position)
+{
+    const Pair *words = (Upwards ? stream.up : stream.down) + Stream::Front + (position >> 6);
+    const int offset = position & 63;
+    return Upwards ? words[0] >> offset | words[1] << 1 << (63 - offset)
+                   : words[0] << offset | words[1] >> 1 >> (63 - offset);
+}
+
+/// What a pair of columns takes from \a position on, where the bit numbered \a bit is the first.
+template<bool Upwards>
+inline Pair readPair(int position, int bit)
+{
+    const int half = (position >> 1) - bit;
+    const Pair bits = readHalves<Upwards>(half);
+    if ((position & 1) == 0)
+        return bits;
+    // The right column begins with an odd bit, the left one with the even bit behind it.
+    return __builtin_shufflevector(readHalves<Upwards>(half + 1), bits, 1, 2);
 }
 
 /// 64 bits of a stream from \a position on, the first in the most significant.
@@ -131,14 +155,29 @@ inline std::uint64_t runBits(int bit, int count)
     return Upwards ? ~0ull >> (64 - count) << bit : ~0ull << (64 - count) >> bit;
 }
 
+/// Whether the set bits, if any, follow one another.
+inline bool isRun(std::uint64_t bits)
+{
+    return bits && (bits & (bits + (bits & -bits))) == 0;
+}
+
 /// Fills one word of a pair of columns, run by run of modules that are free alike. Returns the
 /// position in the stream behind it.
 template<bool Upwards>
-inline int fillWord(std::uint64_t freeRight, std::uint64_t freeLeft, std::uint64_t &right,
-                    std::uint64_t &left, int position)
+inline int fillWord(std::uint64_t freeRight, std::uint64_t freeLeft, std::uint64_t *modules,
+                    int position)
 {
+    Pair dark;
+    std::memcpy(&dark, modules - 1, sizeof dark);
     const std::uint64_t both = freeRight & freeLeft;
     std::uint64_t waiting = freeRight | freeLeft;
+    if (both == waiting && isRun(both)) { // Most words.
+        const int bit = Upwards ? __builtin_ctzll(both) : __builtin_clzll(both);
+        const int behind = Upwards ? __builtin_clzll(both) : __builtin_ctzll(both);
+        dark |= readPair<Upwards>(position, bit) & (Pair{} + both);
+        std::memcpy(modules - 1, &dark, sizeof dark);
+        return position + 2 * (64 - bit - behind);
+    }
     while (waiting) {
         const int bit = Upwards ? __builtin_ctzll(waiting) : __builtin_clzll(waiting);
         const std::uint64_t here = Upwards ? 1ull << bit : 1ull << 63 >> bit;
@@ -147,26 +186,20 @@ inline int fillWord(std::uint64_t freeRight, std::uint64_t freeLeft, std::uint64
         if (both & here) {
             count = runLength<Upwards>(both, bit);
             run = runBits<Upwards>(bit, count);
-            const int odd = position & 1;
-            const int half = position >> 1;
-            if constexpr (Upwards) {
-                right |= readUp(stream.up[odd], half) << bit & run;
-                left |= readUp(stream.up[!odd], half + odd) << bit & run;
-            } else {
-                right |= readDown(stream.down[odd], half) >> bit & run;
-                left |= readDown(stream.down[!odd], half + odd) >> bit & run;
-            }
+            dark |= readPair<Upwards>(position, bit) & (Pair{} + run);
             position += 2 * count;
         } else {
             const bool rightOnly = freeRight & here;
             count = runLength<Upwards>((rightOnly ? freeRight : freeLeft) & ~both, bit);
             run = runBits<Upwards>(bit, count);
-            const std::uint64_t bits = readDown(stream.whole, position);
-            (rightOnly ? right : left) |= (Upwards ? reverse(bits) << bit : bits >> bit) & run;
+            std::uint64_t bits = readDown(stream.whole, position);
+            bits = (Upwards ? reverse(bits) << bit : bits >> bit) & run;
+            dark |= rightOnly ? Pair{0, bits} : Pair{bits, 0};
             position += count;
         }
         waiting &= ~run;
     }
+    std::memcpy(modules - 1, &dark, sizeof dark);
     return position;
 }
 
@@ -201,9 +234,8 @@ void placeRuns(int size, const unsigned char *codewords, int count, Boards &boar
             const std::uint64_t freeRight = ~function[0] & inside.words[word];
             const std::uint64_t freeLeft = ~function[-1] & inside.words[word];
             std::uint64_t *modules = boards.modules.words[word] + column;
-            position = upwards
-                ? fillWord<true>(freeRight, freeLeft, modules[0], modules[-1], position)
-                : fillWord<false>(freeRight, freeLeft, modules[0], modules[-1], position);
+            position = upwards ? fillWord<true>(freeRight, freeLeft, modules, position)
+                               : fillWord<false>(freeRight, freeLeft, modules, position);
         }
     }
 }
