@@ -15,9 +15,11 @@ constexpr int StripPhases = 6;
 struct MaskPatterns
 {
     MaskPattern strips[2][StripPhases];
+    MaskPattern shared[StripPhases];
 
     constexpr MaskPatterns()
         : strips()
+        , shared()
     {
         for (int byRows = 0; byRows < 2; ++byRows) {
             for (int strip = 0; strip < StripPhases; ++strip) {
@@ -31,6 +33,8 @@ struct MaskPatterns
                             word = word << 1 | std::uint32_t(set);
                         }
                         strips[byRows][strip].lines[line][mask] = word;
+                        shared[strip].lines[line][mask] |=
+                            byRows ? word >> SharedShift << SharedShift : word >> SharedShift;
                     }
                 }
             }
@@ -109,6 +113,11 @@ constexpr AllFormatLines allFormatLines;
 const MaskPattern &maskPattern(bool byRows, int strip)
 {
     return patterns.strips[byRows][strip];
+}
+
+const MaskPattern &sharedMaskPattern(int strip)
+{
+    return patterns.shared[strip];
 }
 
 const FormatLines &formatLines(int level, bool byRows)

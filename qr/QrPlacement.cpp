@@ -464,6 +464,22 @@ void cutStrips(int size, Boards &boards)
             std::memcpy(boards.rows.lines[strip] + row, lines, sizeof lines);
         }
     }
+
+    const int last = strips - 1;
+    if (!isShared(size, last))
+        return;
+    for (int line = 0; line < size; line += 4) {
+        Words rows;
+        Words columns;
+        Words free;
+        std::memcpy(&rows, boards.rows.lines[last] + line, sizeof rows);
+        std::memcpy(&columns, boards.columns.lines[last] + line, sizeof columns);
+        std::memcpy(&free, boards.free.lines[last] + line, sizeof free);
+        rows |= columns >> SharedShift;
+        free |= free >> SharedShift;
+        std::memcpy(boards.shared.modules + line, &rows, sizeof rows);
+        std::memcpy(boards.shared.free + line, &free, sizeof free);
+    }
 }
 
 } // namespace om::controls::qr

@@ -103,6 +103,21 @@ constexpr int stripsOf(int size)
     return (size + StripWidth - 1) / StripWidth;
 }
 
+/// Where the last strip has 15 places or less, those of both boards are scored as one: the one by
+/// rows in the upper half of the words, the one by columns in the lower.
+constexpr int SharedShift = 16;
+
+constexpr bool isShared(int size, int strip)
+{
+    return size - strip * StripWidth < SharedShift;
+}
+
+struct SharedStrip
+{
+    alignas(32) std::uint32_t modules[PaddedSize];
+    alignas(32) std::uint32_t free[PaddedSize];
+};
+
 struct Strips
 {
     alignas(32) std::uint32_t lines[MaximumStrips][PaddedSize];
@@ -133,6 +148,7 @@ struct Boards
     Strips free; ///< The data modules; alike by columns and by rows.
     Strips columns; ///< The modules, a line a column.
     Strips rows; ///< The modules, a line a row.
+    SharedStrip shared; ///< The last of both, where it is shared.
 };
 
 /// Clears the columns that a symbol of \a size uses.
@@ -180,11 +196,14 @@ constexpr int MaskPeriod = 12;
 /// The conditions for one strip: a word of each mask for each line of the period.
 struct alignas(32) MaskPattern
 {
-    std::uint32_t lines[MaskPeriod][MaskCount];
+    std::uint32_t lines[MaskPeriod][MaskCount] = {};
 };
 
 /// The pattern of a strip of the board by columns or by rows.
 const MaskPattern &maskPattern(bool byRows, int strip);
+
+/// The pattern of a strip that both boards share.
+const MaskPattern &sharedMaskPattern(int strip);
 
 /// Both copies of the format information lie in the column and the row 8: one within the first nine
 /// lines, the other within the last eight.

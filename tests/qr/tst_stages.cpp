@@ -532,6 +532,27 @@ void TestStages::strips()
         COMPARE_GRIDS(
             matrix.size, [](int x, int y) { return boards.free.at(x, y); },
             [&](int x, int y) { return !(matrix.at(x, y) & slow::Function); });
+
+        // A narrow last strip: by rows in the upper half of a word, by columns in the lower.
+        const int first = matrix.size - matrix.size % qr::StripWidth;
+        QCOMPARE(qr::isShared(matrix.size, first / qr::StripWidth), matrix.size - first < 16);
+        if (matrix.size - first >= 16)
+            continue;
+        const auto bit = [](const std::uint32_t *lines, int line, int place) {
+            return (lines[line] >> (31 - place) & 1) != 0;
+        };
+        const auto isIn = [&](int place) { return place < matrix.size - first; };
+        for (int line = 0; line < matrix.size; ++line) {
+            for (int place = 0; place < 16; ++place) {
+                const int other = first + place;
+                const std::uint32_t *modules = boards.shared.modules;
+                QCOMPARE(bit(modules, line, place), isIn(place) && dark(other, line));
+                QCOMPARE(bit(modules, line, 16 + place), isIn(place) && dark(line, other));
+                const bool free = isIn(place) && !(matrix.at(other, line) & slow::Function);
+                QCOMPARE(bit(boards.shared.free, line, place), free);
+                QCOMPARE(bit(boards.shared.free, line, 16 + place), free);
+            }
+        }
     }
 }
 
@@ -551,6 +572,18 @@ void TestStages::maskPatterns()
                 };
                 QCOMPARE(at(true, y, x), expected);
                 QCOMPARE(at(false, x, y), expected);
+
+                const auto atShared = [&](int line, int position, int shift) {
+                    const int strip = position / qr::StripWidth;
+                    return (qr::sharedMaskPattern(strip).lines[line % qr::MaskPeriod][mask]
+                                >> (31 - shift - position % qr::StripWidth)
+                            & 1)
+                        != 0;
+                };
+                if (x % qr::StripWidth < 16)
+                    QCOMPARE(atShared(y, x, 0), expected);
+                if (y % qr::StripWidth < 16)
+                    QCOMPARE(atShared(x, y, 16), expected);
             }
         }
     }
