@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Items.h"
 #include "tests/support/QmlView.h"
 
 #include <QTest>
@@ -10,26 +11,6 @@ namespace {
 QString text(const char *latin1)
 {
     return QString::fromLatin1(latin1);
-}
-
-void collect(QQuickItem *item, const char *property, const QVariant &value,
-             QList<QQuickItem *> *found)
-{
-    if (item->isVisible() && item->property(property) == value) {
-        found->append(item);
-    }
-    const auto children = item->childItems();
-    for (QQuickItem *child : children) {
-        collect(child, property, value, found);
-    }
-}
-
-/// The first visible item below \a item whose \a property is \a value.
-QQuickItem *itemWith(QQuickItem *item, const char *property, const QVariant &value)
-{
-    QList<QQuickItem *> found;
-    collect(item, property, value, &found);
-    return found.value(0);
 }
 
 } // namespace
@@ -87,7 +68,7 @@ void TestColorPickerPage::init()
     m_view->loadFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
                      + text("/gallery/qml/pages/ColorPickerPage.qml"));
     m_view->show();
-    m_picker = itemWith(m_view->root(), "previous", QColor(text("#40A1BB")));
+    m_picker = support::itemWith(m_view->root(), "previous", QColor(text("#40A1BB")));
     QVERIFY(m_picker);
     const auto parts = m_picker->childItems();
     for (QQuickItem *part : parts) {
@@ -112,7 +93,7 @@ void TestColorPickerPage::cleanup()
 
 QQuickItem *TestColorPickerPage::field(const QString &name) const
 {
-    const QQuickItem *label = itemWith(m_picker, "text", name);
+    const QQuickItem *label = support::itemWith(m_picker, "text", name);
     // The label and its field share a parent; a field takes the focus.
     const auto items = label->parentItem()->childItems();
     for (QQuickItem *item : items) {
@@ -304,7 +285,7 @@ void TestColorPickerPage::hueOutlivesGrey()
 void TestColorPickerPage::swatchKeepsTheAlpha()
 {
     type(text("Alpha"), text("90"));
-    const QQuickItem *label = itemWith(m_picker, "text", text("From the palette"));
+    const QQuickItem *label = support::itemWith(m_picker, "text", text("From the palette"));
     const QQuickItem *swatch = label->parentItem()->childItems().at(1)->childItems().at(2);
     QColor expected = swatch->property("color").value<QColor>();
     click(swatch, 12, 12);
@@ -318,13 +299,13 @@ void TestColorPickerPage::swatchKeepsTheAlpha()
 void TestColorPickerPage::takeAndBack()
 {
     type(text("Red"), text("9"));
-    click(itemWith(m_picker, "text", text("Back")), 10, 10);
+    click(support::itemWith(m_picker, "text", text("Back")), 10, 10);
     QCOMPARE(color(), QColor(text("#40A1BB")));
     type(text("Red"), text("9"));
-    click(itemWith(m_picker, "text", text("Take")), 10, 10);
+    click(support::itemWith(m_picker, "text", text("Take")), 10, 10);
     QCOMPARE(m_picker->property("previous").value<QColor>(), QColor(9, 161, 187));
     type(text("Red"), text("200"));
-    click(itemWith(m_picker, "text", text("Back")), 10, 10);
+    click(support::itemWith(m_picker, "text", text("Back")), 10, 10);
     QCOMPARE(color(), QColor(9, 161, 187));
     QCOMPARE(shown("Red"), text("9"));
 }

@@ -3,6 +3,7 @@
 
 #include "gallery/FolderTree.h"
 #include "tests/support/Gesture.h"
+#include "tests/support/Items.h"
 #include "tests/support/QmlView.h"
 
 #include <QImage>
@@ -15,41 +16,6 @@ namespace {
 QString text(const char *latin1)
 {
     return QString::fromLatin1(latin1);
-}
-
-void collect(QQuickItem *item, const QByteArray &type, QList<QQuickItem *> *found)
-{
-    const QByteArray name = item->metaObject()->className();
-    if (name.startsWith(type + "_QML") || name == type) {
-        found->append(item);
-    }
-    const auto children = item->childItems();
-    for (QQuickItem *child : children) {
-        collect(child, type, found);
-    }
-}
-
-/// The items below \a item whose type is declared in the file \a type, or is the class \a type.
-QList<QQuickItem *> itemsOf(QQuickItem *item, const char *type)
-{
-    QList<QQuickItem *> found;
-    collect(item, type, &found);
-    return found;
-}
-
-/// The item below \a item that shows \a shown.
-QQuickItem *itemSaying(QQuickItem *item, const QString &shown)
-{
-    if (item->property("text").toString() == shown) {
-        return item;
-    }
-    const auto children = item->childItems();
-    for (QQuickItem *child : children) {
-        if (QQuickItem *found = itemSaying(child, shown)) {
-            return found;
-        }
-    }
-    return nullptr;
 }
 
 } // namespace
@@ -113,17 +79,17 @@ void TestDragsPages::cleanup()
 void TestDragsPages::severalDocumentsOntoATypeOfOneOfThem()
 {
     load("DragsPage.qml");
-    QQuickItem *const demo = itemsOf(m_view->root(), "DragZoneDemo").value(0);
+    QQuickItem *const demo = support::itemsOf(m_view->root(), "DragZoneDemo").value(0);
     QVERIFY(demo);
-    const auto pads = itemsOf(demo, "DocumentPad");
+    const auto pads = support::itemsOf(demo, "DocumentPad");
     QCOMPARE(pads.size(), 3);
     QQuickItem *const pad = pads.at(1); // videos
     QQuickItem *const content = m_view->window()->contentItem();
     const int before = content->childItems().size();
-    QQuickItem *const zone = itemsOf(demo, "om::controls::DragZone").value(0);
+    QQuickItem *const zone = support::itemsOf(demo, "om::controls::DragZone").value(0);
     QVERIFY(zone);
     const auto at = [demo](const char *name) {
-        return support::positionIn(itemSaying(demo, text(name)));
+        return support::positionIn(support::itemWith(demo, "text", text(name)));
     };
     const QPoint over = support::positionIn(pad);
 
@@ -149,16 +115,16 @@ void TestDragsPages::severalDocumentsOntoATypeOfOneOfThem()
 void TestDragsPages::noPadTakesADragArea()
 {
     load("DragsPage.qml");
-    QQuickItem *const demo = itemsOf(m_view->root(), "DragAreaDemo").value(0);
+    QQuickItem *const demo = support::itemsOf(m_view->root(), "DragAreaDemo").value(0);
     QVERIFY(demo);
     const qreal top = demo->mapToItem(m_view->root(), {0, 0}).y();
     m_view->root()->setProperty("contentY", m_view->root()->property("contentY").toReal() + top);
-    QQuickItem *const pad = itemsOf(demo, "DocumentPad").value(0);
-    QQuickItem *const area = itemsOf(demo, "om::controls::DragArea").value(0);
+    QQuickItem *const pad = support::itemsOf(demo, "DocumentPad").value(0);
+    QQuickItem *const area = support::itemsOf(demo, "om::controls::DragArea").value(0);
     QVERIFY(pad && area);
     QQuickItem *const content = m_view->window()->contentItem();
     const int before = content->childItems().size();
-    const QPoint from = support::positionIn(itemSaying(demo, text("red.png")));
+    const QPoint from = support::positionIn(support::itemWith(demo, "text", text("red.png")));
     const QPoint over = support::positionIn(pad);
 
     support::Gesture gesture;
@@ -177,11 +143,11 @@ void TestDragsPages::noPadTakesADragArea()
 void TestDragsPages::cardKeepsItsSizeInAnotherColumn()
 {
     load("CardsPage.qml");
-    QQuickItem *const demo = itemsOf(m_view->root(), "DraggableDemo").value(0);
+    QQuickItem *const demo = support::itemsOf(m_view->root(), "DraggableDemo").value(0);
     QVERIFY(demo);
-    const auto columns = itemsOf(demo, "CardColumn");
+    const auto columns = support::itemsOf(demo, "CardColumn");
     QCOMPARE(columns.size(), 3);
-    QQuickItem *const card = itemsOf(demo, "DragCard").value(0);
+    QQuickItem *const card = support::itemsOf(demo, "DragCard").value(0);
     QVERIFY(card);
     QQuickItem *const column = columns.at(1);
     const QSizeF before = card->mapRectToScene(card->boundingRect()).size();
@@ -195,7 +161,7 @@ void TestDragsPages::cardKeepsItsSizeInAnotherColumn()
         .hoverUntil(
             over,
             [&] {
-                return itemsOf(column, "om::controls::DropZone")
+                return support::itemsOf(column, "om::controls::DropZone")
                     .value(0)
                     ->property("containsDrag")
                     .toBool();

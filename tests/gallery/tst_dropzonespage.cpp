@@ -4,6 +4,7 @@
 #include "gallery/FolderTree.h"
 #include "tests/support/ForeignProgram.h"
 #include "tests/support/Gesture.h"
+#include "tests/support/Items.h"
 #include "tests/support/QmlView.h"
 
 #include <QImage>
@@ -16,42 +17,6 @@ namespace {
 QString text(const char *latin1)
 {
     return QString::fromLatin1(latin1);
-}
-
-void collect(QQuickItem *item, const QByteArray &type, QList<QQuickItem *> *found)
-{
-    if (QByteArray(item->metaObject()->className()).startsWith(type + "_QML")) {
-        found->append(item);
-    }
-    const auto children = item->childItems();
-    for (QQuickItem *child : children) {
-        collect(child, type, found);
-    }
-}
-
-/// The items below \a item whose type is declared in the file \a type, in their order on the page.
-QList<QQuickItem *> itemsOf(QQuickItem *item, const char *type)
-{
-    QList<QQuickItem *> found;
-    collect(item, type, &found);
-    return found;
-}
-
-/// What is to be read below \a item.
-QStringList textsOn(QQuickItem *item)
-{
-    QStringList texts;
-    const auto children = item->childItems();
-    for (QQuickItem *child : children) {
-        if (child->isVisible()) {
-            texts += textsOn(child);
-            const QString shown = child->property("text").toString();
-            if (!shown.isEmpty()) {
-                texts.append(shown);
-            }
-        }
-    }
-    return texts;
 }
 
 } // namespace
@@ -75,7 +40,10 @@ private Q_SLOTS:
     void suffixesThatAreEditedCount();
 
 private:
-    QQuickItem *pad(int index) const { return itemsOf(m_view->root(), "DropPad").value(index); }
+    QQuickItem *pad(int index) const
+    {
+        return support::itemsOf(m_view->root(), "DropPad").value(index);
+    }
     /// The card at the end of the shelf, which carries all files.
     QQuickItem *allCard() const;
     void scrollTo(QQuickItem *item);
@@ -109,7 +77,7 @@ void TestDropZonesPage::init()
     m_view->loadFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
                      + text("/gallery/qml/pages/DropZonesPage.qml"));
     m_view->show();
-    QCOMPARE(itemsOf(m_view->root(), "DropPad").size(), 5);
+    QCOMPARE(support::itemsOf(m_view->root(), "DropPad").size(), 5);
 }
 
 void TestDropZonesPage::cleanup()
@@ -120,7 +88,7 @@ void TestDropZonesPage::cleanup()
 
 QQuickItem *TestDropZonesPage::allCard() const
 {
-    const auto tiles = itemsOf(m_view->root(), "FileTile");
+    const auto tiles = support::itemsOf(m_view->root(), "FileTile");
     for (QQuickItem *tile : tiles) {
         if (tile->parentItem()->property("all").toBool()) {
             return tile->parentItem();
@@ -140,9 +108,9 @@ void TestDropZonesPage::scrollTo(QQuickItem *item)
 
 void TestDropZonesPage::shelfHasTheFoldersFiles()
 {
-    QQuickItem *shelf = itemsOf(m_view->root(), "FileShelf").value(0);
+    QQuickItem *shelf = support::itemsOf(m_view->root(), "FileShelf").value(0);
     QVERIFY(shelf);
-    const QStringList texts = textsOn(shelf);
+    const QStringList texts = support::textsOn(shelf);
     for (const char *name : {"red.png", "rot.bmp", "notes.md", "clip.mp4", "song.ogg", "All 5"}) {
         QVERIFY2(texts.contains(text(name)), name);
     }
@@ -180,7 +148,8 @@ void TestDropZonesPage::eachZoneTakesItsOwnFromTheShelf()
         .until([&] { return !target->property("over").toBool(); }, "the drop");
     QVERIFY2(gesture.run(), gesture.error());
     QCOMPARE(target->property("got").toList().size(), count);
-    QVERIFY2(textsOn(target).contains(said), qPrintable(textsOn(target).join(QLatin1Char('|'))));
+    QVERIFY2(support::textsOn(target).contains(said),
+             qPrintable(support::textsOn(target).join(QLatin1Char('|'))));
 }
 
 void TestDropZonesPage::overAZoneItSaysWhatItWouldTake()
@@ -195,7 +164,7 @@ void TestDropZonesPage::overAZoneItSaysWhatItWouldTake()
         .glide(from, over)
         .hoverUntil(
             over, [&] { return target->property("over").toBool(); }, "the drag")
-        .then([&] { during = textsOn(target); })
+        .then([&] { during = support::textsOn(target); })
         .glide(over, from)
         .hoverUntil(
             from, [&] { return !target->property("over").toBool(); }, "the leave")
@@ -204,7 +173,7 @@ void TestDropZonesPage::overAZoneItSaysWhatItWouldTake()
     QVERIFY(during.contains(text("Would take 2 files")));
     QVERIFY(during.contains(text("red.png")));
     QVERIFY(!during.contains(text("notes.md")));
-    QVERIFY(textsOn(target).contains(text("Drop files here")));
+    QVERIFY(support::textsOn(target).contains(text("Drop files here")));
 }
 
 void TestDropZonesPage::filesFromAnotherProgram()
@@ -229,7 +198,7 @@ void TestDropZonesPage::filesFromAnotherProgram()
         .release()
         .until([&] { return source.count(text("result")) > 0; }, "the drop");
     QVERIFY2(gesture.run(), gesture.error());
-    QVERIFY(textsOn(target).contains(text("Got 302 files")));
+    QVERIFY(support::textsOn(target).contains(text("Got 302 files")));
 }
 
 void TestDropZonesPage::suffixesThatAreEditedCount()
@@ -239,7 +208,7 @@ void TestDropZonesPage::suffixesThatAreEditedCount()
     QVERIFY(handler);
     handler->setProperty("suffixes", QStringList{text("ogg"), text("MD")});
     scrollTo(target);
-    QVERIFY(textsOn(target).contains(text("ogg, MD")));
+    QVERIFY(support::textsOn(target).contains(text("ogg, MD")));
     const QPoint from = support::positionIn(allCard(), 40, 30);
     const QPoint over = support::positionIn(target);
     support::Gesture gesture;
@@ -251,8 +220,8 @@ void TestDropZonesPage::suffixesThatAreEditedCount()
         .release()
         .until([&] { return !target->property("over").toBool(); }, "the drop");
     QVERIFY2(gesture.run(), gesture.error());
-    QVERIFY(textsOn(target).contains(text("song.ogg")));
-    QVERIFY(!textsOn(target).contains(text("notes.md")));
+    QVERIFY(support::textsOn(target).contains(text("song.ogg")));
+    QVERIFY(!support::textsOn(target).contains(text("notes.md")));
 }
 
 QTEST_MAIN(TestDropZonesPage)

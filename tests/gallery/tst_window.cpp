@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "gallery/FolderTree.h"
+#include "tests/support/Items.h"
 
 #include <OmbrelDataCore/Document.h>
 
@@ -43,7 +44,7 @@ private Q_SLOTS:
 
 private:
     void write(const QString &name);
-    QQuickItem *withText(const QString &text, QQuickItem *below = nullptr) const;
+    QQuickItem *withText(const QString &text) const;
     void click(QQuickItem *item);
     void doubleClick(QQuickItem *item);
     QStringList pageTitles() const;
@@ -92,19 +93,9 @@ void tst_Window::write(const QString &name)
     file.write("text\n");
 }
 
-QQuickItem *tst_Window::withText(const QString &text, QQuickItem *below) const
+QQuickItem *tst_Window::withText(const QString &text) const
 {
-    QQuickItem *item = below ? below : m_window->contentItem();
-    if (!item->isVisible())
-        return nullptr;
-    if (item->property("text").toString() == text && item->width() > 0)
-        return item;
-    const QList<QQuickItem *> children = item->childItems();
-    for (QQuickItem *child : children) {
-        if (QQuickItem *found = withText(text, child))
-            return found;
-    }
-    return nullptr;
+    return support::itemWith(m_window->contentItem(), "text", text);
 }
 
 void tst_Window::click(QQuickItem *item)

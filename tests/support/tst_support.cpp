@@ -1,10 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Items.h"
 #include "tests/support/Leftovers.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/SignalRecorder.h"
 
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
 #include <QTest>
 #include <QWindow>
 
@@ -20,6 +24,7 @@ private Q_SLOTS:
     void pixelErrorRejectsPointsOutside();
     void imageErrorRejectsSizeAndContent();
     void recorderKeepsOrderAndArguments();
+    void itemsAreFoundByTypePropertyAndText();
     void leftoversNameVisibleWindows();
 };
 
@@ -80,6 +85,31 @@ void TestSupport::recorderKeepsOrderAndArguments()
              (QStringList{QStringLiteral("second.widthChanged"),
                           QStringLiteral("first.objectNameChanged [named x]")}));
     QVERIFY(recorder.entries().isEmpty());
+}
+
+void TestSupport::itemsAreFoundByTypePropertyAndText()
+{
+    QQmlEngine engine;
+    QQmlComponent component(&engine, QUrl::fromLocalFile(QFINDTESTDATA("data/items/page.qml")));
+    const QScopedPointer<QObject> object(component.create());
+    QVERIFY2(object, qPrintable(component.errorString()));
+    auto *const page = qobject_cast<QQuickItem *>(object.data());
+    const auto name = [](const QQuickItem *item) { return item ? item->objectName() : QString(); };
+
+    QStringList pads;
+    const auto found = support::itemsOf(page, "Pad");
+    for (const QQuickItem *item : found) {
+        pads.append(name(item));
+    }
+    QCOMPARE(pads.join(QLatin1Char(' ')), QStringLiteral("hidden flat first inner last"));
+    QCOMPARE(support::itemsOf(page, "QQuickItem").size(), 2);
+
+    QCOMPARE(name(support::itemWith(page, "number", 5)), QStringLiteral("inner"));
+    QCOMPARE(name(support::itemWith(page, "text", QStringLiteral("c"))), QStringLiteral("last"));
+    QVERIFY(!support::itemWith(page, "text", QStringLiteral("d")));
+    QVERIFY(!support::itemWith(page, "absent", 5));
+
+    QCOMPARE(support::textsOn(page).join(QLatin1Char(' ')), QStringLiteral("b a c"));
 }
 
 void TestSupport::leftoversNameVisibleWindows()
