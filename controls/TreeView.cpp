@@ -41,22 +41,48 @@ static bool svgIsReadable()
 
 namespace {
 
-/// Sets and clears the top anchor of a row. By meta-object rather than by the name of a QML
-/// property, which would be looked up again for each of many thousand rows.
+/// Sets and clears the top anchors of rows. Anchors and their lines are private types of Qt Quick,
+/// reached here by the numbers of their properties: by their names, which is what QML properties
+/// and even meta-properties go by, half of the time of a collapse would go into looking them up.
 class TopAnchor
 {
 public:
     explicit TopAnchor(QQuickItem *item)
-        : m_anchors(item->property("anchors").value<QObject *>())
-        , m_top(m_anchors->metaObject()->property(m_anchors->metaObject()->indexOfProperty("top")))
     {
+        void *value[] = {&m_anchors};
+        QMetaObject::metacall(item, QMetaObject::ReadProperty, numbers().anchors, value);
+        static const int top = m_anchors->metaObject()->indexOfProperty("top");
+        m_top = top;
     }
-    void clear() { m_top.reset(m_anchors); }
-    void set(QQuickItem *above) { m_top.write(m_anchors, above->property("bottom")); }
+    void clear()
+    {
+        void *nothing[] = {nullptr};
+        QMetaObject::metacall(m_anchors, QMetaObject::ResetProperty, m_top, nothing);
+    }
+    void set(QQuickItem *above)
+    {
+        QVariant line(numbers().line, nullptr);
+        void *value[] = {line.data()};
+        QMetaObject::metacall(above, QMetaObject::ReadProperty, numbers().bottom, value);
+        QMetaObject::metacall(m_anchors, QMetaObject::WriteProperty, m_top, value);
+    }
 
 private:
-    QObject *const m_anchors;
-    const QMetaProperty m_top;
+    struct Numbers
+    {
+        int anchors = QQuickItem::staticMetaObject.indexOfProperty("anchors");
+        int bottom = QQuickItem::staticMetaObject.indexOfProperty("bottom");
+        /// The type of an anchor line.
+        int line = QQuickItem::staticMetaObject.property(bottom).userType();
+    };
+    static const Numbers &numbers()
+    {
+        static const Numbers known;
+        return known;
+    }
+
+    QObject *m_anchors = nullptr;
+    int m_top = -1;
 };
 
 } // namespace
