@@ -19,7 +19,7 @@ struct State
     int mask; ///< -1 while it is not chosen.
     int size;
     unsigned char data[qr::MaximumDataCodewords];
-    unsigned char codewords[qr::MaximumCodewords];
+    unsigned char codewords[qr::MaximumCodewords + qr::SpreadExcess];
     qr::Boards boards;
     qr::Features features;
 };

@@ -284,49 +284,100 @@ void correctionCodewords(Instructions instructions, const unsigned char *data, i
 
 namespace {
 
-/// Exchanges, in squares of 2 * Rows bytes a side, the upper right and the lower left quarter.
-template<int Rows>
-inline void exchange(std::uint64_t (&rows)[8], std::uint64_t left)
+typedef std::uint8_t Bytes __attribute__((vector_size(16)));
+typedef std::uint16_t Twos __attribute__((vector_size(16)));
+typedef std::uint32_t Fours __attribute__((vector_size(16)));
+
+/// The first eight bytes of two rows in turn.
+inline Twos zipRows(std::uint64_t first, std::uint64_t second)
 {
-    constexpr int bits = 8 * Rows;
-#pragma GCC unroll 8
-    for (int index = 0; index < 8; ++index) {
-        if (index & Rows)
-            continue;
-        const std::uint64_t swapped = (rows[index] >> bits ^ rows[index + Rows]) & left;
-        rows[index] ^= swapped << bits;
-        rows[index + Rows] ^= swapped;
+    return reinterpret_cast<Twos>(__builtin_shufflevector(
+        reinterpret_cast<Bytes>(Pair{first, 0}), reinterpret_cast<Bytes>(Pair{second, 0}), 0, 16, 1,
+        17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23));
+}
+
+/// Twos of bytes in turn, of the lower or the upper halves.
+template<bool Upper>
+inline Fours zipTwos(Twos first, Twos second)
+{
+    constexpr int at = Upper ? 4 : 0;
+    return reinterpret_cast<Fours>(__builtin_shufflevector(
+        first, second, at, at + 8, at + 1, at + 9, at + 2, at + 10, at + 3, at + 11));
+}
+
+/// The same of fours of bytes.
+template<bool Upper>
+inline Pair zipFours(Fours first, Fours second)
+{
+    constexpr int at = Upper ? 2 : 0;
+    return reinterpret_cast<Pair>(
+        __builtin_shufflevector(first, second, at, at + 4, at + 1, at + 5));
+}
+
+/// Writes the columns of a square of 8 x 8 bytes \a step bytes apart.
+inline void transpose(const std::uint64_t (&rows)[8], unsigned char *columns, int step)
+{
+    const Twos first = zipRows(rows[0], rows[1]);
+    const Twos second = zipRows(rows[2], rows[3]);
+    const Twos third = zipRows(rows[4], rows[5]);
+    const Twos fourth = zipRows(rows[6], rows[7]);
+    const Fours left = zipTwos<false>(first, second);
+    const Fours right = zipTwos<true>(first, second);
+    const Fours leftBelow = zipTwos<false>(third, fourth);
+    const Fours rightBelow = zipTwos<true>(third, fourth);
+    const Pair pairs[4] = {zipFours<false>(left, leftBelow), zipFours<true>(left, leftBelow),
+                           zipFours<false>(right, rightBelow), zipFours<true>(right, rightBelow)};
+#pragma GCC unroll 4
+    for (int index = 0; index < 4; ++index, columns += 2 * step) {
+        const std::uint64_t column = pairs[index][0];
+        const std::uint64_t next = pairs[index][1];
+        std::memcpy(columns, &column, sizeof column);
+        std::memcpy(columns + step, &next, sizeof next);
     }
 }
 
-/// Puts byte c of block b, of \a count blocks that lie \a stride bytes apart, at c * step + b:
-/// eight bytes of eight blocks at a time.
-void spread(const unsigned char *blocks, int stride, int count, int length, unsigned char *result,
-            int step)
+/// Blocks behind one another, the first ones a byte shorter than the others.
+struct Blocks
 {
-    int block = 0;
-    for (; block + 8 <= count; block += 8, blocks += 8 * stride) {
-        int column = 0;
-        for (; column + 8 <= length; column += 8) {
+    const unsigned char *bytes;
+    int distance; ///< From the beginning of a shorter one to that of the next.
+    int count;
+    int shorter; ///< How many are shorter.
+
+    const unsigned char *at(int block) const
+    {
+        return bytes + block * distance + (block > shorter ? block - shorter : 0);
+    }
+};
+
+/// Puts byte c of block b at c * blocks.count + b, for the first \a length bytes, which are 8 or
+/// more of several blocks: eight bytes of eight blocks at a time. Up to SpreadExcess bytes behind
+/// are overwritten.
+void spread(const Blocks &blocks, int length, unsigned char *result)
+{
+    if (blocks.count == 1) {
+        std::memcpy(result, blocks.bytes, static_cast<std::size_t>(length));
+        return;
+    }
+    // What is left over comes first: in the places of the blocks that it lacks, which are those of
+    // the first ones in the next column, it leaves something that is overwritten later.
+    const int whole = blocks.count - blocks.count % 8;
+    for (int begin = blocks.count == whole ? whole - 8 : whole; begin >= 0; begin -= 8) {
+        const unsigned char *first[8];
+        for (int index = 0; index < 8; ++index) {
+            const int block = begin + index;
+            first[index] = blocks.at(block < blocks.count ? block : begin);
+        }
+        for (int column = 0;;) {
             std::uint64_t rows[8];
 #pragma GCC unroll 8
             for (int index = 0; index < 8; ++index)
-                rows[index] = load(blocks + index * stride + column);
-            exchange<4>(rows, 0x00000000ffffffffull);
-            exchange<2>(rows, 0x0000ffff0000ffffull);
-            exchange<1>(rows, 0x00ff00ff00ff00ffull);
-#pragma GCC unroll 8
-            for (int index = 0; index < 8; ++index)
-                std::memcpy(result + (column + index) * step + block, &rows[index], 8);
+                rows[index] = load(first[index] + column);
+            transpose(rows, result + column * blocks.count + begin, blocks.count);
+            if (column == length - 8)
+                break;
+            column = column + 8 < length - 8 ? column + 8 : length - 8;
         }
-        for (; column < length; ++column) {
-            for (int index = 0; index < 8; ++index)
-                result[column * step + block + index] = blocks[index * stride + column];
-        }
-    }
-    for (; block < count; ++block, blocks += stride) {
-        for (int column = 0; column < length; ++column)
-            result[column * step + block] = blocks[column];
     }
 }
 
@@ -350,12 +401,11 @@ void interleave(Instructions instructions, int level, int version, const unsigne
     correctionCodewords(instructions, longer, length + 1, correction, blocks - shorter,
                         corrections + shorter * CorrectionStride);
 
-    spread(data, length, shorter, length, codewords, blocks);
-    spread(longer, length + 1, blocks - shorter, length, codewords + shorter, blocks);
+    spread({data, length, blocks, shorter}, length, codewords);
     codewords += blocks * length;
     for (int block = shorter; block < blocks; ++block, longer += length + 1)
         *codewords++ = longer[length];
-    spread(corrections, CorrectionStride, blocks, correction, codewords, blocks);
+    spread({corrections, CorrectionStride, blocks, blocks}, correction, codewords);
 }
 
 } // namespace om::controls::qr

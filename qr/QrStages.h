@@ -84,6 +84,9 @@ constexpr int CorrectionStride = 32;
 void correctionCodewords(Instructions instructions, const unsigned char *data, int count,
                          int degree, int blocks, unsigned char *results);
 
+/// What interleave() may overwrite behind the last codeword.
+constexpr int SpreadExcess = 7;
+
 /// All codewords in their final order: the data of the blocks column by column, then the same of
 /// their error correction.
 void interleave(Instructions instructions, int level, int version, const unsigned char *data,

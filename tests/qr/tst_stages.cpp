@@ -433,9 +433,13 @@ void TestStages::interleaving()
             const slow::Bytes expected = slow::allCodewords(level, version, data);
             QCOMPARE(int(expected.size()), int(qr::versionTable[version].total));
             forEachSet([&](qr::Instructions instructions) {
-                unsigned char codewords[qr::MaximumCodewords];
-                qr::interleave(instructions, level, version, data.data(), codewords);
-                QCOMPARE(std::memcmp(codewords, expected.data(), expected.size()), 0);
+                constexpr int room = qr::MaximumCodewords + qr::SpreadExcess;
+                slow::Bytes codewords(room + 1, 0x5a);
+                qr::interleave(instructions, level, version, data.data(), codewords.data());
+                QCOMPARE(std::memcmp(codewords.data(), expected.data(), expected.size()), 0);
+                QVERIFY(std::all_of(
+                    codewords.begin() + qr::versionTable[version].total + qr::SpreadExcess,
+                    codewords.end(), [](unsigned char byte) { return byte == 0x5a; }));
             });
         }
     }
