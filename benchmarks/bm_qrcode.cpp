@@ -1,12 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-// A hundred QRCode items beside a hundred of Prison's Barcode items that show QR codes.
+// A hundred QRCode items beside a hundred of Prison's Barcode items that show QR codes. Times are
+// measured alternately in one process; memory is measured in processes of their own, one after the
+// other, so that neither side finds what the other has left in the heap.
 
 #include "benchmarks/support/SideBySide.h"
 
 #include <QGuiApplication>
 #include <QImage>
+#include <QProcess>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -15,8 +18,10 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <functional>
 #include <malloc.h>
 #include <memory>
+#include <time.h>
 #include <vector>
 
 namespace {
@@ -28,8 +33,9 @@ Grid {
     columns: 10
     property string text: "https://example.org/0"
     property color tone: "black"
+    property int count: 100
     Repeater {
-        model: 100
+        model: parent.count
         QRCode { width: 64; height: 64; url: parent.text + "/" + index; darkColor: parent.tone }
     }
 }
@@ -42,8 +48,9 @@ Grid {
     columns: 10
     property string text: "https://example.org/0"
     property color tone: "black"
+    property int count: 100
     Repeater {
-        model: 100
+        model: parent.count
         Barcode {
             width: 64; height: 64; barcodeType: Barcode.QRCode
             content: parent.text + "/" + index; foregroundColor: parent.tone
@@ -83,8 +90,20 @@ public:
     {
         m_root.reset();
         grab();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        settle();
     }
+
+    void createAndGrab()
+    {
+        create();
+        grab();
+    }
+
+    /// Deletes what is to be deleted later.
+    static void settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+    void setCount(int count) { m_root->setProperty("count", count); }
+    void setVisible(bool visible) { m_root->setVisible(visible); }
 
     /// Renders a frame.
     void grab()
@@ -112,6 +131,55 @@ private:
     int m_turn = 0;
 };
 
+double ownTime()
+{
+    timespec time = {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return double(time.tv_sec) * 1e6 + double(time.tv_nsec) / 1e3;
+}
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
+}
+
+/// Measurements in microseconds: what passed, and what this thread was busy for. The difference is
+/// the threads of a software rasteriser, which stand in for a graphics card.
+struct Times
+{
+    void add(const std::function<void()> &body)
+    {
+        const double ownStart = ownTime();
+        const Clock::time_point start = Clock::now();
+        body();
+        passed.push_back(std::chrono::duration<double, std::micro>(Clock::now() - start).count());
+        own.push_back(ownTime() - ownStart);
+    }
+
+    std::vector<double> passed;
+    std::vector<double> own;
+};
+
+/// Measures what \a action does to both sides, alternately.
+void compare(const char *name, double goal, Side &ours, Side &theirs, void (Side::*action)(),
+             void (Side::*undo)() = nullptr)
+{
+    Times times[2];
+    for (int round = 0; round < 41; ++round) {
+        for (int peer = 0; peer < 2; ++peer) {
+            Side &side = peer ? theirs : ours;
+            times[peer].add([&] { (side.*action)(); });
+            if (undo)
+                (side.*undo)();
+            Side::settle();
+        }
+    }
+    benchmark::printRow(name, goal, median(times[0].passed), median(times[1].passed), "us");
+    benchmark::printRow("    the same, this thread", goal, median(times[0].own),
+                        median(times[1].own), "us");
+}
+
 double heap()
 {
     const struct mallinfo2 info = mallinfo2();
@@ -121,41 +189,74 @@ double heap()
 /// What the items of a side hold, in bytes an item.
 struct Memory
 {
-    double made = 0; ///< Before the first frame.
-    double rendered =
-        0; ///< With the scene graph and, of a software driver, what it keeps for both.
+    double made; ///< Before the first frame.
+    double shown; ///< After frames, with the scene graph and what the driver keeps for a frame.
+    double settled; ///< The same once a frame without them took the place of the driver's last one.
 };
 
-Memory memory(Side &side)
+/// In a process that has rendered one item of that side before, so that what is made once for all
+/// does not count.
+Memory measureMemory(Side &side)
 {
+    constexpr int count = 100;
     side.create();
-    side.grab();
+    side.setCount(1);
     side.setText();
     side.destroy();
     Memory used;
     const double before = heap();
     side.create();
-    used.made = (heap() - before) / 100;
+    used.made = (heap() - before) / count;
     side.grab();
-    used.rendered = (heap() - before) / 100;
-    side.destroy();
+    side.setText();
+    Side::settle();
+    side.grab();
+    used.shown = (heap() - before) / count;
+    side.setVisible(false);
+    for (int frame = 0; frame < 4; ++frame)
+        side.grab();
+    used.settled = (heap() - before) / count;
     return used;
 }
 
-double creation(Side &side)
+/// The same in a process of its own.
+bool askForMemory(const QString &program, const char *side, Memory &used)
 {
-    const Clock::time_point start = Clock::now();
-    side.create();
-    side.grab();
-    const double time = std::chrono::duration<double, std::micro>(Clock::now() - start).count();
-    side.destroy();
-    return time;
+    QProcess process;
+    process.start(program, {QStringLiteral("--memory"), QLatin1String(side)});
+    if (!process.waitForFinished(-1) || process.exitCode() != 0)
+        return false;
+    const QByteArray output = process.readAllStandardOutput();
+    const int line = output.lastIndexOf("memory ");
+    return line >= 0
+        && std::sscanf(output.constData() + line, "memory %lf %lf %lf", &used.made, &used.shown,
+                       &used.settled)
+        == 3;
 }
 
-double median(std::vector<double> values)
+void compareMemory(const QString &program)
 {
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
+    std::vector<double> made[2];
+    std::vector<double> shown[2];
+    std::vector<double> settled[2];
+    for (int round = 0; round < 5; ++round) {
+        for (int peer = 0; peer < 2; ++peer) {
+            Memory used;
+            if (!askForMemory(program, peer ? "theirs" : "ours", used)) {
+                std::printf("memory could not be measured\n");
+                return;
+            }
+            made[peer].push_back(used.made);
+            shown[peer].push_back(used.shown);
+            settled[peer].push_back(used.settled);
+        }
+    }
+    const auto row = [](const char *name, const std::vector<double>(&values)[2]) {
+        benchmark::printRow(name, 0.3, median(values[0]), median(values[1]), "bytes");
+    };
+    row("memory an item, after its frame", settled);
+    row("    the same, before its first frame", made);
+    row("    the same, with what the driver keeps for a frame", shown);
 }
 
 } // namespace
@@ -166,38 +267,25 @@ int main(int argc, char **argv)
     qputenv("QSG_RENDER_LOOP", "basic");
     QGuiApplication application(argc, argv);
     QQmlEngine engine;
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 3 && arguments.at(1) == QLatin1String("--memory")) {
+        Side side(engine, arguments.at(2) == QLatin1String("ours") ? ourQml : theirQml);
+        const Memory used = measureMemory(side);
+        std::printf("memory %f %f %f\n", used.made, used.shown, used.settled);
+        return 0;
+    }
+
     Side ours(engine, ourQml);
     Side theirs(engine, theirQml);
     if (!theirs.exists()) {
         std::printf("qml-module-org-kde-prison is not installed: nothing to compare with\n");
         return 0;
     }
-
-    const Memory ourMemory = memory(ours);
-    const Memory theirMemory = memory(theirs);
-    std::vector<double> ourFrames;
-    std::vector<double> theirFrames;
-    for (int round = 0; round < 15; ++round) {
-        ourFrames.push_back(creation(ours));
-        theirFrames.push_back(creation(theirs));
-    }
-
-    ours.create();
-    ours.grab();
-    theirs.create();
-    theirs.grab();
-    benchmark::Options options;
-    options.rounds = 15;
-    options.calls = 5;
-    benchmark::sideBySide(
-        "100 new urls to frame", 0.5, [&] { ours.setText(); }, [&] { theirs.setText(); }, options);
-    benchmark::sideBySide(
-        "100 new colours to frame", 0.6, [&] { ours.setTone(); }, [&] { theirs.setTone(); },
-        options);
-    benchmark::printRow("memory an item", 0.3, ourMemory.made, theirMemory.made, "bytes");
-    benchmark::printRow("memory an item, rendered", 0.3, ourMemory.rendered, theirMemory.rendered,
-                        "bytes");
-    benchmark::printRow("100 items to first frame", 0.7, median(ourFrames), median(theirFrames),
-                        "us");
+    compare("100 items to first frame", 0.7, ours, theirs, &Side::createAndGrab, &Side::destroy);
+    ours.createAndGrab();
+    theirs.createAndGrab();
+    compare("100 new urls to frame", 0.5, ours, theirs, &Side::setText);
+    compare("100 new colours to frame", 0.6, ours, theirs, &Side::setTone);
+    compareMemory(QCoreApplication::applicationFilePath());
     return 0;
 }
