@@ -45,6 +45,9 @@ quint32 keySymbol(Qt::Key key)
     if (key >= Qt::Key_Space && key <= Qt::Key_AsciiTilde) {
         return quint32(key);
     }
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F12) {
+        return quint32(key) - Qt::Key_F1 + 0xffbe;
+    }
     switch (key) {
     case Qt::Key_Backspace:
         return 0xff08;

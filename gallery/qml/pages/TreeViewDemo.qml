@@ -173,6 +173,8 @@ Demo {
                 }
                 backgroundDelegate: Rectangle {
                     color: TreeView.isActiveItem ? Theme.accentSoft : "transparent"
+                    // A row lets presses through, and the page below would take the focus and the drag.
+                    MouseArea { anchors.fill: parent }
                 }
             }
         }
