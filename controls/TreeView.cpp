@@ -33,6 +33,20 @@ namespace om::controls {
 /// stack; and documents that contain themselves have to end somewhere.
 static const int maximumLevels = 1024;
 
+/// The branch handle where Qt's SVG image plugin is missing.
+static const char *const plainBranchHandleQml = R"(
+import QtQuick 2.2
+import ombrel.Controls 1.0
+
+Text {
+    width: 16
+    height: 16
+    horizontalAlignment: Text.AlignHCenter
+    verticalAlignment: Text.AlignVCenter
+    text: TreeView.isCollapsedItem ? "+" : "\u2212"
+}
+)";
+
 static bool svgIsReadable()
 {
     static const bool readable = QImageReader::supportedImageFormats().contains("svg");
@@ -288,15 +302,10 @@ void TreeView::Private::rebuild()
     if (contentItem && entryComponent && entryComponent->isError()) {
         qmlWarning(view, entryComponent->errors());
     } else if (contentItem && entryComponent) {
-        if (!plainBranchHandle && !svgIsReadable()) {
+        if (!branchHandleDelegate && !plainBranchHandle && !svgIsReadable()) {
             qmlWarning(view) << "The SVG image plugin of Qt is missing; branch handles are plain";
             plainBranchHandle = new QQmlComponent(qmlEngine(view), view);
-            plainBranchHandle->setData(
-                "import QtQuick 2.2\n"
-                "Text { text: TreeView.isCollapsedItem ? '+' : '\\u2212'\n"
-                "width: 16; height: 16; horizontalAlignment: Text.AlignHCenter\n"
-                "verticalAlignment: Text.AlignVCenter }",
-                QUrl());
+            plainBranchHandle->setData(plainBranchHandleQml, QUrl());
         }
         int counter = 0;
         for (int i = 0; i < rootDocuments.size(); ++i) {
