@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/DragWatch.h"
 #include "tests/support/ForeignProgram.h"
 #include "tests/support/Gesture.h"
 #include "tests/support/Leftovers.h"
@@ -86,33 +87,6 @@ Item {
 }
 )";
 
-/// What a drag looks like to the window that it is over.
-class DragWatch : public QObject
-{
-public:
-    explicit DragWatch(QObject *window) { window->installEventFilter(this); }
-
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::DragEnter) {
-            const QMimeData *const data = static_cast<QDropEvent *>(event)->mimeData();
-            formats = data->formats();
-            payload = data->data(text("application/x-lumetra-documents"));
-            actions = static_cast<QDropEvent *>(event)->possibleActions();
-        } else if (event->type() == QEvent::DragMove) {
-            position = static_cast<QDropEvent *>(event)->pos();
-            ++moves;
-        }
-        return false;
-    }
-
-    QStringList formats;
-    QByteArray payload;
-    Qt::DropActions actions;
-    QPoint position;
-    int moves = 0;
-};
-
 } // namespace
 
 /// Documents dragged with the real pointer out of both sources.
@@ -181,7 +155,7 @@ private:
     void nextDragWorks();
 
     std::unique_ptr<support::QmlView> m_view;
-    std::unique_ptr<DragWatch> m_watch;
+    std::unique_ptr<support::DragWatch> m_watch;
 };
 
 void TestDocumentDrags::sources()
@@ -215,7 +189,8 @@ void TestDocumentDrags::load(const QByteArray &type)
     // An empty text in QML arrives as a null one.
     m_view->find(text("b"))->setProperty("documentId", QString::fromLatin1(""));
     m_view->show();
-    m_watch = std::make_unique<DragWatch>(m_view->window());
+    m_watch = std::make_unique<support::DragWatch>(m_view->window(),
+                                                   text("application/x-lumetra-documents"));
 }
 
 void TestDocumentDrags::cleanup()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/DragWatch.h"
 #include "tests/support/ForeignProgram.h"
 #include "tests/support/Gesture.h"
 #include "tests/support/Leftovers.h"
@@ -64,33 +65,6 @@ Item {
 }
 )";
 
-/// What a drag looks like to the window that it is over.
-class DragWatch : public QObject
-{
-public:
-    explicit DragWatch(QObject *window) { window->installEventFilter(this); }
-
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::DragEnter) {
-            const auto *const enter = static_cast<QDropEvent *>(event);
-            formats = enter->mimeData()->formats();
-            payload = enter->mimeData()->data(text("application/x-lumetra-draggable"));
-            actions = enter->possibleActions();
-        } else if (event->type() == QEvent::DragMove) {
-            position = static_cast<QDropEvent *>(event)->pos();
-            ++moves;
-        }
-        return false;
-    }
-
-    QStringList formats;
-    QByteArray payload;
-    Qt::DropActions actions;
-    QPoint position;
-    int moves = 0;
-};
-
 } // namespace
 
 /// An item dragged with the real pointer.
@@ -125,7 +99,7 @@ private:
     void nextDragWorks();
 
     std::unique_ptr<support::QmlView> m_view;
-    std::unique_ptr<DragWatch> m_watch;
+    std::unique_ptr<support::DragWatch> m_watch;
 };
 
 void TestDraggable::init()
@@ -138,7 +112,8 @@ void TestDraggable::load()
     m_view = std::make_unique<support::QmlView>();
     m_view->load(scene);
     m_view->show();
-    m_watch = std::make_unique<DragWatch>(m_view->window());
+    m_watch = std::make_unique<support::DragWatch>(m_view->window(),
+                                                   text("application/x-lumetra-draggable"));
 }
 
 void TestDraggable::cleanup()

@@ -3,6 +3,7 @@
 
 #include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
+#include "tests/support/QmlWindow.h"
 #include "tests/support/SignalRecorder.h"
 
 #include <QMetaEnum>
@@ -74,22 +75,11 @@ private:
 namespace {
 
 /// data/dialogs.qml in its window.
-struct Dialogs
+struct Dialogs : support::QmlWindow
 {
     Dialogs()
+        : QmlWindow(QStringLiteral("data/dialogs.qml"))
     {
-        QQmlComponent component(
-            &engine, QUrl::fromLocalFile(QFINDTESTDATA(QStringLiteral("data/dialogs.qml"))));
-        window.reset(qobject_cast<QQuickWindow *>(component.create()));
-        if (!window) {
-            qFatal("%s", qPrintable(component.errorString()));
-        }
-        window->setPosition(100, 100);
-        window->show();
-        window->requestActivate();
-        if (!QTest::qWaitForWindowActive(window.data())) {
-            qFatal("The window is not shown");
-        }
         dialog = window->findChild<QQuickItem *>(QStringLiteral("dialog"));
         second = window->findChild<QQuickItem *>(QStringLiteral("second"));
         if (!QTest::qWaitFor([this] { return dialog->parentItem() == window->contentItem(); })) {
@@ -97,18 +87,11 @@ struct Dialogs
         }
     }
 
-    QVariant run(const QString &expression) { return evaluate(window.data(), expression); }
-    QQuickItem *item(const char *name) const
-    {
-        return window->findChild<QQuickItem *>(QString::fromLatin1(name));
-    }
     QString takeLog()
     {
         return run(QStringLiteral("log.splice(0, log.length).join(', ')")).toString();
     }
 
-    QQmlEngine engine;
-    QScopedPointer<QQuickWindow> window;
     QPointer<QQuickItem> dialog;
     QPointer<QQuickItem> second;
 };

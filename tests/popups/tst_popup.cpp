@@ -4,6 +4,7 @@
 #include "tests/support/Leftovers.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/QmlView.h"
+#include "tests/support/QmlWindow.h"
 #include "tests/support/SignalRecorder.h"
 
 #include <QPointer>
@@ -107,29 +108,6 @@ void press(QWindow *window, const QPoint &point)
 {
     QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, point);
 }
-
-/// The frames that \a window swaps from \a change on until it is quiet again.
-template<typename Change>
-int framesOf(QQuickWindow *window, Change change)
-{
-    QSignalSpy swapped(window, &QQuickWindow::frameSwapped);
-    change();
-    for (int quiet = 0, before = 0; quiet < 3; ++quiet) {
-        QTest::qWait(50);
-        if (swapped.count() != before) {
-            before = swapped.count();
-            quiet = 0;
-        }
-    }
-    return swapped.count();
-}
-
-/// A window that can tell how many objects follow its frames.
-class CountingWindow : public QQuickWindow
-{
-public:
-    int followers() const { return receivers(SIGNAL(beforeSynchronizing())); }
-};
 
 } // namespace
 
@@ -796,7 +774,8 @@ void TestPopup::movingTargetCostsTwoFramesAMove()
     support::grab(view.window());
     QCOMPARE(support::framesWhileIdle(view.window()), 0);
     for (int i = 1; i <= 4; ++i) {
-        const int frames = framesOf(view.window(), [&] { view.item<>("target")->setX(40 + i); });
+        const int frames =
+            support::framesOf(view.window(), [&] { view.item<>("target")->setX(40 + i); });
         QVERIFY2(frames >= 1 && frames <= 2, qPrintable(QString::number(frames)));
         QCOMPARE(popup->x(), 90.0 + i);
     }
@@ -1054,7 +1033,7 @@ void TestPopup::movedToAnotherWindowWhileOpen()
     QQuickItem *popup = view.item<>("popup");
     popup->setProperty("open", true);
 
-    CountingWindow second;
+    support::CountingWindow second;
     second.setFlag(Qt::FramelessWindowHint);
     second.setGeometry(600, 100, 300, 300);
     second.show();

@@ -4,6 +4,7 @@
 #include "tests/support/Leftovers.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/QmlView.h"
+#include "tests/support/QmlWindow.h"
 #include "tests/support/SignalRecorder.h"
 
 #include <QPointer>
@@ -85,30 +86,14 @@ namespace {
 const QPoint outside(500, 400);
 
 /// data/anchor.qml in its window.
-struct Scene
+struct Scene : support::QmlWindow
 {
     Scene()
+        : QmlWindow(QStringLiteral("data/anchor.qml"))
     {
-        QQmlComponent component(
-            &engine, QUrl::fromLocalFile(QFINDTESTDATA(QStringLiteral("data/anchor.qml"))));
-        window.reset(qobject_cast<QQuickWindow *>(component.create()));
-        if (!window) {
-            qFatal("%s", qPrintable(component.errorString()));
-        }
-        window->setPosition(100, 100);
-        window->show();
-        window->requestActivate();
-        if (!QTest::qWaitForWindowActive(window.data())) {
-            qFatal("The window is not shown");
-        }
         anchorItem = window->findChild<QQuickItem *>(QStringLiteral("anchor"));
     }
 
-    QVariant run(const QString &expression) { return evaluate(window.data(), expression); }
-    QQuickItem *item(const char *name) const
-    {
-        return window->findChild<QQuickItem *>(QString::fromLatin1(name));
-    }
     QQuickItem *popup() const { return anchorItem->property("popupItem").value<QQuickItem *>(); }
     /// The item at the top of the window that the popup lies in.
     QQuickItem *anchor() const { return popup() ? popup()->parentItem() : nullptr; }
@@ -124,32 +109,7 @@ struct Scene
                 anchorItem->property("distanceRight").toInt()};
     }
 
-    QQmlEngine engine;
-    QScopedPointer<QQuickWindow> window;
     QPointer<QQuickItem> anchorItem;
-};
-
-/// The frames that \a window swaps from \a change on until it is quiet again.
-template<typename Change>
-int framesOf(QQuickWindow *window, Change change)
-{
-    QSignalSpy swapped(window, &QQuickWindow::frameSwapped);
-    change();
-    for (int quiet = 0, before = 0; quiet < 3; ++quiet) {
-        QTest::qWait(50);
-        if (swapped.count() != before) {
-            before = swapped.count();
-            quiet = 0;
-        }
-    }
-    return swapped.count();
-}
-
-/// A window that can tell how many objects follow its frames.
-class CountingWindow : public QQuickWindow
-{
-public:
-    int followers() const { return receivers(SIGNAL(beforeSynchronizing())); }
 };
 
 } // namespace
@@ -519,7 +479,7 @@ void TestPopupAnchorItem::closingTheWindowHides()
 
 void TestPopupAnchorItem::watchesTheWindowOnlyWhileShown()
 {
-    CountingWindow window;
+    support::CountingWindow window;
     QQmlEngine engine;
     QQmlComponent component(&engine);
     component.setData(
@@ -597,7 +557,7 @@ void TestPopupAnchorItem::movingPlaceCostsTwoFramesAMove()
     QCOMPARE(support::framesWhileIdle(scene.window.data()), 0);
     for (int i = 1; i <= 4; ++i) {
         const int frames =
-            framesOf(scene.window.data(), [&] { scene.item("inner")->setX(30 + i); });
+            support::framesOf(scene.window.data(), [&] { scene.item("inner")->setX(30 + i); });
         QVERIFY2(frames >= 1 && frames <= 2, qPrintable(QString::number(frames)));
         QCOMPARE(scene.anchor()->x(), 30.7 + i);
     }
@@ -875,7 +835,7 @@ void TestPopupAnchorItem::movedToAnotherWindowWhileShown()
 {
     Scene scene;
     scene.run(QStringLiteral("anchor.show()"));
-    CountingWindow second;
+    support::CountingWindow second;
     second.setFlag(Qt::FramelessWindowHint);
     second.setGeometry(950, 100, 200, 200);
     second.show();

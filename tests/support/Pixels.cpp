@@ -78,4 +78,18 @@ int framesWhileIdle(QQuickWindow *window, int milliseconds)
     return swapped.count();
 }
 
+int framesOf(QQuickWindow *window, const std::function<void()> &change)
+{
+    QSignalSpy swapped(window, &QQuickWindow::frameSwapped);
+    change();
+    for (int quiet = 0, before = 0; quiet < 3; ++quiet) {
+        QTest::qWait(50);
+        if (swapped.count() != before) {
+            before = swapped.count();
+            quiet = 0;
+        }
+    }
+    return swapped.count();
+}
+
 } // namespace support

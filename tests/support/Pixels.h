@@ -8,6 +8,8 @@
 #include <QPoint>
 #include <QString>
 
+#include <functional>
+
 class QQuickWindow;
 
 namespace support {
@@ -29,5 +31,8 @@ QImage grab(QQuickWindow *window);
 
 /// Counts the frames that \a window swaps while its event loop runs idle for \a milliseconds.
 int framesWhileIdle(QQuickWindow *window, int milliseconds = 300);
+
+/// Counts the frames that \a window swaps from \a change on until it is quiet again.
+int framesOf(QQuickWindow *window, const std::function<void()> &change);
 
 } // namespace support

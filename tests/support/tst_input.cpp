@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/DragEvents.h"
+#include "tests/support/DragWatch.h"
 #include "tests/support/ForeignProgram.h"
 #include "tests/support/Gesture.h"
 
@@ -91,6 +92,7 @@ private Q_SLOTS:
     void manyUrlsFromAnotherProgram();
     void programsAreMissedAloud();
     void eventsReachAWindow();
+    void watchNotesWhatADragBrings();
     void eventsHaveASourceInsideADrag();
 };
 
@@ -318,6 +320,26 @@ void TestInput::eventsReachAWindow()
              (QList<QEvent::Type>{QEvent::DragEnter, QEvent::DragMove, QEvent::Drop,
                                   QEvent::DragLeave}));
     QCOMPARE(window.urls, QList<QUrl>{QUrl(text("file:///d.txt"))});
+}
+
+void TestInput::watchNotesWhatADragBrings()
+{
+    Window window;
+    support::DragWatch watch(&window, text("application/x-test"));
+    support::DragEvents drag(&window);
+    drag.setData(text("application/x-test"), "\x01\xff");
+    drag.setData(text("application/x-other"), "other");
+    drag.enter();
+    QCOMPARE(watch.moves, 0);
+    drag.move({20, 30});
+    drag.move({21, 32});
+    QCOMPARE(watch.formats, (QStringList{text("application/x-test"), text("application/x-other")}));
+    QCOMPARE(watch.payload, QByteArray("\x01\xff"));
+    QCOMPARE(watch.position, QPoint(21, 32));
+    QCOMPARE(watch.moves, 2);
+    QVERIFY(watch.actions != Qt::DropActions());
+    // It only watches.
+    QCOMPARE(window.seen.size(), 3);
 }
 
 void TestInput::eventsHaveASourceInsideADrag()
