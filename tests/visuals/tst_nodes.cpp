@@ -31,6 +31,7 @@ private Q_SLOTS:
     void checkerBox();
     void hueBox();
     void saturationValueBox();
+    void onlyWhatIsDirtyIsRefreshed();
     void everythingIsSetAgainOnANewNode();
     void shadersShareNoMaterialType();
 };
@@ -174,6 +175,51 @@ void TestNodes::saturationValueBox()
     box.setHue(120);
     box.paint(node.get());
     QCOMPARE(int(node->geometry()->vertexDataAsColoredPoint2D()[1].g), 255);
+}
+
+/// What is put into the node by hand stays there until something of the item changes it.
+void TestNodes::onlyWhatIsDirtyIsRefreshed()
+{
+    Open<CheckerBox> box;
+    box.setSize({24, 10});
+    const std::unique_ptr<QSGGeometryNode> node(box.paint());
+    auto *params = static_cast<QSGSimpleMaterial<CheckerParams> *>(node->material())->state();
+    float &corner = static_cast<float *>(node->geometry()->vertexData())[4];
+    params->size = 99;
+    corner = 99;
+    box.paint(node.get());
+    QCOMPARE(params->size, 99.0f);
+    QCOMPARE(corner, 99.0f);
+    box.setCheckerSize(5);
+    box.paint(node.get());
+    QCOMPARE(params->size, 5.0f);
+    QCOMPARE(corner, 99.0f);
+    params->size = 99;
+    box.setWidth(30);
+    box.paint(node.get());
+    QCOMPARE(params->size, 99.0f);
+    QCOMPARE(corner, 30.0f);
+
+    Open<FrameItem> ring(nullptr);
+    ring.setRect({0, 0, 40, 30});
+    const std::unique_ptr<QSGGeometryNode> ringNode(ring.paint());
+    auto *material = static_cast<QSGFlatColorMaterial *>(ringNode->material());
+    float &side = ringNode->geometry()->vertexDataAsPoint2D()[4].x;
+    material->setColor(Qt::yellow);
+    side = 99;
+    ring.paint(ringNode.get());
+    QCOMPARE(material->color(), QColor(Qt::yellow));
+    QCOMPARE(side, 99.0f);
+    ring.setColor(Qt::red);
+    ring.paint(ringNode.get());
+    QCOMPARE(material->color(), QColor(Qt::red));
+    QCOMPARE(side, 99.0f);
+    material->setColor(Qt::yellow);
+    // A new place is a reason, too.
+    ring.setRect({5, 0, 40, 30});
+    ring.paint(ringNode.get());
+    QCOMPARE(material->color(), QColor(Qt::yellow));
+    QCOMPARE(side, 40.0f);
 }
 
 /// A scene graph that was thrown away asks for a node without saying why.

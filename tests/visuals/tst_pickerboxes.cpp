@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Pixels.h"
 #include "tests/support/QmlView.h"
 #include "tests/support/SignalRecorder.h"
 
@@ -29,12 +30,15 @@ private Q_SLOTS:
     void onlyTheLeftButton_data();
     void onlyTheLeftButton();
     void pressTakesFocusAndMouse();
+    void pressTakesTheFocusFirst();
+    void onlyTheSquaresHueRepaints();
     void pressInABoxWithoutExtent_data();
     void pressInABoxWithoutExtent();
     void newSliderStandsAtHueTimesWidth();
     void sliderFollowsTheHue();
     void geometryChangeLeavesTheSlidersX();
     void crossHairIsPlacedAtOnceAndAlways();
+    void markersMoveAfterTheSignal();
     void markerBelongsToTheBox_data();
     void markerBelongsToTheBox();
     void replacedMarkerGoesLater_data();
@@ -49,6 +53,10 @@ private Q_SLOTS:
     void delegateComponentDestroyed();
     void delegateSetFromItsOwnSignal_data();
     void delegateSetFromItsOwnSignal();
+    void delegateThatSetsAnother_data();
+    void delegateThatSetsAnother();
+    void warningIsOfTheLibrarysCategory_data();
+    void warningIsOfTheLibrarysCategory();
     void delegateSeesTheBoxesContext();
 
 private:
@@ -228,6 +236,41 @@ void TestPickerBoxes::pressTakesFocusAndMouse()
     }
 }
 
+/// The window gives the mouse to whatever accepts a press; a press that comes another way does not
+/// rely on that.
+void TestPickerBoxes::pressTakesTheFocusFirst()
+{
+    for (QQuickItem *box : {m_strip, m_square}) {
+        const QString chosen =
+            box == m_strip ? QStringLiteral("hueChanged") : QStringLiteral("valueChanged");
+        SignalRecorder recorder;
+        recorder.watch(box, QString(), {QStringLiteral("activeFocusChanged"), chosen}, [this, box] {
+            const bool grabbed = m_view->window()->mouseGrabberItem() == box;
+            return grabbed ? QStringLiteral("grabbed") : QStringLiteral("free");
+        });
+        QMouseEvent press(QEvent::MouseButtonPress, {50, 5}, Qt::LeftButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(box, &press);
+        QCOMPARE(recorder.take(),
+                 (QStringList{QStringLiteral(".activeFocusChanged [free]"),
+                              QStringLiteral(".%1 [grabbed]").arg(chosen)}));
+        QMouseEvent release(QEvent::MouseButtonRelease, {50, 5}, Qt::LeftButton, {}, {});
+        QCoreApplication::sendEvent(box, &release);
+        QVERIFY(!m_view->window()->mouseGrabberItem());
+    }
+}
+
+void TestPickerBoxes::onlyTheSquaresHueRepaints()
+{
+    const auto frames = [this](QQuickItem *box, const char *name) {
+        return framesOf(m_view->window(), [&] { box->setProperty(name, 100); });
+    };
+    QCOMPARE(framesWhileIdle(m_view->window()), 0);
+    QCOMPARE(frames(m_strip, "hue"), 0);
+    QCOMPARE(frames(m_square, "saturation"), 0);
+    QCOMPARE(frames(m_square, "value"), 0);
+    QVERIFY(frames(m_square, "hue") > 0);
+}
+
 void TestPickerBoxes::pressInABoxWithoutExtent_data()
 {
     QTest::addColumn<double>("extent");
@@ -318,6 +361,32 @@ void TestPickerBoxes::crossHairIsPlacedAtOnceAndAlways()
     QCOMPARE(cross->y(), 80.0);
     m_square->setSize({300, 200});
     QCOMPARE(cross->position(), QPointF(300, 200));
+}
+
+void TestPickerBoxes::markersMoveAfterTheSignal()
+{
+    evaluate(m_strip, QStringLiteral("sliderDelegate = markers"));
+    evaluate(m_square, QStringLiteral("crossHairDelegate = markers"));
+    QQuickItem *slider = m_strip->childItems().value(0);
+    QQuickItem *cross = m_square->childItems().value(0);
+    const auto place = [](const QQuickItem *item) {
+        return QStringLiteral("%1 %2").arg(item->x()).arg(item->y());
+    };
+    SignalRecorder recorder;
+    recorder.watch(m_strip, QStringLiteral("strip"), {QStringLiteral("hueChanged")},
+                   [&] { return place(slider); });
+    recorder.watch(m_square, QStringLiteral("square"),
+                   {QStringLiteral("valueChanged"), QStringLiteral("saturationChanged")},
+                   [&] { return place(cross); });
+    m_strip->setProperty("hue", 359);
+    m_square->setProperty("value", 51);
+    m_square->setProperty("saturation", 0);
+    QCOMPARE(recorder.take(),
+             (QStringList{QStringLiteral("strip.hueChanged [0 10]"),
+                          QStringLiteral("square.valueChanged [100 0]"),
+                          QStringLiteral("square.saturationChanged [20 0]")}));
+    QCOMPARE(place(slider), QStringLiteral("180 10"));
+    QCOMPARE(place(cross), QStringLiteral("20 80"));
 }
 
 void TestPickerBoxes::boxRows()
@@ -498,9 +567,53 @@ void TestPickerBoxes::delegateSetFromItsOwnSignal()
                        }
                        return QString();
                    });
-    give(item, property, "markers");
+    give(item, property, "objects");
     QCOMPARE(item->childItems().size(), 1);
     QCOMPARE(item->childItems().value(0)->objectName(), QStringLiteral("other"));
+    // Nothing is made of the one that was overruled.
+    QCOMPARE(evaluate(item, QStringLiteral("objectsMade")).toInt(), 0);
+}
+
+void TestPickerBoxes::delegateThatSetsAnother_data()
+{
+    boxRows();
+}
+
+/// From what it runs on completion, before the box has got its item.
+void TestPickerBoxes::delegateThatSetsAnother()
+{
+    QFETCH(QString, box);
+    QFETCH(QByteArray, property);
+    auto *item = qobject_cast<QQuickItem *>(m_view->find(box));
+    QCOMPARE(give(item, property, "changingItsMind")->objectName(), QStringLiteral("other"));
+    QCOMPARE(evaluate(item, QStringLiteral("changingItsMindMade")).toInt(), 1);
+    QTRY_COMPARE(evaluate(item, QStringLiteral("changingItsMindGone")).toInt(), 1);
+    QCOMPARE(item->childItems().size(), 1);
+}
+
+void TestPickerBoxes::warningIsOfTheLibrarysCategory_data()
+{
+    boxRows();
+}
+
+static QStringList categories;
+
+void TestPickerBoxes::warningIsOfTheLibrarysCategory()
+{
+    QFETCH(QString, box);
+    QFETCH(QByteArray, property);
+    QFETCH(QByteArray, warning);
+    auto *item = qobject_cast<QQuickItem *>(m_view->find(box));
+    categories.clear();
+    const QtMessageHandler before = qInstallMessageHandler([](QtMsgType,
+                                                              const QMessageLogContext &context,
+                                                              const QString &message) {
+        categories.append(QString::fromLatin1(context.category) + QLatin1String(": ") + message);
+    });
+    give(item, property, "objects");
+    qInstallMessageHandler(before);
+    QCOMPARE(categories,
+             QStringList{QLatin1String("ombrel.controls: ") + QString::fromLatin1(warning)});
 }
 
 void TestPickerBoxes::delegateSeesTheBoxesContext()

@@ -13,6 +13,20 @@ Item {
     property int objectsGone: 0
     property Component markers: Component { Item { property int boxHue: strip.hue } }
     property Component otherMarkers: Component { Item { objectName: "other" } }
+    property int changingItsMindMade: 0
+    property int changingItsMindGone: 0
+    property Component changingItsMind: Component {
+        Item {
+            Component.onCompleted: {
+                ++changingItsMindMade;
+                if (strip.sliderDelegate === changingItsMind)
+                    strip.sliderDelegate = otherMarkers;
+                if (square.crossHairDelegate === changingItsMind)
+                    square.crossHairDelegate = otherMarkers;
+            }
+            Component.onDestruction: ++changingItsMindGone
+        }
+    }
     property Component objects: Component {
         QtObject {
             Component.onCompleted: ++objectsMade
@@ -21,5 +35,5 @@ Item {
     }
 
     HueBox { id: strip; objectName: "strip"; x: 20; y: 20; width: 180; height: 20 }
-    SaturationValueBox { objectName: "square"; x: 20; y: 60; width: 100; height: 80 }
+    SaturationValueBox { id: square; objectName: "square"; x: 20; y: 60; width: 100; height: 80 }
 }
