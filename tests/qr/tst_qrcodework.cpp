@@ -52,6 +52,28 @@ __wrap__ZNK12QQuickWindow22createTextureFromImageERK6QImage6QFlagsINS_19CreateTe
 
 using om::controls::QRCode;
 
+namespace {
+
+/// Notes what its node was given.
+struct WatchedCode : QRCode
+{
+    using QRCode::QRCode;
+    QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data) override
+    {
+        QSGNode *node = QRCode::updatePaintNode(oldNode, data);
+        ++repaints;
+        const auto *shown = static_cast<om::controls::QRCodeNode *>(node);
+        radius = shown->state()->radius;
+        inset = shown->geometry()->vertexDataAsTexturedPoint2D()[0].tx;
+        return node;
+    }
+    int repaints = 0;
+    float radius = -1;
+    float inset = -1;
+};
+
+} // namespace
+
 /// What the item does, and above all what it does not do again.
 class TestQRCodeWork : public QObject
 {
@@ -66,6 +88,13 @@ private Q_SLOTS:
     void encodesOncePerUrl();
     void neverTwiceForLooks();
     void repaintsWhenItHasTo();
+    void smoothingWaitsForAGeometryChange();
+    void scaleWaitsForARepaint();
+    void smoothedWithoutAWidth();
+    void urlChangedByItsOwnHandler();
+    void lastOfSeveralUrls();
+    void destroyedWithAnUrlToShow();
+    void releasedWithAnUrlToShow();
     void texturesDoNotPileUp();
     void texturesGoWithTheItem();
     void texturesGoWithTheSceneGraph();
@@ -189,20 +218,9 @@ void TestQRCodeWork::neverTwiceForLooks()
 
 void TestQRCodeWork::repaintsWhenItHasTo()
 {
-    struct CountingCode : QRCode
-    {
-        using QRCode::QRCode;
-        QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override
-        {
-            ++repaints;
-            return QRCode::updatePaintNode(node, data);
-        }
-        int repaints = 0;
-    };
-
     QQuickWindow window;
     window.resize(300, 300);
-    auto *code = new CountingCode(window.contentItem());
+    auto *code = new WatchedCode(window.contentItem());
     code->setSize(QSizeF(168, 168));
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -222,6 +240,178 @@ void TestQRCodeWork::repaintsWhenItHasTo()
     QCOMPARE(repaints([&] { code->setLightColor(Qt::blue); }), 1);
     QCOMPARE(repaints([&] { code->setUrl(QUrl(QStringLiteral("about:white"))); }), 1);
     QCOMPARE(repaints([&] { code->setSize(QSizeF(200, 200)); }), 1);
+}
+
+void TestQRCodeWork::smoothingWaitsForAGeometryChange()
+{
+    QQuickWindow window;
+    window.resize(300, 300);
+    auto *code = new WatchedCode(window.contentItem());
+    code->setSize(QSizeF(100, 100));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    support::grab(&window);
+    QCOMPARE(code->radius, 0.f);
+    QCOMPARE(code->inset, 1 / 21.f);
+
+    // The circle is there at once, the smaller cut with the next size.
+    code->setAntialiasing(true);
+    support::grab(&window);
+    QCOMPARE(code->radius, 0.005f);
+    QCOMPARE(code->inset, 1 / 21.f);
+    code->setWidth(125);
+    support::grab(&window);
+    QCOMPARE(code->radius, 0.004f);
+    QCOMPARE(code->inset, 0.8f / 21.f);
+    code->setAntialiasing(false);
+    support::grab(&window);
+    QCOMPARE(code->radius, 0.f);
+    QCOMPARE(code->inset, 0.8f / 21.f);
+
+    // A longer url in more modules is a change of geometry, too.
+    code->setUrl(QUrl(QStringLiteral("https://example.org/a/longer/one")));
+    support::grab(&window);
+    QCOMPARE(code->inset, 1 / 25.f);
+}
+
+void TestQRCodeWork::scaleWaitsForARepaint()
+{
+    QQuickWindow window;
+    window.resize(300, 300);
+    auto *code = new WatchedCode(window.contentItem());
+    code->setSize(QSizeF(100, 100));
+    code->setAntialiasing(true);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    support::grab(&window);
+    QCOMPARE(code->radius, 0.005f);
+
+    code->repaints = 0;
+    window.contentItem()->setScale(2);
+    support::grab(&window);
+    QCOMPARE(code->repaints, 0);
+    QCOMPARE(code->radius, 0.005f);
+    code->setDarkColor(Qt::red);
+    support::grab(&window);
+    QCOMPARE(code->repaints, 1);
+    QCOMPARE(code->radius, 0.0025f);
+}
+
+void TestQRCodeWork::smoothedWithoutAWidth()
+{
+    QQuickWindow window;
+    window.resize(300, 300);
+    window.setColor(Qt::green);
+    auto *code = new WatchedCode(window.contentItem());
+    code->setAntialiasing(true);
+    code->setSize(QSizeF(0, 0));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    for (const Qt::GlobalColor color : {Qt::red, Qt::blue}) {
+        code->setDarkColor(color);
+        QCOMPARE(support::pixelError(support::grab(&window), QPoint(1, 1), Qt::green), QString());
+    }
+    QVERIFY(code->repaints >= 2);
+    code->setSize(QSizeF(168, 168));
+    const QImage image = support::grab(&window);
+    QCOMPARE(code->radius, 0.5f / 168);
+    QCOMPARE(support::pixelError(image, QPoint(28, 28), Qt::blue, 30), QString());
+}
+
+void TestQRCodeWork::urlChangedByItsOwnHandler()
+{
+    const QUrl first(QStringLiteral("https://example.org/first"));
+    const QUrl second(QStringLiteral("https://example.org/second/and/longer/by/far"));
+    QQuickWindow window;
+    window.resize(300, 300);
+    auto *code = new QRCode(window.contentItem());
+    code->setSize(QSizeF(200, 200));
+    QObject::connect(code, &QRCode::urlChanged, code, [&](const QUrl &url) {
+        if (url == first)
+            code->setUrl(second);
+    });
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    code->setUrl(first);
+    QCOMPARE(code->url(), second);
+    const QImage image = support::grab(&window);
+
+    code->setUrl(QUrl(QStringLiteral("about:white")));
+    QVERIFY(!support::imageError(support::grab(&window), image).isEmpty());
+    code->setUrl(second);
+    QCOMPARE(support::imageError(support::grab(&window), image), QString());
+}
+
+void TestQRCodeWork::lastOfSeveralUrls()
+{
+    QQuickWindow window;
+    window.resize(300, 300);
+    auto *code = new QRCode(window.contentItem());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const QImage image = support::grab(&window);
+    textures = 0;
+    code->setUrl(QUrl(QStringLiteral("https://example.org/%1").arg(QString(3000, u'a'))));
+    code->setUrl(QUrl(QStringLiteral("about:white")));
+    code->setUrl(QUrl(QStringLiteral("about:black")));
+    QCOMPARE(support::imageError(support::grab(&window), image), QString());
+    QCOMPARE(int(textures), 1);
+}
+
+void TestQRCodeWork::destroyedWithAnUrlToShow()
+{
+    QTRY_COMPARE(int(livingTextures), 0);
+    QQuickWindow window;
+    window.resize(300, 300);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    for (int turn = 0; turn < 5; ++turn) {
+        auto *code = new QRCode(window.contentItem());
+        support::grab(&window);
+        // The texture before is still to be deleted later, the next one is not made yet.
+        code->setUrl(QUrl(QStringLiteral("https://example.org/%1").arg(turn)));
+        support::grab(&window);
+        code->setUrl(QUrl(QStringLiteral("about:white")));
+        delete code;
+    }
+    support::grab(&window);
+    QTRY_COMPARE(int(livingTextures), 0);
+}
+
+void TestQRCodeWork::releasedWithAnUrlToShow()
+{
+    QTRY_COMPARE(int(livingTextures), 0);
+    const QUrl black(QStringLiteral("about:black"));
+    const QUrl white(QStringLiteral("about:white"));
+    {
+        QQuickWindow window;
+        window.resize(300, 300);
+        window.setPersistentOpenGLContext(false);
+        window.setPersistentSceneGraph(false);
+        auto *code = new QRCode(window.contentItem());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        code->setUrl(white);
+        const QImage whites = support::grab(&window);
+        code->setUrl(black);
+        const QImage blacks = support::grab(&window);
+        QVERIFY(!support::imageError(whites, blacks).isEmpty());
+        for (int turn = 0; turn < 3; ++turn) {
+            // One texture is in use, one still to be deleted, the next url has none yet.
+            code->setUrl(white);
+            window.destroy();
+            // The basic loop keeps a window's scene graph for as long as there is the window.
+            if (qgetenv("QSG_RENDER_LOOP") == "threaded")
+                QTRY_COMPARE(int(livingTextures), 0);
+            window.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&window));
+            QCOMPARE(support::imageError(support::grab(&window), whites), QString());
+            code->setUrl(black);
+            QCOMPARE(support::imageError(support::grab(&window), blacks), QString());
+        }
+        QTRY_COMPARE(int(livingTextures), 1);
+    }
+    QTRY_COMPARE(int(livingTextures), 0);
 }
 
 void TestQRCodeWork::texturesDoNotPileUp()
