@@ -58,6 +58,8 @@ private Q_SLOTS:
     void hundredThousandFilesFromAnotherProgram();
     void oddUrlsFromAnotherProgram();
     void otherFormatsFromAnotherProgram();
+    void filesFromAProgramWithoutQt_data();
+    void filesFromAProgramWithoutQt();
     void zoneDestroyedUnderARealDrag();
     void windowDestroyedUnderARealDrag();
     void dragWithinTheWindow();
@@ -414,6 +416,59 @@ void TestFileDrops::otherFormatsFromAnotherProgram()
         .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
     QCOMPARE(view.root()->property("took").toString(), QString());
+}
+
+void TestFileDrops::filesFromAProgramWithoutQt_data()
+{
+    QTest::addColumn<QStringList>("offer");
+    QTest::addColumn<QString>("joined");
+    QTest::newRow("two files") << QStringList{text("--url"), text("file:///a.pdf"), text("--url"),
+                                              text("file:///b%20c.PDF")}
+                               << text("file:///a.pdf file:///b c.PDF");
+    QTest::newRow("one of two fits")
+        << QStringList{text("--url"), text("file:///a.pdf"), text("--url"), text("file:///b.txt")}
+        << text("file:///a.pdf");
+    QTest::newRow("text beside files")
+        << QStringList{text("--text"), text("words"), text("--url"), text("file:///a.pdf")}
+        << text("file:///a.pdf");
+    QTest::newRow("no file fits") << QStringList{text("--url"), text("file:///b.txt")} << QString();
+    QTest::newRow("only text") << QStringList{text("--text"), text("a.pdf")} << QString();
+}
+
+void TestFileDrops::filesFromAProgramWithoutQt()
+{
+    QFETCH(QStringList, offer);
+    QFETCH(QString, joined);
+    const bool taken = !joined.isEmpty();
+    support::ForeignProgram source(text("plain_xdnd_source"));
+    QVERIFY2(source.start(QStringList{text("--at"), text("600,100")} + offer),
+             qPrintable(source.error()));
+    support::QmlView view;
+    view.loadFile(text("data/zones.qml"));
+    view.show();
+    auto *zone = view.item("zone");
+    const QPoint over = support::positionIn(zone, 30, 40);
+    QObject *root = view.root();
+    support::Gesture gesture;
+    gesture.move(source.geometry().center())
+        .press()
+        .until([&] { return source.count(text("drag")) > 0; }, "the start of the drag")
+        .glide(source.geometry().center(), over);
+    if (taken) {
+        gesture.hoverUntil(
+            over, [&] { return root->property("moves").toInt() > 1; }, "moves in the zone");
+    }
+    gesture.move(over).release().until([&] { return source.count(text("result")) > 0; },
+                                       "the end of the drag");
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(source.lines(text("result")), QStringList{text(taken ? "1" : "0")});
+    QCOMPARE(root->property("drops").toInt(), taken ? 1 : 0);
+    QCOMPARE(root->property("joined").toString(), joined);
+    QCOMPARE(zone->property("containsDrag"), QVariant(false));
+    if (taken) {
+        QVERIFY(root->property("hadNoSource").toBool());
+        QVERIFY((root->property("where").toPointF() - QPointF(30, 40)).manhattanLength() <= 1);
+    }
 }
 
 void TestFileDrops::zoneDestroyedUnderARealDrag()

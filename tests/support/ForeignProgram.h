@@ -18,12 +18,18 @@ namespace support {
 ///     --actions copy,move,link       what it offers (default: all)
 ///     prints "ready X Y WIDTH HEIGHT", "drag", and "result ACTION" (0 none, 1 copy, 2 move, 4
 ///     link)
+/// plain_xdnd_source
+///              the same without Qt in it: the bare protocol, one answer at a time
+///     --url URL                      what it drags (repeatable), as text/uri-list
+///     --text TEXT                    likewise, as text/plain
+///     prints what xdnd_source prints, the result being 1 for a drop and 0 otherwise, and
+///     "finished 1" or "finished 0", what the target says at its end
 /// xdnd_target  takes every drop
 ///     --refuse                       refuses every drag
 ///     prints "ready …", "enter FORMAT…", "move X Y", "leave", and at a drop "format NAME HEX" for
 ///     each format, then "drop ACTION"
 ///
-/// Both take --at X,Y and --size WIDTHxHEIGHT, and end when this object goes.
+/// All take --at X,Y and --size WIDTHxHEIGHT, and end when this object goes.
 class ForeignProgram
 {
 public:
