@@ -11,6 +11,7 @@
 #include <OmbrelDataCore/Document.h>
 
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QMimeData>
 #include <QQmlContext>
 #include <QTest>
@@ -140,6 +141,18 @@ private Q_SLOTS:
     void oddDelegates();
     void delegateSlowerThanTheDrag_data() { sources(); }
     void delegateSlowerThanTheDrag();
+    void windowDeactivatedDuringTheDrag_data() { sources(); }
+    void windowDeactivatedDuringTheDrag();
+    void focusLostDuringTheDrag_data() { sources(); }
+    void focusLostDuringTheDrag();
+    void otherButtonDuringTheDrag_data() { sources(); }
+    void otherButtonDuringTheDrag();
+    void touchDuringTheDrag_data() { sources(); }
+    void touchDuringTheDrag();
+    void sourceDisabledDuringTheDrag_data();
+    void sourceDisabledDuringTheDrag();
+    void sourceDestroyedInsideASignal_data();
+    void sourceDestroyedInsideASignal();
 
 private:
     static void sources();
@@ -605,6 +618,217 @@ void TestDocumentDrags::delegateSlowerThanTheDrag()
     QVERIFY2(gesture.run(), gesture.error());
     source()->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
     nextDragWorks();
+}
+
+void TestDocumentDrags::windowDeactivatedDuringTheDrag()
+{
+    QQuickWindow other;
+    other.setGeometry(700, 100, 200, 200);
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .then([&] {
+            other.show();
+            other.requestActivate();
+        })
+        .until([&] { return other.isActive(); }, "the other window to be active")
+        .hoverUntil(
+            over, [this] { return m_watch->moves > 3; }, "more moves")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    // The drag goes on, and the drop arrives.
+    QTRY_COMPARE(m_view->root()->property("drops").toInt(), 1);
+    QTRY_VERIFY(!visual());
+    other.close();
+    nextDragWorks();
+}
+
+void TestDocumentDrags::focusLostDuringTheDrag()
+{
+    auto *const rowItem = m_view->item("row");
+    rowItem->forceActiveFocus();
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .then([this] { m_view->item("any")->forceActiveFocus(); })
+        .until([&] { return !rowItem->hasActiveFocus(); }, "the row to lose the focus")
+        .hoverUntil(
+            over, [this] { return m_watch->moves > 3; }, "more moves")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QTRY_COMPARE(m_view->root()->property("drops").toInt(), 1);
+    nextDragWorks();
+}
+
+void TestDocumentDrags::otherButtonDuringTheDrag()
+{
+    support::SignalRecorder recorder;
+    recorder.watch(source(), text("source"), {text("dragActiveChanged")},
+                   [this] { return active() ? text("on") : text("off"); });
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .press(Qt::RightButton)
+        .release(Qt::RightButton)
+        .until([this] { return !QGuiApplication::mouseButtons(); }, "the buttons to be up")
+        .release();
+    // The platform's loop ends at the first button that goes up, whichever it is.
+    gesture.run();
+    QTRY_VERIFY(!visual());
+    nextDragWorks();
+    const QStringList signalsSeen = recorder.take();
+    QCOMPARE(signalsSeen.count(text("source.dragActiveChanged [on]")), 2);
+    QCOMPARE(signalsSeen.last(), text("source.dragActiveChanged [off]"));
+}
+
+void TestDocumentDrags::touchDuringTheDrag()
+{
+    // A finger on another row while the pointer drags.
+    static QTouchDevice *const screen = QTest::createTouchDevice();
+    QQuickWindow *const window = m_view->window();
+    const QPoint at = m_view->item("other")->mapToScene({20, 20}).toPoint();
+    const QPoint over = positionIn(m_view->item("any"));
+    support::SignalRecorder recorder;
+    recorder.watch(source(), text("source"), {text("dragActiveChanged")},
+                   [this] { return active() ? text("on") : text("off"); });
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .then([&] { QTest::touchEvent(window, screen).press(0, at, window); })
+        .then([&] { QTest::touchEvent(window, screen).move(0, at + QPoint(9, 9), window); })
+        .then([&] { QTest::touchEvent(window, screen).move(0, at + QPoint(19, 9), window); })
+        .then([&] { QTest::touchEvent(window, screen).release(0, at + QPoint(19, 9), window); })
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    // No second drag starts inside the first; the lifted finger ends the platform's loop.
+    QCOMPARE(recorder.entries().count(text("source.dragActiveChanged [on]")), 1);
+    QTRY_VERIFY(!visual());
+    QTRY_VERIFY(!active());
+    nextDragWorks();
+}
+
+void TestDocumentDrags::sourceDisabledDuringTheDrag_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<QByteArray>("property");
+    for (const char *type : {"DragArea", "DragZone"}) {
+        for (const char *property : {"enabled", "visible", "dragEnabled"}) {
+            QTest::addRow("%s, %s", type, property) << QByteArray(type) << QByteArray(property);
+        }
+    }
+}
+
+void TestDocumentDrags::sourceDisabledDuringTheDrag()
+{
+    QFETCH(QByteArray, property);
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .then([&] { source()->setProperty(property, false); })
+        .hoverUntil(
+            over, [this] { return m_watch->moves > 3; }, "more moves")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(m_view->root()->property("drops").toInt(), 1);
+    // Without a release to come, the end of the loop is the end of the drag.
+    QTRY_VERIFY(!active());
+    QTRY_VERIFY(!visual());
+    source()->setProperty(property, true);
+    nextDragWorks();
+}
+
+void TestDocumentDrags::sourceDestroyedInsideASignal_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<QByteArray>("sender");
+    QTest::addColumn<QByteArray>("signal");
+    // Where the window or the platform is in the middle of an event with the source, it can only
+    // go when that is done, as QML's destroy() lets it.
+    QTest::addColumn<bool>("inAnEvent");
+    for (const char *type : {"DragArea", "DragZone"}) {
+        const auto row = [type](const char *sender, const char *signal, bool inAnEvent = false) {
+            QTest::addRow("%s, %s of the %s", type, signal, sender)
+                << QByteArray(type) << QByteArray(sender) << QByteArray(signal) << inAnEvent;
+        };
+        row("source", "dragActiveChanged", true);
+        row("source", "dragDocumentsChanged");
+        row("source", "dragDelegateChanged");
+        row("source", "dragEnabledChanged");
+        row("visual", "xChanged", true);
+        row("visual", "outsideChanged", true);
+        row("visual", "droppedChanged");
+        row("any", "containsDragChanged", true);
+        row("any", "entered", true);
+        row("any", "dropped", true);
+    }
+}
+
+void TestDocumentDrags::sourceDestroyedInsideASignal()
+{
+    QFETCH(QByteArray, sender);
+    QFETCH(QByteArray, signal);
+    QFETCH(bool, inAnEvent);
+    QPointer<QObject> doomed = source();
+    support::SignalRecorder recorder;
+    const auto watch = [&](QObject *object) {
+        recorder.watch(object, text("it"), {QString::fromLatin1(signal)}, [&] {
+            if (doomed && inAnEvent) {
+                doomed->deleteLater();
+            } else {
+                delete doomed.data();
+            }
+            return QString();
+        });
+    };
+    doomed->setProperty("state", text("delayed"));
+    if (signal == "dragActiveChanged") {
+        // Before the visual: an engine complains at its end about what was abandoned half made.
+        doomed->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
+    }
+    const QPoint over = positionIn(m_view->item("any"));
+    const QPoint outside = m_view->window()->position() + QPoint(0, 500);
+    const QPoint from = row();
+    if (sender != "visual") {
+        watch(m_view->find(QString::fromLatin1(sender)));
+    }
+    support::Gesture gesture;
+    gesture.move(from)
+        .press()
+        .glide(from, over)
+        .hoverUntil(
+            over, [&] { return !doomed || visual(); }, "the visual, or the end")
+        .then([&] {
+            if (doomed && sender == "visual") {
+                watch(visual());
+            }
+        })
+        .glide(over, outside)
+        .until([&] { return !doomed || visual()->property("outside").toBool(); },
+               "the visual to be outside, or the end")
+        .glide(outside, over)
+        .hoverUntil(
+            over, [&] { return !doomed || !visual()->property("outside").toBool(); },
+            "the visual to be inside again, or the end")
+        .then([&] {
+            if (doomed) {
+                doomed->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
+            }
+            if (doomed) {
+                delete m_view->find(text("c"));
+            }
+            if (doomed) {
+                doomed->setProperty("dragEnabled", false);
+            }
+        })
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QTRY_VERIFY(!doomed);
+    QVERIFY(!recorder.entries().isEmpty());
+    if (visual()) {
+        // It had asked to stay, and outlives its source.
+        QMetaObject::invokeMethod(visual(), "letGo");
+    }
+    QTRY_VERIFY(!visual());
+    QTest::mouseMove(m_view->window(), {5, 5});
 }
 
 QTEST_MAIN(TestDocumentDrags)
