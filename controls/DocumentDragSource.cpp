@@ -33,7 +33,7 @@ DocumentDragSource::~DocumentDragSource()
 {
     // First of all: cancelling sends a last leave to the window.
     watchWindow(nullptr);
-    abandonIncubation();
+    m_incubator.reset();
     if (m_visual) {
         m_visual->deleteLater();
     }
@@ -161,7 +161,10 @@ void DocumentDragSource::runDrag()
         m_loopRunning = false;
         m_drag.clear();
     }
-    abandonIncubation();
+    endIncubation();
+    if (!alive) {
+        return;
+    }
     if (m_state != Dragging) {
         // Ended or pressed anew meanwhile.
         cleanUp();
@@ -238,15 +241,17 @@ void DocumentDragSource::createVisual()
     if (!m_delegate || !m_delegate->isReady()) {
         return;
     }
+    m_incubated.clear();
     m_incubator = createIncubator();
-    // The incubation goes on inside the drag loop; what is not complete by its end is abandoned.
+    // The incubation goes on inside the drag loop; what is not complete by its end goes.
     m_delegate->create(*m_incubator, m_delegate->creationContext());
 }
 
 void DocumentDragSource::adoptVisual(QObject *object)
 {
+    m_incubated = object;
     auto *const item = qobject_cast<QQuickItem *>(object);
-    if (!item) {
+    if (!item || m_tooLate) {
         return;
     }
     QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
@@ -258,15 +263,30 @@ void DocumentDragSource::adoptVisual(QObject *object)
     }
 }
 
-void DocumentDragSource::abandonIncubation()
+/// Ends the incubation at the end of the drag loop: what is not a complete visual by now goes.
+///
+/// An engine counts what is merely abandoned as being made for ever, and as long as it makes
+/// something it keeps back its warnings about broken bindings. So what has been begun is destroyed,
+/// which the engine notices, and what has not is made and thrown away.
+void DocumentDragSource::endIncubation()
 {
     if (!m_incubator) {
         return;
     }
     const std::unique_ptr<QQmlIncubator> incubator = std::move(m_incubator);
-    QObject *const object = incubator->object();
-    if (incubator->isReady() && object && !qobject_cast<QQuickItem *>(object)) {
-        object->deleteLater();
+    if (incubator->isLoading()) {
+        const QPointer<QQuickItem> alive(source);
+        m_tooLate = true;
+        delete m_incubated.data();
+        incubator->forceCompletion();
+        if (QObject *const object = incubator->object()) {
+            object->deleteLater();
+        }
+        if (alive) {
+            m_tooLate = false;
+        }
+    } else if (m_incubated && !qobject_cast<QQuickItem *>(m_incubated)) {
+        m_incubated->deleteLater();
     }
 }
 

@@ -105,7 +105,7 @@ private:
     void watchWindow(QQuickWindow *window);
     void createVisual();
     void moveVisual(const QPointF &position);
-    void abandonIncubation();
+    void endIncubation();
     void removeVisual();
 
     void append(om::data::Document *document);
@@ -128,6 +128,10 @@ private:
     /// Where the filter sits, which need not be the source's window any more.
     QPointer<QQuickWindow> m_watchedWindow;
     std::unique_ptr<QQmlIncubator> m_incubator;
+    /// What the incubator handed out, complete or not.
+    QPointer<QObject> m_incubated;
+    /// Set while what comes out of the incubator is thrown away.
+    bool m_tooLate = false;
     QPointer<QQuickItem> m_visual;
 };
 

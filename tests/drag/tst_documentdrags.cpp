@@ -141,6 +141,8 @@ private Q_SLOTS:
     void oddDelegates();
     void delegateSlowerThanTheDrag_data() { sources(); }
     void delegateSlowerThanTheDrag();
+    void delayedVisualOutlivesAShortDrag_data() { sources(); }
+    void delayedVisualOutlivesAShortDrag();
     void windowDeactivatedDuringTheDrag_data() { sources(); }
     void windowDeactivatedDuringTheDrag();
     void focusLostDuringTheDrag_data() { sources(); }
@@ -616,6 +618,39 @@ void TestDocumentDrags::delegateSlowerThanTheDrag()
     support::Gesture gesture;
     dragOver(gesture, over).key(Qt::Key_Escape).release();
     QVERIFY2(gesture.run(), gesture.error());
+    source()->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
+    nextDragWorks();
+}
+
+void TestDocumentDrags::delayedVisualOutlivesAShortDrag()
+{
+    source()->setProperty("state", text("delayed"));
+    QPointer<QQuickItem> first;
+    const QPoint over = positionIn(m_view->item("any"));
+    support::Gesture gesture;
+    dragOver(gesture, over)
+        .hoverUntil(
+            over, [&] { return (first = visual()) != nullptr; }, "the visual")
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QTRY_VERIFY(!active());
+    QVERIFY(first);
+    first->setObjectName(text("first"));
+
+    // One that has no time for its own visual.
+    QQmlComponent component(m_view->engine());
+    component.setData("import QtQuick 2.12\nRow { objectName: \"visual\"\n"
+                      "Repeater { model: 3000; Item { property var list: [1, 2, 3] } } }",
+                      QUrl());
+    source()->setProperty("dragDelegate", QVariant::fromValue(&component));
+    m_watch->moves = 0;
+    support::Gesture flick;
+    dragOver(flick, over).key(Qt::Key_Escape).release();
+    QVERIFY2(flick.run(), flick.error());
+    QTRY_VERIFY(!visual());
+    QVERIFY(first);
+    QMetaObject::invokeMethod(first, "letGo");
+    QTRY_VERIFY(!first);
     source()->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
     nextDragWorks();
 }

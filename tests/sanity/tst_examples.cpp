@@ -138,7 +138,8 @@ void TestExamples::draggableDropHandler()
         .press()
         .glide(positionIn(card), over)
         .hoverUntil(
-            over, [&] { return zone->property("containsDrag").toBool(); }, "the board sees the card")
+            over, [&] { return zone->property("containsDrag").toBool(); },
+            "the board sees the card")
         .release()
         .until([&] { return !card->property("isDragged").toBool(); }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
@@ -214,7 +215,8 @@ void TestExamples::propertyEditor()
     click(saying("Report"));
     QTest::keyClick(m_view->window(), Qt::Key_A);
     QTest::keyClick(m_view->window(), Qt::Key_Return);
-    QObject *const document = the("om::controls::PropertyEditor")->property("document").value<QObject *>();
+    QObject *const document =
+        the("om::controls::PropertyEditor")->property("document").value<QObject *>();
     QCOMPARE(document->property("name").toString(), QStringLiteral("a"));
     // Escape and a press elsewhere give up.
     for (const bool escape : {true, false}) {

@@ -4,17 +4,16 @@
 // A drag source that knows nothing of Qt: a window and the X drag-and-drop protocol, as a file
 // manager of another toolkit has it. See ForeignProgram.h.
 
-#include <poll.h>
-#include <unistd.h>
-#include <xcb/xcb.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <poll.h>
 #include <string>
+#include <unistd.h>
+#include <xcb/xcb.h>
 
 namespace {
 
@@ -110,8 +109,8 @@ xcb_window_t Source::targetBelowThePointer()
             break;
         }
         xcb_get_property_reply_t *const aware = xcb_get_property_reply(
-            m_server,
-            xcb_get_property(m_server, 0, window, atom("XdndAware"), XCB_ATOM_ATOM, 0, 1), nullptr);
+            m_server, xcb_get_property(m_server, 0, window, atom("XdndAware"), XCB_ATOM_ATOM, 0, 1),
+            nullptr);
         if (aware && aware->type == XCB_ATOM_ATOM) {
             found = window;
         }
@@ -227,8 +226,8 @@ void Source::handle(const xcb_generic_event_t *event)
             break;
         }
         m_ready = true;
-        xcb_get_geometry_reply_t *const geometry = xcb_get_geometry_reply(
-            m_server, xcb_get_geometry(m_server, m_window), nullptr);
+        xcb_get_geometry_reply_t *const geometry =
+            xcb_get_geometry_reply(m_server, xcb_get_geometry(m_server, m_window), nullptr);
         if (geometry) {
             say("ready " + std::to_string(geometry->x) + ' ' + std::to_string(geometry->y) + ' '
                 + std::to_string(geometry->width) + ' ' + std::to_string(geometry->height));
