@@ -30,7 +30,7 @@ struct Stream
 {
     static constexpr int Front = 1;
 
-    alignas(16) std::uint64_t whole[StreamWords + 4];
+    alignas(16) std::uint64_t whole[StreamWords + 4]; ///< As they lie in memory.
     Pair down[StreamWords / 2 + 4]; ///< Odd bits for the left, even bits for the right.
     Pair up[StreamWords / 2 + 4];
 };
@@ -47,20 +47,24 @@ inline Pair swapBytes(Pair value)
         __builtin_shufflevector(quarters, quarters, 3, 2, 1, 0, 7, 6, 5, 4));
 }
 
-/// Moves the even bits (counted from the most significant) into the upper half of the word and the
-/// odd ones into the lower, in their order.
+/// Gathers the bits of 16 bytes, most significant first: the odd ones (counted from 0) in the first
+/// eight bytes, the even ones in the last.
 inline Pair unshuffle(Pair value)
 {
+    // In each byte the even bits to the upper half and the odd ones to the lower.
     Pair swapped = (value ^ value >> 1) & 0x2222222222222222ull;
     value ^= swapped ^ swapped << 1;
     swapped = (value ^ value >> 2) & 0x0c0c0c0c0c0c0c0cull;
     value ^= swapped ^ swapped << 2;
-    swapped = (value ^ value >> 4) & 0x00f000f000f000f0ull;
-    value ^= swapped ^ swapped << 4;
-    swapped = (value ^ value >> 8) & 0x0000ff000000ff00ull;
-    value ^= swapped ^ swapped << 8;
-    swapped = (value ^ value >> 16) & 0x00000000ffff0000ull;
-    return value ^ swapped ^ swapped << 16;
+    // Of each two bytes the halves that belong together; the second byte is the upper.
+    typedef std::uint16_t Twos __attribute__((vector_size(16)));
+    typedef std::uint8_t Bytes __attribute__((vector_size(16)));
+    const Twos twos = reinterpret_cast<Twos>(value);
+    const Twos odd = (twos << 4 & 0x00f0) | (twos >> 8 & 0x000f);
+    const Twos even = (twos & 0x00f0) | twos >> 12;
+    return reinterpret_cast<Pair>(
+        __builtin_shufflevector(reinterpret_cast<Bytes>(odd), reinterpret_cast<Bytes>(even), 0, 2,
+                                4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30));
 }
 
 template<typename Word>
@@ -87,15 +91,18 @@ void split(const unsigned char *codewords, int count)
     for (int index = 0; index < words + 2; index += 2) {
         Pair two;
         std::memcpy(&two, stream.whole + index, sizeof two);
-        two = swapBytes(two);
-        std::memcpy(stream.whole + index, &two, sizeof two);
-        // As quarters: odd 0, even 0, odd 1, even 1.
-        const Words quarters = reinterpret_cast<Words>(unshuffle(two));
-        const Pair down =
-            reinterpret_cast<Pair>(__builtin_shufflevector(quarters, quarters, 2, 0, 3, 1));
-        stream.down[Stream::Front + index / 2] = down;
-        stream.up[Stream::Front + index / 2] = swapBytes(reverseInBytes(down));
+        const Pair halves = unshuffle(two);
+        stream.down[Stream::Front + index / 2] = swapBytes(halves);
+        stream.up[Stream::Front + index / 2] = reverseInBytes(halves);
     }
+}
+
+/// 64 bits of all codewords from a position on, the first in the most significant.
+inline std::uint64_t readWhole(int position)
+{
+    const std::uint64_t *word = stream.whole + (position >> 6);
+    const int offset = position & 63;
+    return __builtin_bswap64(word[0]) << offset | __builtin_bswap64(word[1]) >> 1 >> (63 - offset);
 }
 
 /// 64 bits of both halves from a position on, in the order of reading. It may lie up to 64 bits in
@@ -192,7 +199,7 @@ inline int fillWord(std::uint64_t freeRight, std::uint64_t freeLeft, std::uint64
             const bool rightOnly = freeRight & here;
             count = runLength<Upwards>((rightOnly ? freeRight : freeLeft) & ~both, bit);
             run = runBits<Upwards>(bit, count);
-            std::uint64_t bits = readDown(stream.whole, position);
+            std::uint64_t bits = readWhole(position);
             bits = (Upwards ? reverse(bits) << bit : bits >> bit) & run;
             dark |= rightOnly ? Pair{0, bits} : Pair{bits, 0};
             position += count;
