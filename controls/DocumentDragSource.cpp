@@ -396,7 +396,8 @@ QQmlListProperty<Document> DocumentDragSource::documentList()
 
 void DocumentDragSource::append(Document *document)
 {
-    if (!document) {
+    // What JavaScript pushes arrives unchecked, whatever its type is.
+    if (!qobject_cast<Document *>(static_cast<QObject *>(document))) {
         return;
     }
     watchDocument(document);

@@ -42,7 +42,8 @@ public:
 
 void DropZone::Private::append(DropHandler *handler)
 {
-    if (!handler) {
+    // What JavaScript pushes arrives unchecked, whatever its type is.
+    if (!qobject_cast<DropHandler *>(static_cast<QObject *>(handler))) {
         return;
     }
     // Once, however often it is listed.

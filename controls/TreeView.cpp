@@ -129,6 +129,10 @@ QQmlComponent *TreeView::Private::component(int type) const
 
 void TreeView::Private::appendRoot(Document *document)
 {
+    // What JavaScript pushes arrives unchecked, whatever its type is.
+    if (document && !qobject_cast<Document *>(static_cast<QObject *>(document))) {
+        return;
+    }
     rootDocuments.append(document);
     if (document && !rootWatches.contains(document)) {
         rootWatches.insert(document,

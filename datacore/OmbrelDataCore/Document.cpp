@@ -152,7 +152,9 @@ void Document::Private::emitContextChangedIfNot(Context *before, Document *top)
 
 void Document::Private::append(QQmlListProperty<Document> *list, Document *child)
 {
-    static_cast<Document *>(list->object)->appendChild(child);
+    // What JavaScript pushes arrives unchecked, whatever its type is.
+    auto *const document = qobject_cast<Document *>(static_cast<QObject *>(child));
+    static_cast<Document *>(list->object)->appendChild(document);
 }
 
 int Document::Private::count(QQmlListProperty<Document> *list)

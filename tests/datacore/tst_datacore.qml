@@ -120,6 +120,14 @@ TestCase {
         compare(ids(albumDocument), "hills");
     }
 
+    function test_otherObjectsAreRefused() {
+        otherDocument.children.push(testCase);
+        otherDocument.children.push(shelf);
+        compare(otherDocument.children.length, 0);
+        otherDocument.children = [testCase];
+        compare(otherDocument.children.length, 0);
+    }
+
     function test_ancestorIsRefused() {
         note.children = [albumDocument];
         compare(note.children.length, 0);

@@ -244,6 +244,19 @@ Item {
             compare(root.log, []);
         }
 
+        function test_only_documents_are_listed_data() {
+            return [ { tag: "area", source: area }, { tag: "zone", source: zone } ];
+        }
+        function test_only_documents_are_listed(row) {
+            const before = row.source.dragDocuments.length;
+            row.source.dragDocuments.push(testCase);
+            compare(row.source.dragDocuments.length, before);
+            row.source.dragDocuments.push(letter);
+            compare(row.source.dragDocuments.length, before + 1);
+            row.source.dragDocuments = before === 1 ? [photo] : [photo, letter];
+            compare(row.source.dragDocuments.length, before);
+        }
+
         function test_faces() {
             compare(zone.dragEnabled, true);
             compare(zone.dragActive, false);

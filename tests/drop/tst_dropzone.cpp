@@ -41,9 +41,9 @@ QStringList words(const char *text)
 class Handler : public DropHandler
 {
 public:
-    explicit Handler(const char *name, bool takes = true)
-        : m_name(QString::fromLatin1(name))
-        , m_takes(takes)
+    explicit Handler(const char *name, bool willTake = true)
+        : takes(willTake)
+        , m_name(QString::fromLatin1(name))
     {
         const auto note = [this](const char *what) {
             return [this, what] { happened.append(m_name + QString::fromLatin1(what)); };
@@ -61,7 +61,7 @@ public:
         if (whenAsked) {
             whenAsked();
         }
-        return m_takes;
+        return takes;
     }
     QVariant dropData(const QMimeData *) override
     {
@@ -72,10 +72,10 @@ public:
     const QMimeData *asked = nullptr;
     std::function<void()> whenAsked;
     QVariant payload = 1;
+    bool takes;
 
 private:
     const QString m_name;
-    const bool m_takes;
 };
 
 void append(DropZone *zone, DropHandler *handler)
@@ -264,6 +264,11 @@ private Q_SLOTS:
     void eventsInAWindowAreInTheZonesCoordinates();
     void disabledZoneGetsNothing();
 
+    void zoneTurnedOffDuringADrag_data();
+    void zoneTurnedOffDuringADrag();
+    void enteredTwice();
+    void enteredTwiceAndRefused();
+    void leftTwice();
     void dragFromAnotherProcessHasNoSource();
     void sourceThatDiesDuringTheDrag();
     void mimeDataThatDiesInsideContainsDragChanged();
@@ -925,6 +930,95 @@ void TestDropZone::disabledZoneGetsNothing()
     takeHappened();
     dragOver(&window, true);
     QCOMPARE(takeHappened(), QStringList());
+}
+
+void TestDropZone::zoneTurnedOffDuringADrag_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::newRow("disabled") << QByteArray("enabled");
+    QTest::newRow("hidden") << QByteArray("visible");
+}
+
+void TestDropZone::zoneTurnedOffDuringADrag()
+{
+    QFETCH(QByteArray, property);
+    QQuickWindow window;
+    window.resize(200, 200);
+    DropZone zone(window.contentItem());
+    zone.setSize({200, 200});
+    Handler a("a");
+    append(&zone, &a);
+    watch(&zone);
+    support::DragEvents drag(&window);
+    drag.enter();
+    drag.move();
+    QVERIFY(zone.containsDrag());
+    zone.setProperty(property, false);
+    takeHappened();
+    // The window looks at its next event only.
+    drag.move({20, 20});
+    drag.leave();
+    QVERIFY(!zone.containsDrag());
+    QCOMPARE(takeHappened(), words("a.exited containsDragChanged"));
+    zone.setProperty(property, true);
+    drag.enter();
+    drag.move();
+    QVERIFY(zone.containsDrag());
+    drag.leave();
+    takeHappened();
+}
+
+void TestDropZone::enteredTwice()
+{
+    Handler a("a");
+    DropZone zone;
+    append(&zone, &a);
+    watch(&zone);
+    support::DragEvents drag(&zone);
+    drag.enter();
+    takeHappened();
+    QVERIFY(drag.enter());
+    QCOMPARE(takeHappened(), words("a.canHandle containsDragChanged a.dropData a.entered"));
+    QVERIFY(zone.containsDrag());
+    drag.leave();
+    QCOMPARE(takeHappened(), words("a.exited containsDragChanged"));
+    QVERIFY(!zone.containsDrag());
+}
+
+void TestDropZone::enteredTwiceAndRefused()
+{
+    // A refused drag is refused, and nothing else: the drag before it goes on.
+    Handler a("a");
+    DropZone zone;
+    append(&zone, &a);
+    watch(&zone);
+    support::DragEvents drag(&zone);
+    drag.enter();
+    a.takes = false;
+    takeHappened();
+    QVERIFY(!drag.enter());
+    QCOMPARE(takeHappened(), words("a.canHandle"));
+    QVERIFY(zone.containsDrag());
+    drag.leave();
+    QCOMPARE(takeHappened(), words("a.exited containsDragChanged"));
+}
+
+void TestDropZone::leftTwice()
+{
+    Handler a("a");
+    DropZone zone;
+    append(&zone, &a);
+    watch(&zone);
+    support::DragEvents drag(&zone);
+    drag.enter();
+    drag.leave();
+    takeHappened();
+    drag.leave();
+    drag.move();
+    QCOMPARE(takeHappened(), QStringList());
+    // A drop without anything before it tells only that there is nothing.
+    drag.drop();
+    QCOMPARE(takeHappened(), words("containsDragChanged"));
 }
 
 void TestDropZone::dragFromAnotherProcessHasNoSource()

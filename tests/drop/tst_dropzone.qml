@@ -63,6 +63,40 @@ TestCase {
         compare(changed.count, 4);
     }
 
+    function test_listFromJavaScript_data() {
+        return [
+            { tag: "a handler pushed", length: 4, changes: 1,
+              run: zone => zone.dropHandlers.push(create("FileDropHandler {}")) },
+            { tag: "another object pushed", length: 3, changes: 0,
+              run: zone => zone.dropHandlers.push(testCase) },
+            { tag: "null pushed", length: 3, changes: 0,
+              run: zone => zone.dropHandlers.push(null) },
+            { tag: "length set", length: 0, changes: 1,
+              run: zone => { zone.dropHandlers.length = 0; } },
+            { tag: "null assigned", length: 0, changes: 1,
+              run: zone => { zone.dropHandlers = null; } },
+            { tag: "undefined assigned", length: 3, changes: 0,
+              run: zone => { zone.dropHandlers = undefined; } },
+            { tag: "null and a handler assigned", length: 1, changes: 2,
+              run: zone => { zone.dropHandlers = [null, zone.first]; } },
+            { tag: "another object assigned", length: 0, changes: 1,
+              run: zone => { zone.dropHandlers = [testCase]; } },
+            { tag: "values assigned", length: 0, changes: 1,
+              run: zone => { zone.dropHandlers = ["x", 3]; } }
+        ];
+    }
+
+    function test_listFromJavaScript(row) {
+        const zone = createTemporaryObject(zoneComponent, testCase);
+        const changed = createTemporaryObject(spy, testCase, {
+            target: zone, signalName: "dropHandlersChanged" });
+        try { row.run(zone); } catch (error) { /* The engine's own refusals. */ }
+        compare(zone.dropHandlers.length, row.length);
+        compare(changed.count, row.changes);
+        for (let i = 0; i < zone.dropHandlers.length; ++i)
+            verify(zone.dropHandlers[i] instanceof DropHandler);
+    }
+
     function test_destroyedHandlersLeaveTheList() {
         const zone = createTemporaryObject(zoneComponent, testCase);
         const changed = createTemporaryObject(spy, testCase, {

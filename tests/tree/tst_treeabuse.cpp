@@ -47,6 +47,7 @@ class TestTreeAbuse : public QObject
 private Q_SLOTS:
     void documentsDeletedWhileShown();
     void rootsDeleted();
+    void otherObjectsPushedAsRoots();
     void contextDeletedFirst();
     void changedFromADelegatesCompletion();
     void changedFromIndexRebuilt();
@@ -114,6 +115,17 @@ void TestTreeAbuse::rootsDeleted()
     QCOMPARE(changed.count(), 2);
     f.settle();
     QCOMPARE(f.shown(), QString("e"));
+}
+
+void TestTreeAbuse::otherObjectsPushedAsRoots()
+{
+    TreeFixture f;
+    f.fill();
+    const int roots = f.call("tree.rootDocuments.length").toInt();
+    f.call("tree.rootDocuments.push(tree)");
+    QCOMPARE(f.call("tree.rootDocuments.length").toInt(), roots);
+    f.settle();
+    QCOMPARE(f.shown(), QString("a .b ..c .d e"));
 }
 
 void TestTreeAbuse::contextDeletedFirst()
