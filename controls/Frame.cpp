@@ -31,7 +31,7 @@ public:
 void Frame::Private::attach(QQuickWindow *newWindow)
 {
     if (window) {
-        QObject::disconnect(window, nullptr, q, nullptr);
+        QObject::disconnect(window, &QQuickWindow::beforeSynchronizing, q, &Frame::updateGeometry);
     }
     window = newWindow;
     attached = true;

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void frameCallsTheBaseOnlyAsStated();
     void frameDestroyedTakesItsRing();
     void framesWindowClosedFirst();
+    void frameLeavesOtherConnectionsAlone();
     void frameAtNoPlaceAsksForNoFrames();
 
 private:
@@ -485,6 +486,23 @@ void TestSceneGraph::framesWindowClosedFirst()
     framesWhileIdle(&window, 0);
     QCOMPARE(pixelError(grab(&window), {66, 50}, Qt::red), QString());
     frame.reset();
+}
+
+/// A Frame that changes windows stops following the old one; what the application has connected
+/// goes on.
+void TestSceneGraph::frameLeavesOtherConnectionsAlone()
+{
+    QQuickWindow first;
+    QQuickWindow second;
+    show(first);
+    show(second);
+    QQuickItem *frame = make(&first, frameQml);
+    int resized = 0;
+    connect(&first, &QWindow::widthChanged, frame, [&resized] { ++resized; });
+    frame->setParentItem(second.contentItem());
+    QTRY_COMPARE(ring(frame)->window(), &second);
+    first.resize(250, 150);
+    QTRY_COMPARE(resized, 1);
 }
 
 void TestSceneGraph::frameAtNoPlaceAsksForNoFrames()
