@@ -64,6 +64,8 @@ void TestVertices::dashedBorder()
     QCOMPARE(text(dashedBorderVertices(30, 20)), QStringLiteral("0,0 30,0 30,20 0,20"));
     QCOMPARE(text(dashedBorderVertices(0, 0)), QStringLiteral("0,0 0,0 0,0 0,0"));
     QCOMPARE(text(dashedBorderVertices(-3, 20)), QStringLiteral("0,0 -3,0 -3,20 0,20"));
+    QCOMPARE(text(dashedBorderVertices(1e9, 1e38)),
+             QStringLiteral("0,0 1e+09,0 1e+09,1e+38 0,1e+38"));
 }
 
 void TestVertices::frame()
@@ -154,6 +156,8 @@ void TestVertices::extentsThatAreNoPlaceCollapse_data()
     QTest::newRow("not a number") << notANumber;
     QTest::newRow("infinite") << infinity;
     QTest::newRow("minus infinite") << -infinity;
+    QTest::newRow("more than a float can be") << 1e300;
+    QTest::newRow("less than a float can be") << -1e300;
 }
 
 void TestVertices::extentsThatAreNoPlaceCollapse()
