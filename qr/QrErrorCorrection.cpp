@@ -314,6 +314,14 @@ inline Pair zipFours(Fours first, Fours second)
         __builtin_shufflevector(first, second, at, at + 4, at + 1, at + 5));
 }
 
+inline void storeColumns(Pair two, unsigned char *columns, int step)
+{
+    const std::uint64_t first = two[0];
+    const std::uint64_t second = two[1];
+    std::memcpy(columns, &first, sizeof first);
+    std::memcpy(columns + step, &second, sizeof second);
+}
+
 /// Writes the columns of a square of 8 x 8 bytes \a step bytes apart.
 inline void transpose(const std::uint64_t (&rows)[8], unsigned char *columns, int step)
 {
@@ -325,15 +333,10 @@ inline void transpose(const std::uint64_t (&rows)[8], unsigned char *columns, in
     const Fours right = zipTwos<true>(first, second);
     const Fours leftBelow = zipTwos<false>(third, fourth);
     const Fours rightBelow = zipTwos<true>(third, fourth);
-    const Pair pairs[4] = {zipFours<false>(left, leftBelow), zipFours<true>(left, leftBelow),
-                           zipFours<false>(right, rightBelow), zipFours<true>(right, rightBelow)};
-#pragma GCC unroll 4
-    for (int index = 0; index < 4; ++index, columns += 2 * step) {
-        const std::uint64_t column = pairs[index][0];
-        const std::uint64_t next = pairs[index][1];
-        std::memcpy(columns, &column, sizeof column);
-        std::memcpy(columns + step, &next, sizeof next);
-    }
+    storeColumns(zipFours<false>(left, leftBelow), columns, step);
+    storeColumns(zipFours<true>(left, leftBelow), columns + 2 * step, step);
+    storeColumns(zipFours<false>(right, rightBelow), columns + 4 * step, step);
+    storeColumns(zipFours<true>(right, rightBelow), columns + 6 * step, step);
 }
 
 /// Blocks behind one another, the first ones a byte shorter than the others.

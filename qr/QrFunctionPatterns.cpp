@@ -143,9 +143,10 @@ void placeVersionInformation(int version, int size, Boards &boards)
         const unsigned three = information >> 3 * line;
         addBits(boards.function, line, far, 3, 7);
         addBits(boards.modules, line, far, 3, (three & 1) << 2 | (three & 2) | (three & 4) >> 2);
-        for (int column = 0; column < 3; ++column)
-            boards.modules.words[0][far + column] |= std::uint64_t(three >> column & 1)
-                << (63 - line);
+        for (int column = 0; column < 3; ++column) {
+            const std::uint64_t dark = three >> column & 1;
+            boards.modules.words[0][far + column] |= dark << (63 - line);
+        }
     }
     for (int column = far; column < far + 3; ++column)
         boards.function.words[0][column] |= 0x3full << 58;
