@@ -9,6 +9,7 @@
 #include <QProcess>
 #include <QQmlComponent>
 #include <QQmlEngine>
+#include <QRegularExpression>
 #include <QResource>
 #include <QStandardPaths>
 #include <QTest>
@@ -29,6 +30,7 @@ private Q_SLOTS:
     void spriteHasTwelveFrames();
     void cursorShowsOnLightAndDark();
     void scriptAndFilesAgree();
+    void pageTellsOfEachPicture();
 };
 
 namespace {
@@ -276,6 +278,41 @@ void TestResources::scriptAndFilesAgree()
                  {QStringLiteral("--check")});
     QVERIFY(render.waitForFinished(120000));
     QVERIFY2(render.exitCode() == 0, render.readAll().constData());
+}
+
+/// The reference page names each image and icon with its size, and no other.
+void TestResources::pageTellsOfEachPicture()
+{
+    QFile page(qEnvironmentVariable("OMBREL_SOURCE_DIR")
+               + QStringLiteral("/docs/reference/Images.md"));
+    QVERIFY(page.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(page.readAll());
+    QStringList told;
+    const QRegularExpression section(QStringLiteral("## `qrc:/controls/(\\w+)/`\n([^#]*)"));
+    const QRegularExpression entry(QStringLiteral("\\| `(\\S+)` \\| (\\d+) × (\\d+) \\|"));
+    for (auto sections = section.globalMatch(text); sections.hasNext();) {
+        const QRegularExpressionMatch tree = sections.next();
+        // The end of one entry is the beginning of the next.
+        QRegularExpressionMatch match = entry.match(tree.captured(2));
+        while (match.hasMatch()) {
+            told.append(QStringLiteral("%1/%2 %3 %4")
+                            .arg(tree.captured(1), match.captured(1), match.captured(2),
+                                 match.captured(3)));
+            match = entry.match(tree.captured(2), match.capturedEnd() - 1);
+        }
+    }
+    QStringList expected;
+    for (const File &file : carried) {
+        if (file.width > 0) {
+            expected.append(QStringLiteral("%1 %2 %3")
+                                .arg(QString::fromLatin1(file.path))
+                                .arg(file.width)
+                                .arg(file.height));
+        }
+    }
+    told.sort();
+    expected.sort();
+    QCOMPARE(told, expected);
 }
 
 QTEST_GUILESS_MAIN(TestResources)
