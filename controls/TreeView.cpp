@@ -92,6 +92,7 @@ private:
     static const Numbers &numbers()
     {
         static const Numbers known;
+        Q_ASSERT(known.line != QMetaType::UnknownType);
         return known;
     }
 
