@@ -3,7 +3,7 @@
 #
 # What the commands in this folder share. Sourced, not run.
 
-root=$(cd "$(dirname "$0")/.." && pwd) || exit 1
+root=$(cd "$(dirname "$(readlink -f "$0")")/.." && pwd) || exit 1
 
 say() { printf '%s: %s\n' "$(basename "$0")" "$*"; }
 die() { say "$*" >&2; exit 1; }
