@@ -23,17 +23,9 @@ function(ombrel_qml_module target)
     cmake_parse_arguments(arg "" "URI;QMLDIR" "DEPENDS" ${ARGN})
     string(REPLACE "." "/" path "${arg_URI}")
     set(dir "${OMBREL_BUILD_QML_DIR}/${path}")
-    # The installed plugin finds the data core without help.
-    if(IS_ABSOLUTE "${OMBREL_QML_DIR}")
-        set(rpath "${CMAKE_INSTALL_FULL_LIBDIR}")
-    else()
-        file(RELATIVE_PATH rpath "/${OMBREL_QML_DIR}/${path}" "/${CMAKE_INSTALL_LIBDIR}")
-        set(rpath "$ORIGIN/${rpath}")
-    endif()
     set_target_properties(${target} PROPERTIES
         LIBRARY_OUTPUT_DIRECTORY "${dir}"
-        PREFIX "lib"
-        INSTALL_RPATH "${rpath}")
+        PREFIX "lib")
     configure_file("${arg_QMLDIR}" "${dir}/qmldir" COPYONLY)
 
     set(types "${dir}/plugins.qmltypes")
@@ -47,7 +39,8 @@ function(ombrel_qml_module target)
         VERBATIM)
     add_custom_target(${target}_types ALL DEPENDS "${types}")
 
-    # The libraries of the same prefix, wherever that is moved to.
+    # The installed plugin finds the data core without help: in the libraries of the same prefix,
+    # wherever that is moved to.
     cmake_path(ABSOLUTE_PATH OMBREL_QML_DIR BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}"
                OUTPUT_VARIABLE installed_dir)
     file(RELATIVE_PATH to_libraries "${installed_dir}/${path}" "${CMAKE_INSTALL_FULL_LIBDIR}")
