@@ -256,11 +256,8 @@ QQuickItem *TestDocumentDrags::visual() const
 support::Gesture &TestDocumentDrags::dragOver(support::Gesture &gesture, const QPoint &over)
 {
     const QPoint from = row();
-    return gesture.move(from)
-        .press()
-        .glide(from, over)
-        .hoverUntil(
-            over, [this] { return m_watch->moves > 0; }, "the window to see the drag");
+    return gesture.drag(
+        from, over, [this] { return m_watch->moves > 0; }, "the window to see the drag");
 }
 
 void TestDocumentDrags::nextDragWorks()
@@ -271,11 +268,10 @@ void TestDocumentDrags::nextDragWorks()
     const QPoint from = positionIn(m_view->item("other"));
     const QPoint over = positionIn(m_view->item("any"));
     support::Gesture gesture;
-    gesture.move(from)
-        .press()
-        .glide(from, over)
-        .hoverUntil(
-            over, [this] { return m_view->find(text("any"))->property("containsDrag").toBool(); },
+    gesture
+        .drag(
+            from, over,
+            [this] { return m_view->find(text("any"))->property("containsDrag").toBool(); },
             "the next drag")
         .release();
     QVERIFY2(gesture.run(), gesture.error());
@@ -357,11 +353,10 @@ void TestDocumentDrags::payloadReachesAnotherProgram()
     const QPoint over = target.geometry().center();
     const QPoint from = row();
     support::Gesture gesture;
-    gesture.move(from)
-        .press()
-        .glide(from, over)
-        .hoverUntil(
-            over, [&] { return target.count(text("move")) > 1; }, "the other program's answer")
+    gesture
+        .drag(
+            from, over, [&] { return target.count(text("move")) > 1; },
+            "the other program's answer")
         .release()
         .until([&] { return target.count(text("drop")) == 1; }, "the drop in the other program");
     QVERIFY2(gesture.run(), gesture.error());
@@ -864,11 +859,9 @@ void TestDocumentDrags::sourceDestroyedInsideASignal()
         watch(m_view->find(QString::fromLatin1(sender)));
     }
     support::Gesture gesture;
-    gesture.move(from)
-        .press()
-        .glide(from, over)
-        .hoverUntil(
-            over, [&] { return !doomed || visual(); }, "the visual, or the end")
+    gesture
+        .drag(
+            from, over, [&] { return !doomed || visual(); }, "the visual, or the end")
         .then([&] {
             if (doomed && sender == "visual") {
                 watch(visual());

@@ -127,11 +127,8 @@ support::Gesture &TestDraggable::dragOver(support::Gesture &gesture, const QPoin
 {
     m_watch->moves = 0;
     const QPoint from = positionIn(card(), 10, 10);
-    return gesture.move(from)
-        .press()
-        .glide(from, target)
-        .hoverUntil(
-            target, [this] { return m_watch->moves > 2; }, "the window to see the drag");
+    return gesture.drag(
+        from, target, [this] { return m_watch->moves > 2; }, "the window to see the drag");
 }
 
 void TestDraggable::nextDragWorks()
@@ -172,11 +169,9 @@ void TestDraggable::payloadReachesAnotherProgram()
     const QPoint to = target.geometry().center();
     const QPoint from = positionIn(card());
     support::Gesture gesture;
-    gesture.move(from)
-        .press()
-        .glide(from, to)
-        .hoverUntil(
-            to, [&] { return target.count(text("move")) > 1; }, "the other program's answer")
+    gesture
+        .drag(
+            from, to, [&] { return target.count(text("move")) > 1; }, "the other program's answer")
         .release()
         .until([&] { return target.count(text("drop")) == 1; }, "the drop in the other program");
     QVERIFY2(gesture.run(), gesture.error());

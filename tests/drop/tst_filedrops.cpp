@@ -294,11 +294,9 @@ void TestFileDrops::filesThatLeaveAgain()
     const QPoint over = support::positionIn(zone);
     const QPoint home = source.geometry().center();
     support::Gesture gesture;
-    gesture.move(home)
-        .press()
-        .glide(home, over)
-        .hoverUntil(
-            over, [&] { return zone->property("containsDrag").toBool(); }, "the drag")
+    gesture
+        .drag(
+            home, over, [&] { return zone->property("containsDrag").toBool(); }, "the drag")
         .glide(over, home)
         .hoverUntil(
             home, [&] { return !zone->property("containsDrag").toBool(); }, "the leave")
@@ -323,11 +321,9 @@ void TestFileDrops::cancelledInAnotherProgram()
     const QPoint over = support::positionIn(zone);
     const QPoint home = source.geometry().center();
     support::Gesture gesture;
-    gesture.move(home)
-        .press()
-        .glide(home, over)
-        .hoverUntil(
-            over, [&] { return zone->property("containsDrag").toBool(); }, "the drag")
+    gesture
+        .drag(
+            home, over, [&] { return zone->property("containsDrag").toBool(); }, "the drag")
         .key(Qt::Key_Escape)
         .until([&] { return source.count(text("result")) > 0; }, "the end of the drag")
         .until([&] { return !zone->property("containsDrag").toBool(); }, "the leave")
@@ -349,11 +345,10 @@ void TestFileDrops::hundredThousandFilesFromAnotherProgram()
     const QPoint over = support::positionIn(zone);
     support::Gesture gesture;
     gesture.setPatience(60000);
-    gesture.move(source.geometry().center())
-        .press()
-        .glide(source.geometry().center(), over)
-        .hoverUntil(
-            over, [&] { return view.root()->property("moves").toInt() > 0; }, "the drag")
+    gesture
+        .drag(
+            source.geometry().center(), over,
+            [&] { return view.root()->property("moves").toInt() > 0; }, "the drag")
         .release()
         .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
@@ -376,11 +371,10 @@ void TestFileDrops::oddUrlsFromAnotherProgram()
     auto *zone = view.item("zone");
     const QPoint over = support::positionIn(zone);
     support::Gesture gesture;
-    gesture.move(source.geometry().center())
-        .press()
-        .glide(source.geometry().center(), over)
-        .hoverUntil(
-            over, [&] { return view.root()->property("moves").toInt() > 0; }, "the drag")
+    gesture
+        .drag(
+            source.geometry().center(), over,
+            [&] { return view.root()->property("moves").toInt() > 0; }, "the drag")
         .release()
         .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
@@ -482,11 +476,10 @@ void TestFileDrops::zoneDestroyedUnderARealDrag()
     QPointer<QQuickItem> zone(view.item("zone"));
     const QPoint over = support::positionIn(zone);
     support::Gesture gesture;
-    gesture.move(source.geometry().center())
-        .press()
-        .glide(source.geometry().center(), over)
-        .hoverUntil(
-            over, [&] { return zone->property("containsDrag").toBool(); }, "the drag")
+    gesture
+        .drag(
+            source.geometry().center(), over,
+            [&] { return zone->property("containsDrag").toBool(); }, "the drag")
         .then([&] { zone->deleteLater(); })
         .until([&] { return !zone; }, "the zone's end")
         .move(over + QPoint(3, 3))
@@ -508,11 +501,10 @@ void TestFileDrops::windowDestroyedUnderARealDrag()
     QPointer<QQuickItem> zone(view.item("zone"));
     const QPoint over = support::positionIn(zone);
     support::Gesture gesture;
-    gesture.move(source.geometry().center())
-        .press()
-        .glide(source.geometry().center(), over)
-        .hoverUntil(
-            over, [&] { return zone->property("containsDrag").toBool(); }, "the drag")
+    gesture
+        .drag(
+            source.geometry().center(), over,
+            [&] { return zone->property("containsDrag").toBool(); }, "the drag")
         .then([&] { view.close(); })
         .until([&] { return !zone; }, "the window's end")
         .move(over + QPoint(3, 3))

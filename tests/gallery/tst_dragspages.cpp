@@ -128,11 +128,9 @@ void TestDragsPages::noPadTakesADragArea()
     const QPoint over = support::positionIn(pad);
 
     support::Gesture gesture;
-    gesture.move(from)
-        .press()
-        .glide(from, over)
-        .hoverUntil(
-            over, [&] { return content->childItems().size() > before; },
+    gesture
+        .drag(
+            from, over, [&] { return content->childItems().size() > before; },
             "the card under the cursor")
         .release()
         .until([&] { return content->childItems().size() == before; }, "the card to go");
@@ -155,11 +153,9 @@ void TestDragsPages::cardKeepsItsSizeInAnotherColumn()
     const QPoint over = support::positionIn(column);
 
     support::Gesture gesture;
-    gesture.move(from)
-        .press()
-        .glide(from, over)
-        .hoverUntil(
-            over,
+    gesture
+        .drag(
+            from, over,
             [&] {
                 return support::itemsOf(column, "om::controls::DropZone")
                     .value(0)

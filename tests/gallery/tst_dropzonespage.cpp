@@ -139,11 +139,9 @@ void TestDropZonesPage::eachZoneTakesItsOwnFromTheShelf()
     const QPoint from = support::positionIn(allCard(), 40, 30);
     const QPoint over = support::positionIn(target);
     support::Gesture gesture;
-    gesture.move(from)
-        .press()
-        .glide(from, over)
-        .hoverUntil(
-            over, [&] { return target->property("over").toBool(); }, "the drag")
+    gesture
+        .drag(
+            from, over, [&] { return target->property("over").toBool(); }, "the drag")
         .release()
         .until([&] { return !target->property("over").toBool(); }, "the drop");
     QVERIFY2(gesture.run(), gesture.error());
@@ -159,11 +157,9 @@ void TestDropZonesPage::overAZoneItSaysWhatItWouldTake()
     const QPoint over = support::positionIn(target);
     QStringList during;
     support::Gesture gesture;
-    gesture.move(from)
-        .press()
-        .glide(from, over)
-        .hoverUntil(
-            over, [&] { return target->property("over").toBool(); }, "the drag")
+    gesture
+        .drag(
+            from, over, [&] { return target->property("over").toBool(); }, "the drag")
         .then([&] { during = support::textsOn(target); })
         .glide(over, from)
         .hoverUntil(
@@ -190,11 +186,10 @@ void TestDropZonesPage::filesFromAnotherProgram()
     scrollTo(target);
     const QPoint over = support::positionIn(target);
     support::Gesture gesture;
-    gesture.move(source.geometry().center())
-        .press()
-        .glide(source.geometry().center(), over)
-        .hoverUntil(
-            over, [&] { return target->property("over").toBool(); }, "the drag")
+    gesture
+        .drag(
+            source.geometry().center(), over, [&] { return target->property("over").toBool(); },
+            "the drag")
         .release()
         .until([&] { return source.count(text("result")) > 0; }, "the drop");
     QVERIFY2(gesture.run(), gesture.error());
@@ -212,11 +207,9 @@ void TestDropZonesPage::suffixesThatAreEditedCount()
     const QPoint from = support::positionIn(allCard(), 40, 30);
     const QPoint over = support::positionIn(target);
     support::Gesture gesture;
-    gesture.move(from)
-        .press()
-        .glide(from, over)
-        .hoverUntil(
-            over, [&] { return target->property("over").toBool(); }, "the drag")
+    gesture
+        .drag(
+            from, over, [&] { return target->property("over").toBool(); }, "the drag")
         .release()
         .until([&] { return !target->property("over").toBool(); }, "the drop");
     QVERIFY2(gesture.run(), gesture.error());

@@ -198,11 +198,9 @@ void TestTreePage::rowIsDraggedOut()
     m_view->window()->installEventFilter(&watch);
 
     support::Gesture gesture;
-    gesture.move(from)
-        .press()
-        .glide(from, over)
-        .hoverUntil(
-            over, [&] { return target->property("containsDrag").toBool(); },
+    gesture
+        .drag(
+            from, over, [&] { return target->property("containsDrag").toBool(); },
             "the field to take the row")
         .release()
         .until([&] { return itemWith(m_demo, "text", text("text dropped")); }, "the drop");

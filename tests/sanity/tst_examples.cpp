@@ -95,12 +95,10 @@ void TestExamples::documentDropHandler()
     QQuickItem *const document = the("QQuickMouseArea");
     QQuickItem *const zone = the("om::controls::DropZone");
     Gesture gesture;
-    gesture.move(positionIn(document))
-        .press()
-        .glide(positionIn(document), positionIn(zone))
-        .hoverUntil(
-            positionIn(zone), [&] { return zone->property("containsDrag").toBool(); },
-            "the zone sees the document")
+    gesture
+        .drag(
+            positionIn(document), positionIn(zone),
+            [&] { return zone->property("containsDrag").toBool(); }, "the zone sees the document")
         .release()
         .until([this] { return saying("Portrait"); }, "its name");
     QVERIFY2(gesture.run(), gesture.error());
@@ -113,11 +111,9 @@ void TestExamples::draggable()
     const QPoint from = positionIn(card);
     bool moved = false;
     Gesture gesture;
-    gesture.move(from)
-        .press()
-        .glide(from, from + QPoint(90, 60))
-        .hoverUntil(
-            from + QPoint(90, 60), [&] { return card->x() > 60; }, "the card follows")
+    gesture
+        .drag(
+            from, from + QPoint(90, 60), [&] { return card->x() > 60; }, "the card follows")
         .then([&] { moved = true; })
         .release()
         .until([&] { return !card->property("isDragged").toBool(); }, "the end of the drag");
@@ -134,11 +130,9 @@ void TestExamples::draggableDropHandler()
     const QRectF before = card->mapRectToScene(card->boundingRect());
     const QPoint over = positionIn(zone, 160, 160);
     Gesture gesture;
-    gesture.move(positionIn(card))
-        .press()
-        .glide(positionIn(card), over)
-        .hoverUntil(
-            over, [&] { return zone->property("containsDrag").toBool(); },
+    gesture
+        .drag(
+            positionIn(card), over, [&] { return zone->property("containsDrag").toBool(); },
             "the board sees the card")
         .release()
         .until([&] { return !card->property("isDragged").toBool(); }, "the end of the drag");

@@ -101,6 +101,11 @@ Gesture &Gesture::hoverUntil(const QPoint &position, Condition condition, const 
         QString::fromUtf8(what));
 }
 
+Gesture &Gesture::drag(const QPoint &from, const QPoint &to, Condition condition, const char *what)
+{
+    return move(from).press().glide(from, to).hoverUntil(to, std::move(condition), what);
+}
+
 Gesture &Gesture::then(std::function<void()> function)
 {
     // Not from the timer itself, which would not fire again before the function has returned.

@@ -20,8 +20,7 @@ namespace support {
 /// while the code under test sits in a loop of its own, as QDrag::exec() does.
 ///
 ///     Gesture gesture;
-///     gesture.move(from).press().glide(from, over)
-///            .until([&] { return zone->containsDrag(); }, "the zone sees the drag")
+///     gesture.drag(from, over, [&] { return zone->containsDrag(); }, "the zone sees the drag")
 ///            .release();
 ///     QVERIFY2(gesture.run(), gesture.error());
 ///
@@ -53,6 +52,9 @@ public:
     /// Waits for \a condition and moves to and fro by a pixel meanwhile, as a hand does: a drag's
     /// target is asked again for each move.
     Gesture &hoverUntil(const QPoint &position, Condition condition, const char *what);
+    /// A drag up to its drop: moves to \a from, presses there, glides to \a to and hovers there
+    /// until \a condition holds.
+    Gesture &drag(const QPoint &from, const QPoint &to, Condition condition, const char *what);
     /// Calls \a function from the event loop; it may block in a loop of its own.
     Gesture &then(std::function<void()> function);
 

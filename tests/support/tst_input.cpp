@@ -167,11 +167,10 @@ void TestInput::dragWithinOneProgram()
     QVERIFY(QTest::qWaitForWindowExposed(&from));
     QVERIFY(QTest::qWaitForWindowExposed(&to));
     support::Gesture gesture;
-    gesture.move(from.center())
-        .press()
-        .glide(from.center(), to.center())
-        .hoverUntil(
-            to.center(), [&] { return to.seen.contains(QEvent::DragMove); }, "the drag")
+    gesture
+        .drag(
+            from.center(), to.center(), [&] { return to.seen.contains(QEvent::DragMove); },
+            "the drag")
         .release()
         .until([&] { return from.ended; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
@@ -214,11 +213,9 @@ void TestInput::dragToAnotherProgram()
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     const QPoint over = target.geometry().center();
     support::Gesture gesture;
-    gesture.move(window.center())
-        .press()
-        .glide(window.center(), over)
-        .hoverUntil(
-            over, [&] { return target.count(text("move")) > 2; }, "the drag")
+    gesture
+        .drag(
+            window.center(), over, [&] { return target.count(text("move")) > 2; }, "the drag")
         .release()
         .until([&] { return window.ended && target.count(text("drop")); }, "the drop");
     QVERIFY2(gesture.run(), gesture.error());
@@ -239,11 +236,9 @@ void TestInput::dragToAProgramThatRefuses()
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     const QPoint over = target.geometry().center();
     support::Gesture gesture;
-    gesture.move(window.center())
-        .press()
-        .glide(window.center(), over)
-        .hoverUntil(
-            over, [&] { return target.count(text("enter")) > 0; }, "the drag")
+    gesture
+        .drag(
+            window.center(), over, [&] { return target.count(text("enter")) > 0; }, "the drag")
         .release()
         .until([&] { return window.ended; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
@@ -287,11 +282,10 @@ void TestInput::manyUrlsFromAnotherProgram()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     support::Gesture gesture;
-    gesture.move(source.geometry().center())
-        .press()
-        .glide(source.geometry().center(), window.center())
-        .hoverUntil(
-            window.center(), [&] { return window.seen.contains(QEvent::DragMove); }, "the drag")
+    gesture
+        .drag(
+            source.geometry().center(), window.center(),
+            [&] { return window.seen.contains(QEvent::DragMove); }, "the drag")
         .release()
         .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
