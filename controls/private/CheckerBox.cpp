@@ -37,18 +37,12 @@ QSGGeometryNode *createNode()
 class CheckerBox::Private
 {
 public:
-    explicit Private(CheckerBox *box)
-        : q(box)
-    {
-    }
-
-    void markDirty(DirtyFlag flag)
+    void markDirty(CheckerBox *q, DirtyFlag flag)
     {
         dirty |= flag;
         q->update();
     }
 
-    CheckerBox *const q;
     int dirty = DirtyAll;
     int checkerSize = 8;
     QColor lightColor = Qt::lightGray;
@@ -57,7 +51,7 @@ public:
 
 CheckerBox::CheckerBox(QQuickItem *parent)
     : QQuickItem(parent)
-    , d(std::make_unique<Private>(this))
+    , d(std::make_unique<Private>())
 {
     setFlag(ItemHasContents);
 }
@@ -77,7 +71,7 @@ void CheckerBox::setCheckerSize(int size)
     }
     d->checkerSize = clamped;
     Q_EMIT checkerSizeChanged();
-    d->markDirty(DirtyParameters);
+    d->markDirty(this, DirtyParameters);
 }
 
 QColor CheckerBox::lightColor() const
@@ -92,7 +86,7 @@ void CheckerBox::setLightColor(const QColor &color)
     }
     d->lightColor = color;
     Q_EMIT lightColorChanged();
-    d->markDirty(DirtyParameters);
+    d->markDirty(this, DirtyParameters);
 }
 
 QColor CheckerBox::darkColor() const
@@ -107,12 +101,12 @@ void CheckerBox::setDarkColor(const QColor &color)
     }
     d->darkColor = color;
     Q_EMIT darkColorChanged();
-    d->markDirty(DirtyParameters);
+    d->markDirty(this, DirtyParameters);
 }
 
 void CheckerBox::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
-    d->markDirty(DirtyGeometry);
+    d->markDirty(this, DirtyGeometry);
     QQuickItem::geometryChanged(newGeometry, oldGeometry);
 }
 

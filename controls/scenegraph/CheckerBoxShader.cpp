@@ -13,11 +13,18 @@ QList<QByteArray> CheckerBoxShader::attributes() const
     return {QByteArrayLiteral("vertex"), QByteArrayLiteral("pixelCoord")};
 }
 
+void CheckerBoxShader::resolveUniforms()
+{
+    m_size = program()->uniformLocation("size");
+    m_light = program()->uniformLocation("light");
+    m_dark = program()->uniformLocation("dark");
+}
+
 void CheckerBoxShader::updateState(const CheckerParams *state, const CheckerParams *)
 {
-    program()->setUniformValue("size", state->size);
-    program()->setUniformValue("light", state->light);
-    program()->setUniformValue("dark", state->dark);
+    program()->setUniformValue(m_size, state->size);
+    program()->setUniformValue(m_light, state->light);
+    program()->setUniformValue(m_dark, state->dark);
 }
 
 const char *CheckerBoxShader::vertexShader() const

@@ -16,6 +16,7 @@ class CheckerBoxShader : public QSGSimpleMaterialShader<CheckerParams>
 
 public:
     QList<QByteArray> attributes() const override;
+    void resolveUniforms() override;
     /// Sets all uniforms, whatever changed: that is how a new size or colour gets to the screen
     /// without the material being marked dirty.
     void updateState(const CheckerParams *state, const CheckerParams *oldState) override;
@@ -23,6 +24,11 @@ public:
 protected:
     const char *vertexShader() const override;
     const char *fragmentShader() const override;
+
+private:
+    int m_size = -1;
+    int m_light = -1;
+    int m_dark = -1;
 };
 
 } // namespace om::controls
