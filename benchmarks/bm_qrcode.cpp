@@ -169,6 +169,9 @@ void compare(const char *name, double goal, Side &ours, Side &theirs, void (Side
     for (int round = 0; round < 41; ++round) {
         for (int peer = 0; peer < 2; ++peer) {
             Side &side = peer ? theirs : ours;
+            // The windows take turns, and one that comes anew gets new frame buffers from the X
+            // server: milliseconds that are the same for both and that no application waits for.
+            side.grab();
             times[peer].add([&] { (side.*action)(); });
             if (undo)
                 (side.*undo)();

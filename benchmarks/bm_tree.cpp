@@ -116,6 +116,57 @@ Column {
 }
 )";
 
+/// The row by hand again, its background, content and handle given from outside as the tree's are:
+/// what it costs that a row does not know its parts.
+QByteArray loadersQml()
+{
+    QByteArray qml(columnQml);
+    const auto replace = [&qml](const QByteArray &before, const QByteArray &after) {
+        if (qml.count(before) != 1) {
+            qFatal("The row by hand has changed: %s", before.constData());
+        }
+        qml.replace(before, after);
+    };
+    replace("    Repeater {", R"(
+    property Component background: Rectangle { color: "white" }
+    property Component content: Text { height: 24; text: parent.name }
+    property Component handle: Item {
+        width: 16
+        height: 16
+        Image {
+            anchors.centerIn: parent
+            source: "qrc:/controls/images/collapse-indicator.svg"
+            rotation: parent.parent.collapsed ? 0 : 45
+        }
+    }
+    Repeater {)");
+    replace(R"(Rectangle { anchors.fill: parent; z: -1; color: "white" })",
+            "Loader { anchors.fill: parent; z: -1; sourceComponent: column.background }");
+    replace(R"(            Text {
+                id: text)",
+            R"(            Loader {
+                id: text
+                property string name: model.name)");
+    replace(R"(                height: 24
+                text: name
+)",
+            "                sourceComponent: column.content\n");
+    replace(R"(                Item {
+                    width: 16
+                    height: 16
+                    Image {
+                        anchors.centerIn: parent
+                        source: "qrc:/controls/images/collapse-indicator.svg"
+                        rotation: row.collapsed ? 0 : 45
+                    }
+                })",
+            R"(                Loader {
+                    property bool collapsed: row.collapsed
+                    sourceComponent: column.handle
+                })");
+    return qml;
+}
+
 const char *const virtualQml = R"(
 import QtQuick 2.12
 import QtQuick.Controls 1.4
@@ -298,10 +349,10 @@ void measureTree(QQmlEngine &engine, QQuickItem *parent, Document *root, int cou
 }
 
 void measureColumn(QQmlEngine &engine, QQuickItem *parent, const std::vector<RowModel::Row> &rows,
-                   Times *times)
+                   Times *times, const char *qml = columnQml)
 {
     RowModel model(rows);
-    std::unique_ptr<QQuickItem> column(create(engine, columnQml, parent));
+    std::unique_ptr<QQuickItem> column(create(engine, qml, parent));
     const auto take = [times, &column](const char *name, const std::function<void()> &body) {
         (*times)[name].push_back(processorMilliseconds([&] {
             body();
@@ -384,6 +435,8 @@ int main(int argc, char **argv)
         engine.collectGarbage();
         deleteNow();
     };
+    const QByteArray loaders = loadersQml();
+    const char *const loadersRow = loaders.constData();
     const char *const operations[] = {"build",  "reload",    "deletion", "collapse",
                                       "expand", "insertion", "width"};
     {
@@ -394,6 +447,7 @@ int main(int argc, char **argv)
         Times unused;
         measureTree(engine, window.contentItem(), root.get(), 100, &unused);
         measureColumn(engine, window.contentItem(), rows, &unused);
+        measureColumn(engine, window.contentItem(), rows, &unused, loadersRow);
         measureVirtual(engine, window.contentItem(), 100, &unused);
     }
     for (const char *shape : {"flat", "bushy", "deep"}) {
@@ -403,6 +457,7 @@ int main(int argc, char **argv)
             std::vector<RowModel::Row> rows;
             const std::unique_ptr<Document> root = forest(shape, count, &rows);
             Times virtualised;
+            Times loaded;
             const int rounds = count <= 100 ? 25 : count <= 1000 ? 9 : 3;
             for (int round = 0; round < rounds; ++round) {
                 // In turns, each with the other's garbage gone, and neither always first.
@@ -417,6 +472,8 @@ int main(int argc, char **argv)
                 if (shape == std::string("flat")) {
                     tidy();
                     measureVirtual(engine, window.contentItem(), count, &virtualised);
+                    tidy();
+                    measureColumn(engine, window.contentItem(), rows, &loaded, loadersRow);
                 }
             }
             for (const char *operation : operations) {
@@ -428,6 +485,11 @@ int main(int argc, char **argv)
                                     median(trees[count][operation]) * unit,
                                     median(columns[count][operation]) * unit,
                                     built ? "us/row" : "ms");
+                if (!loaded[operation].empty()) {
+                    std::printf("%-52s with loaders %13.3f %s  ratio %6.3f\n", name.c_str(),
+                                median(loaded[operation]) * unit, built ? "us/row" : "ms",
+                                median(trees[count][operation]) / median(loaded[operation]));
+                }
                 if (!virtualised[operation].empty()) {
                     std::printf("%-52s virtualised view %10.3f ms\n", name.c_str(),
                                 median(virtualised[operation]));
