@@ -5,6 +5,7 @@
 
 #include "controls/TreeViewEntry.h"
 #include "controls/TreeViewPrivate.h"
+#include "controls/TreeViewRow.h"
 
 #include <OmbrelDataCore/Context.h>
 
@@ -52,55 +53,6 @@ static bool svgIsReadable()
     static const bool readable = QImageReader::supportedImageFormats().contains("svg");
     return readable;
 }
-
-namespace {
-
-/// Sets and clears the top anchors of rows. Anchors and their lines are private types of Qt Quick,
-/// reached here by the numbers of their properties: by their names, which is what QML properties
-/// and even meta-properties go by, half of the time of a collapse would go into looking them up.
-class TopAnchor
-{
-public:
-    explicit TopAnchor(QQuickItem *item)
-    {
-        void *value[] = {&m_anchors};
-        QMetaObject::metacall(item, QMetaObject::ReadProperty, numbers().anchors, value);
-        static const int top = m_anchors->metaObject()->indexOfProperty("top");
-        m_top = top;
-    }
-    void clear()
-    {
-        void *nothing[] = {nullptr};
-        QMetaObject::metacall(m_anchors, QMetaObject::ResetProperty, m_top, nothing);
-    }
-    void set(QQuickItem *above)
-    {
-        QVariant line(numbers().line, nullptr);
-        void *value[] = {line.data()};
-        QMetaObject::metacall(above, QMetaObject::ReadProperty, numbers().bottom, value);
-        QMetaObject::metacall(m_anchors, QMetaObject::WriteProperty, m_top, value);
-    }
-
-private:
-    struct Numbers
-    {
-        int anchors = QQuickItem::staticMetaObject.indexOfProperty("anchors");
-        int bottom = QQuickItem::staticMetaObject.indexOfProperty("bottom");
-        /// The type of an anchor line.
-        int line = QQuickItem::staticMetaObject.property(bottom).userType();
-    };
-    static const Numbers &numbers()
-    {
-        static const Numbers known;
-        Q_ASSERT(known.line != QMetaType::UnknownType);
-        return known;
-    }
-
-    QObject *m_anchors = nullptr;
-    int m_top = -1;
-};
-
-} // namespace
 
 TreeView::Private::Private(TreeView *owner)
     : view(owner)
@@ -256,8 +208,8 @@ void TreeView::Private::addTree(Document *root, int *counter)
                 shownDocuments.insert(adding);
             }
             if (entry->item()) {
-                QQuickItem *parentItem = path.empty() ? nullptr : path.back().entry->item();
-                entry->item()->setProperty("treeParent", QVariant::fromValue(parentItem));
+                TreeViewRow(entry->item())
+                    .setTreeParent(path.empty() ? nullptr : path.back().entry->item());
             }
             ++*counter;
             const QByteArray property = childProperty.toLatin1();
@@ -320,7 +272,7 @@ void TreeView::Private::rebuild()
     QQuickItem *predecessor = nullptr;
     for (TreeViewEntry *entry : qAsConst(entries)) {
         if (QQuickItem *item = entry->item()) {
-            item->setProperty("predecessor", QVariant::fromValue(predecessor));
+            TreeViewRow(item).setPredecessor(predecessor);
             predecessor = item;
         }
     }
@@ -395,7 +347,7 @@ void TreeView::Private::hideOrShow(TreeViewEntry *entry, const std::function<voi
     end = qMin(end, entries.size() - 1);
     for (int i = first; i <= end; ++i) {
         if (QQuickItem *item = entries.at(i)->item()) {
-            TopAnchor(item).clear();
+            TreeViewRow(item).releaseTop();
         }
     }
     const QPointer<TreeView> alive(view);
@@ -408,7 +360,7 @@ void TreeView::Private::hideOrShow(TreeViewEntry *entry, const std::function<voi
         QQuickItem *item = entries.at(i)->item();
         QQuickItem *above = entries.at(i - 1)->item();
         if (item && above) {
-            TopAnchor(item).set(above);
+            TreeViewRow(item).setTop(above);
         }
     }
     updateContentHeight();
@@ -832,7 +784,7 @@ void TreeView::layoutItems()
     for (int i = 0; alive && d->generation == generation && i < d->entries.size(); ++i) {
         QQuickItem *item = d->entries.at(i)->item();
         if (item) {
-            QQmlProperty(item, QStringLiteral("onLayoutRequired")).method().invoke(item);
+            TreeViewRow(item).requireLayout();
         }
     }
 }

@@ -5,6 +5,7 @@
 
 #include "controls/TreeView.h"
 #include "controls/TreeViewPrivate.h"
+#include "controls/TreeViewRow.h"
 
 #include <QPointer>
 #include <QQmlComponent>
@@ -56,10 +57,13 @@ TreeViewEntry::TreeViewEntry(TreeView *view, om::data::Document *document, int i
     d->item = qobject_cast<QQuickItem *>(made);
     if (d->item) {
         // Before the row's bindings are evaluated, so that once is enough.
-        d->item->setProperty("childCount", d->childCount);
+        TreeViewRow(d->item).setChildCount(d->childCount);
         d->item->setParentItem(view->contentItem());
     }
     component->completeCreate();
+    if (d->item) {
+        populate();
+    }
 }
 
 TreeViewEntry::~TreeViewEntry()
@@ -149,6 +153,40 @@ QObject *TreeViewEntry::createDelegateItem(int component, QQuickItem *parent)
     return made;
 }
 
+/// As createDelegateItem(), for what has to be an item. Anything else is left to the collector.
+QQuickItem *TreeViewEntry::createItem(int component, QQuickItem *parent)
+{
+    QObject *made = createDelegateItem(component, parent);
+    auto *item = qobject_cast<QQuickItem *>(made);
+    if (made && !item) {
+        qmlEngine(made)->newQObject(made);
+    }
+    return item;
+}
+
+/// Makes what the row shows. The row's file could do it by itself, but thousands of calls back and
+/// forth would take a tenth of a rebuild. What a delegate does as it completes may end the row.
+void TreeViewEntry::populate()
+{
+    const QPointer<QQuickItem> item = d->item;
+    TreeViewRow row(item);
+    QQuickItem *background = createItem(TreeView::BackgroundComponent, item);
+    if (background && item) {
+        row.takeBackground(background);
+    }
+    QQuickItem *delegate = item ? createItem(TreeView::DelegateComponent, item) : nullptr;
+    if (delegate && item) {
+        row.takeDelegate(delegate);
+    }
+    QQuickItem *marker = item ? row.collapseMarker() : nullptr;
+    QQuickItem *handle = marker ? createItem(TreeView::BranchHandleComponent, marker) : nullptr;
+    if (!item) {
+        return;
+    }
+    row.setBranchHandle(handle ? handle : row.makeDefaultBranchHandle());
+    row.raisePressArea();
+}
+
 void TreeViewEntry::updateChildCount()
 {
     if (!d->view) {
@@ -163,7 +201,7 @@ void TreeViewEntry::updateChildCount()
     if (count != d->childCount) {
         d->childCount = count;
         if (d->item) {
-            d->item->setProperty("childCount", count);
+            TreeViewRow(d->item).setChildCount(count);
         }
         Q_EMIT childCountChanged(count);
     }

@@ -69,6 +69,9 @@ private Q_SLOTS:
     void updateChildCount();
 
 private:
+    QQuickItem *createItem(int component, QQuickItem *parent);
+    void populate();
+
     class Private;
     const std::unique_ptr<Private> d;
 };

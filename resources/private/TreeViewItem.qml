@@ -31,26 +31,21 @@ Item {
 
     signal layoutRequired()
 
-    function populate() {
-        var item = createDelegateItem(TreeView.BackgroundComponent, treeViewItem);
-        if (item instanceof Item) {
-            item.anchors.fill = treeViewItem;
-            item.z = -1;
-            backgroundItem = item;
-        }
-        item = createDelegateItem(TreeView.DelegateComponent, treeViewItem);
-        if (item instanceof Item) {
-            item.anchors.right = treeViewItem.right;
-            item.width = Qt.binding(function() {
-                return treeViewItem.width - treeViewItem.indent - treeViewItem.markerIndent;
-            });
-            delegateItem = item;
-        }
-        item = createDelegateItem(TreeView.BranchHandleComponent, collapseMarker);
-        branchHandleItem = item instanceof Item ? item
-                                                : defaultBranchHandle.createObject(collapseMarker);
-        // Last, and so above everything made here: it sees each press first.
-        pressArea.parent = treeViewItem;
+    // For the entry, which populates the row when it is complete.
+    property alias marker: collapseMarker
+    property alias press: pressArea
+    property alias defaultHandle: defaultBranchHandle
+
+    function takeBackground(item) {
+        item.anchors.fill = treeViewItem;
+        item.z = -1;
+        backgroundItem = item;
+    }
+
+    function takeDelegate(item) {
+        item.anchors.right = right;
+        item.width = Qt.binding(function() { return width - indent - markerIndent; });
+        delegateItem = item;
     }
 
     width: parent ? parent.width : 100
@@ -64,8 +59,6 @@ Item {
             anchors.top = predecessor.bottom;
     }
 
-    Component.onCompleted: populate()
-
     states: State {
         name: "displayed"
         when: !treeViewItem.childrenCollapsed
@@ -76,8 +69,7 @@ Item {
         }
     }
 
-    // Not yet a child; see populate().
-    resources: MouseArea {
+    MouseArea {
         id: pressArea
         anchors.fill: parent
         acceptedButtons: Qt.LeftButton
