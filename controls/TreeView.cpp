@@ -173,17 +173,24 @@ void TreeView::Private::removeEntries()
     for (const QMetaObject::Connection &watch : endWatches) {
         QObject::disconnect(watch);
     }
-    std::vector<QPointer<QQuickItem>> rows;
-    rows.reserve(static_cast<std::size_t>(entries.size()));
-    for (TreeViewEntry *entry : qAsConst(entries)) {
-        rows.emplace_back(entry->item());
+    std::vector<TreeViewEntry *> rows = takeEntries();
+    for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
+        (*row)->deleteLater();
     }
     if (!rows.empty()) {
-        oldRows.push_back(std::move(rows));
+        oldRows.push_back({std::move(rows), true});
     }
-    while (!entries.isEmpty()) {
-        entries.takeLast()->deleteLater();
+}
+
+/// Leaves them without a parent, among whose children each that goes would be searched for.
+std::vector<TreeViewEntry *> TreeView::Private::takeEntries()
+{
+    std::vector<TreeViewEntry *> rows(entries.cbegin(), entries.cend());
+    entries.clear();
+    for (TreeViewEntry *entry : rows) {
+        entry->setParent(nullptr);
     }
+    return rows;
 }
 
 /// Depth first, with a list of its own instead of the stack.
@@ -393,9 +400,11 @@ void TreeView::Private::updateContentHeight()
     };
     include(firstRow());
     include(lastRow());
-    for (const auto &rows : oldRows) {
-        include(rows.front());
-        include(rows.back());
+    for (const OldRows &rows : oldRows) {
+        if (rows.haveItems) {
+            include(rows.entries.front()->item());
+            include(rows.entries.back()->item());
+        }
     }
     for (const QQuickItem *item : qAsConst(strangers)) {
         include(item);
@@ -450,19 +459,44 @@ void TreeView::Private::dropStranger(QQuickItem *item)
     }
 }
 
-/// Old rows go from the last to the first of their rebuild.
-void TreeView::Private::rowDestroyed()
+void TreeView::Private::entryDestroyed(TreeViewEntry *entry)
 {
-    if (destroying) {
+    for (auto rows = oldRows.begin(); rows != oldRows.end(); ++rows) {
+        // They go from the last to the first.
+        const auto place = std::find(rows->entries.rbegin(), rows->entries.rend(), entry);
+        if (place == rows->entries.rend()) {
+            continue;
+        }
+        std::vector<TreeViewEntry *> doomed;
+        if (rows->haveItems) {
+            rows->haveItems = false;
+            doomed = rows->entries;
+        }
+        rows->entries.erase(std::next(place).base());
+        if (rows->entries.empty()) {
+            oldRows.erase(rows);
+        }
+        destroyItems(doomed);
         return;
     }
-    for (auto it = oldRows.begin(); it != oldRows.end();) {
-        while (!it->empty() && !it->back()) {
-            it->pop_back();
-        }
-        it = it->empty() ? oldRows.erase(it) : it + 1;
+}
+
+/// Destroys the items of all rows of a rebuild with the first entry of it that goes. One by one,
+/// from the last, each would be searched for among the children of the content item, behind those
+/// that go after it and before all new ones. From the first, there is nothing to search; but then a
+/// row outlives its parent row, whose end would show it if its bindings still lived.
+void TreeView::Private::destroyItems(const std::vector<TreeViewEntry *> &rows)
+{
+    const QPointer<TreeView> alive(view);
+    for (auto row = rows.crbegin(); alive && row != rows.crend(); ++row) {
+        (*row)->destroyContext();
     }
-    updateContentHeight();
+    for (auto row = rows.cbegin(); alive && row != rows.cend(); ++row) {
+        (*row)->destroyItem();
+    }
+    if (alive) {
+        updateContentHeight();
+    }
 }
 
 TreeView::TreeView(QQuickItem *parent)
@@ -480,12 +514,14 @@ TreeView::~TreeView()
     for (const QMetaObject::Connection &watch : qAsConst(d->rootWatches)) {
         disconnect(watch);
     }
-    while (!d->entries.isEmpty()) {
-        delete d->entries.takeLast();
+    std::vector<Private::OldRows> rows = std::exchange(d->oldRows, {});
+    rows.push_back({d->takeEntries(), true});
+    for (const Private::OldRows &doomed : rows) {
+        if (doomed.haveItems) {
+            d->destroyItems(doomed.entries);
+        }
+        qDeleteAll(doomed.entries.crbegin(), doomed.entries.crend());
     }
-    const QList<TreeViewEntry *> doomed =
-        findChildren<TreeViewEntry *>(QString(), Qt::FindDirectChildrenOnly);
-    qDeleteAll(doomed.crbegin(), doomed.crend());
     delete d->contentItem;
 }
 

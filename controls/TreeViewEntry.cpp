@@ -15,6 +15,8 @@
 #include <QQmlProperty>
 #include <QQuickItem>
 
+#include <utility>
+
 namespace om::controls {
 
 class TreeViewEntry::Private
@@ -29,6 +31,8 @@ public:
     QQmlContext *context = nullptr;
     QPointer<QQuickItem> item;
     TreeViewAttachedObject *attached = nullptr;
+    /// The part that is being destroyed: what its end calls may destroy the entry with the view.
+    QObject *ending = nullptr;
 };
 
 TreeViewEntry::TreeViewEntry(TreeView *view, om::data::Document *document, int index, int level)
@@ -68,10 +72,35 @@ TreeViewEntry::TreeViewEntry(TreeView *view, om::data::Document *document, int i
 
 TreeViewEntry::~TreeViewEntry()
 {
-    // Before the context, in which the item's bindings live, and while the view can still be told.
-    delete d->item;
     if (d->view) {
-        d->view->d->rowDestroyed();
+        d->view->d->entryDestroyed(this);
+    }
+    if (d->ending) {
+        d->ending->setParent(nullptr);
+    }
+    destroyContext();
+    destroyItem();
+}
+
+void TreeViewEntry::destroyContext()
+{
+    destroyPart(std::exchange(d->context, nullptr));
+}
+
+void TreeViewEntry::destroyItem()
+{
+    QQuickItem *item = d->item;
+    d->item = nullptr;
+    destroyPart(item);
+}
+
+void TreeViewEntry::destroyPart(QObject *part)
+{
+    const QPointer<TreeViewEntry> alive(this);
+    d->ending = part;
+    delete part;
+    if (alive) {
+        d->ending = nullptr;
     }
 }
 

@@ -50,6 +50,9 @@ public:
     void setCollapsed(bool collapsed);
     /// Tells the row whether it is active, changed or not.
     void announceActive();
+    /// Ends what is evaluated in the row, and after it the row item, ahead of the entry itself.
+    void destroyContext();
+    void destroyItem();
     /// The object behind the attached properties, made on the first call.
     TreeViewAttachedObject *attachedObject();
 
@@ -71,6 +74,7 @@ private Q_SLOTS:
 private:
     QQuickItem *createItem(int component, QQuickItem *parent);
     void populate();
+    void destroyPart(QObject *part);
 
     class Private;
     const std::unique_ptr<Private> d;

@@ -41,6 +41,7 @@ public:
     void rebindContext();
     void addTree(om::data::Document *root, int *counter);
     void removeEntries();
+    std::vector<TreeViewEntry *> takeEntries();
     void activate(int index);
 
     void appendRoot(om::data::Document *document);
@@ -55,7 +56,9 @@ public:
     void watchEnds();
     void contentChildrenChanged();
     void dropStranger(QQuickItem *item);
-    void rowDestroyed();
+    /// What an entry says as it goes.
+    void entryDestroyed(TreeViewEntry *entry);
+    void destroyItems(const std::vector<TreeViewEntry *> &rows);
     QQuickItem *firstRow() const;
     QQuickItem *lastRow() const;
 
@@ -88,8 +91,13 @@ public:
     bool destroying = false;
     bool warnedOfDepth = false;
     int generation = 0;
-    /// The rows of earlier rebuilds that have not been deleted yet, by rebuild, in row order.
-    std::vector<std::vector<QPointer<QQuickItem>>> oldRows;
+    /// The rows of an earlier rebuild that have not been deleted yet, in row order.
+    struct OldRows
+    {
+        std::vector<TreeViewEntry *> entries;
+        bool haveItems;
+    };
+    std::vector<OldRows> oldRows;
     /// The content item's children that are no rows.
     QSet<QQuickItem *> strangers;
     std::array<QMetaObject::Connection, 3> endWatches;

@@ -164,8 +164,7 @@ QQuickItem *TreeViewRow::collapseMarker() const
 QQuickItem *TreeViewRow::makeDefaultBranchHandle()
 {
     auto *component = qobject_cast<QQmlComponent *>(readObject(m_item, m_numbers.defaultHandle));
-    auto *handle =
-        qobject_cast<QQuickItem *>(component->beginCreate(component->creationContext()));
+    auto *handle = qobject_cast<QQuickItem *>(component->beginCreate(component->creationContext()));
     if (handle) {
         QQuickItem *marker = collapseMarker();
         handle->setParent(marker);

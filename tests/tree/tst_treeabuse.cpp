@@ -5,6 +5,7 @@
 
 #include <OmbrelDataCore/Context.h>
 
+#include <QQmlContext>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -56,6 +57,8 @@ private Q_SLOTS:
     void viewDestroyedWithARebuildPending();
     void viewDestroyedFromItsSignals_data();
     void viewDestroyedFromItsSignals();
+    void viewDestroyedFromTheEndOfARow_data();
+    void viewDestroyedFromTheEndOfARow();
     void documentsAreNotHandedToTheCollector();
     void cycleEndsWithOneWarning();
     void chainOfAThousand();
@@ -281,6 +284,51 @@ void TestTreeAbuse::viewDestroyedFromItsSignals()
     }
     TreeFixture::settle();
     QVERIFY(!tree);
+}
+
+void TestTreeAbuse::viewDestroyedFromTheEndOfARow_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<bool>("withItem");
+    for (const int row : {0, 1, 2}) {
+        QTest::addRow("handler in row %d", row) << row << false;
+        QTest::addRow("item of row %d", row) << row << true;
+    }
+}
+
+/// By C++ again, from the end of a row's context and from that of its item.
+void TestTreeAbuse::viewDestroyedFromTheEndOfARow()
+{
+    QFETCH(int, row);
+    QFETCH(bool, withItem);
+    Destroyer destroyer;
+    support::QmlView view;
+    view.engine()->rootContext()->setContextProperty(QStringLiteral("destroyer"), &destroyer);
+    view.engine()->rootContext()->setContextProperty(QStringLiteral("fatal"), withItem ? -1 : row);
+    view.load("Item { property Component c: TreeView { width: 50; childProperty: 'children'\n"
+              "delegate: Item { property int row: index; height: 20\n"
+              "Component.onDestruction: if (row === fatal) destroyer.act() } } }");
+    Document first;
+    Document second;
+    Document third;
+    auto *component = view.root()->property("c").value<QQmlComponent *>();
+    QPointer<QQuickItem> tree = qobject_cast<QQuickItem *>(component->create());
+    destroyer.victim = tree;
+    tree->setParentItem(view.root());
+    QQmlListReference roots(tree.data(), "rootDocuments");
+    for (Document *document : {&first, &second, &third}) {
+        roots.append(document);
+    }
+    TreeFixture::settle();
+    if (withItem) {
+        auto *content = tree->property("contentItem").value<QQuickItem *>();
+        QVERIFY(
+            connect(content->childItems().at(row), SIGNAL(destroyed()), &destroyer, SLOT(act())));
+    }
+    roots.clear();
+    TreeFixture::settle();
+    QVERIFY(!tree);
+    view.engine()->collectGarbage();
 }
 
 void TestTreeAbuse::documentsAreNotHandedToTheCollector()

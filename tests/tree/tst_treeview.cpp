@@ -50,6 +50,7 @@ private Q_SLOTS:
     void rowsFollowTheirDelegates();
     void contentHeightIsThatOfTheChildren();
     void oldRowsCountUntilTheyAreDeleted();
+    void oldRowsGoFromTheLastToTheFirst();
     void rowsAreIndented();
     void collapseHidesDescendants();
     void rootsCollapseOnlyWhenTheyMay();
@@ -259,6 +260,28 @@ void TestTreeView::oldRowsCountUntilTheyAreDeleted()
     QCOMPARE(f.rows().count(), 0);
     QCOMPARE(f.content()->height(), 0.0);
     QCOMPARE(f.tree->implicitHeight(), 0.0);
+}
+
+/// And unseen: what a collapsed parent hides is still hidden when that parent has gone.
+void TestTreeView::oldRowsGoFromTheLastToTheFirst()
+{
+    TreeFixture f("Item { property string log; TreeView {\n"
+                  "objectName: 'tree'; width: 300; childProperty: 'children'\n"
+                  "rootCanCollapse: true\n"
+                  "delegate: Item {\n"
+                  "    property string name: document.name\n"
+                  "    property real shown: parent ? parent.opacity : 0\n"
+                  "    height: 30\n"
+                  "    onShownChanged: if (shown) log += name + ' is shown '\n"
+                  "    Component.onDestruction: log += name + ' '\n"
+                  "} } }");
+    f.fill();
+    QMetaObject::invokeMethod(f.tree, "collapseIndex", Q_ARG(int, 0));
+    f.roots().clear();
+    f.view.root()->setProperty("log", QString());
+    f.settle();
+    QCOMPARE(f.view.root()->property("log").toString(), QString("e d c b a "));
+    QCOMPARE(f.rows().count(), 0);
 }
 
 void TestTreeView::rowsAreIndented()
