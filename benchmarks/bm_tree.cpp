@@ -12,6 +12,7 @@
 #include <QQmlEngine>
 #include <QQmlListReference>
 #include <QQuickItem>
+#include <QQuickRenderControl>
 #include <QQuickWindow>
 #include <QStandardItemModel>
 
@@ -260,6 +261,17 @@ void deleteNow()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+/// A window without a screen, on which thousands of rows would be rendered for minutes.
+struct Stage
+{
+    QQuickRenderControl control;
+    QQuickWindow window{&control};
+
+    /// What a frame would have done since the last operation: items that wait for it are slow to
+    /// go.
+    void polish() { control.polishItems(); }
+};
+
 Document *child(Document *parent)
 {
     auto *document = new Document(parent);
@@ -313,10 +325,11 @@ QQuickItem *create(QQmlEngine &engine, const char *qml, QQuickItem *parent)
 
 using Times = std::map<std::string, std::vector<double>>;
 
-void measureTree(QQmlEngine &engine, QQuickItem *parent, Document *root, int count, Times *times)
+void measureTree(QQmlEngine &engine, Stage &stage, Document *root, int count, Times *times)
 {
-    std::unique_ptr<QQuickItem> tree(create(engine, treeQml, parent));
-    const auto take = [times](const char *name, const std::function<void()> &body) {
+    std::unique_ptr<QQuickItem> tree(create(engine, treeQml, stage.window.contentItem()));
+    const auto take = [times, &stage](const char *name, const std::function<void()> &body) {
+        stage.polish();
         (*times)[name].push_back(processorMilliseconds(body));
     };
     const double before = allocated();
@@ -348,12 +361,14 @@ void measureTree(QQmlEngine &engine, QQuickItem *parent, Document *root, int cou
     delete root->childDocuments().constFirst();
 }
 
-void measureColumn(QQmlEngine &engine, QQuickItem *parent, const std::vector<RowModel::Row> &rows,
+void measureColumn(QQmlEngine &engine, Stage &stage, const std::vector<RowModel::Row> &rows,
                    Times *times, const char *qml = columnQml)
 {
     RowModel model(rows);
-    std::unique_ptr<QQuickItem> column(create(engine, qml, parent));
-    const auto take = [times, &column](const char *name, const std::function<void()> &body) {
+    std::unique_ptr<QQuickItem> column(create(engine, qml, stage.window.contentItem()));
+    const auto take = [times, &stage, &column](const char *name,
+                                               const std::function<void()> &body) {
+        stage.polish();
         (*times)[name].push_back(processorMilliseconds([&] {
             body();
             QMetaObject::invokeMethod(column.get(), "forceLayout");
@@ -380,9 +395,9 @@ void measureColumn(QQmlEngine &engine, QQuickItem *parent, const std::vector<Row
 }
 
 /// The peer that makes only the rows to be seen; for the table.
-void measureVirtual(QQmlEngine &engine, QQuickItem *parent, int count, Times *times)
+void measureVirtual(QQmlEngine &engine, Stage &stage, int count, Times *times)
 {
-    std::unique_ptr<QQuickItem> tree(create(engine, virtualQml, parent));
+    std::unique_ptr<QQuickItem> tree(create(engine, virtualQml, stage.window.contentItem()));
     if (!tree) {
         return;
     }
@@ -429,8 +444,8 @@ int main(int argc, char **argv)
     QGuiApplication application(argc, argv);
     QQmlEngine engine;
     engine.addImportPath(QStringLiteral(OMBREL_QML_IMPORT));
-    QQuickWindow window;
-    window.resize(640, 640);
+    Stage stage;
+    stage.window.resize(640, 640);
     const auto tidy = [&engine] {
         engine.collectGarbage();
         deleteNow();
@@ -445,10 +460,10 @@ int main(int argc, char **argv)
         std::vector<RowModel::Row> rows;
         const std::unique_ptr<Document> root = forest("flat", 100, &rows);
         Times unused;
-        measureTree(engine, window.contentItem(), root.get(), 100, &unused);
-        measureColumn(engine, window.contentItem(), rows, &unused);
-        measureColumn(engine, window.contentItem(), rows, &unused, loadersRow);
-        measureVirtual(engine, window.contentItem(), 100, &unused);
+        measureTree(engine, stage, root.get(), 100, &unused);
+        measureColumn(engine, stage, rows, &unused);
+        measureColumn(engine, stage, rows, &unused, loadersRow);
+        measureVirtual(engine, stage, 100, &unused);
     }
     for (const char *shape : {"flat", "bushy", "deep"}) {
         std::map<int, Times> trees;
@@ -464,16 +479,16 @@ int main(int argc, char **argv)
                 for (const bool ours : {round % 2 == 0, round % 2 != 0}) {
                     tidy();
                     if (ours) {
-                        measureTree(engine, window.contentItem(), root.get(), count, &trees[count]);
+                        measureTree(engine, stage, root.get(), count, &trees[count]);
                     } else {
-                        measureColumn(engine, window.contentItem(), rows, &columns[count]);
+                        measureColumn(engine, stage, rows, &columns[count]);
                     }
                 }
                 if (shape == std::string("flat")) {
                     tidy();
-                    measureVirtual(engine, window.contentItem(), count, &virtualised);
+                    measureVirtual(engine, stage, count, &virtualised);
                     tidy();
-                    measureColumn(engine, window.contentItem(), rows, &loaded, loadersRow);
+                    measureColumn(engine, stage, rows, &loaded, loadersRow);
                 }
             }
             for (const char *operation : operations) {
