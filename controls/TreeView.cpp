@@ -485,14 +485,19 @@ void TreeView::Private::entryDestroyed(TreeViewEntry *entry)
 /// from the last, each would be searched for among the children of the content item, behind those
 /// that go after it and before all new ones. From the first, there is nothing to search; but then a
 /// row outlives its parent row, whose end would show it if its bindings still lived.
-void TreeView::Private::destroyItems(const std::vector<TreeViewEntry *> &rows)
+void TreeView::Private::destroyItems(const std::vector<TreeViewEntry *> &doomed)
 {
     const QPointer<TreeView> alive(view);
-    for (auto row = rows.crbegin(); alive && row != rows.crend(); ++row) {
-        (*row)->destroyContext();
+    const std::vector<QPointer<TreeViewEntry>> rows(doomed.cbegin(), doomed.cend());
+    for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
+        if (*row) {
+            (*row)->destroyContext();
+        }
     }
-    for (auto row = rows.cbegin(); alive && row != rows.cend(); ++row) {
-        (*row)->destroyItem();
+    for (const QPointer<TreeViewEntry> &row : rows) {
+        if (row) {
+            row->destroyItem();
+        }
     }
     if (alive) {
         updateContentHeight();

@@ -58,7 +58,7 @@ public:
     void dropStranger(QQuickItem *item);
     /// What an entry says as it goes.
     void entryDestroyed(TreeViewEntry *entry);
-    void destroyItems(const std::vector<TreeViewEntry *> &rows);
+    void destroyItems(const std::vector<TreeViewEntry *> &doomed);
     QQuickItem *firstRow() const;
     QQuickItem *lastRow() const;
 

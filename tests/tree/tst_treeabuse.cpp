@@ -5,6 +5,7 @@
 
 #include <OmbrelDataCore/Context.h>
 
+#include <QQmlComponent>
 #include <QQmlContext>
 #include <QRegularExpression>
 #include <QTest>
@@ -59,6 +60,7 @@ private Q_SLOTS:
     void viewDestroyedFromItsSignals();
     void viewDestroyedFromTheEndOfARow_data();
     void viewDestroyedFromTheEndOfARow();
+    void engineDestroyedWithOldRows();
     void documentsAreNotHandedToTheCollector();
     void cycleEndsWithOneWarning();
     void chainOfAThousand();
@@ -329,6 +331,26 @@ void TestTreeAbuse::viewDestroyedFromTheEndOfARow()
     TreeFixture::settle();
     QVERIFY(!tree);
     view.engine()->collectGarbage();
+}
+
+void TestTreeAbuse::engineDestroyedWithOldRows()
+{
+    Document document;
+    auto engine = std::make_unique<QQmlEngine>();
+    QQmlComponent component(engine.get());
+    component.setData("import QtQuick 2.12\nimport ombrel.Controls 1.0\n"
+                      "TreeView { width: 50; childProperty: 'children'; delegate: Item {} }",
+                      QUrl());
+    std::unique_ptr<QObject> tree(component.create());
+    QVERIFY(tree);
+    QQmlListReference roots(tree.get(), "rootDocuments");
+    roots.append(&document);
+    TreeFixture::settle();
+    roots.append(&document);
+    QCoreApplication::sendPostedEvents(tree.get(), QEvent::MetaCall);
+    QCOMPARE(tree->property("contentItem").value<QQuickItem *>()->childItems().count(), 3);
+    engine.reset();
+    TreeFixture::settle();
 }
 
 void TestTreeAbuse::documentsAreNotHandedToTheCollector()
