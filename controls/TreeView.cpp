@@ -9,6 +9,7 @@
 
 #include <OmbrelDataCore/Context.h>
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QImageReader>
 #include <QKeyEvent>
@@ -203,6 +204,7 @@ void TreeView::Private::addTree(Document *root, int *counter)
         int next;
         TreeViewEntry *entry;
     };
+    const QPointer<TreeView> alive(view);
     std::vector<Level> path;
     bool tooDeep = false;
     QPointer<Document> adding = root;
@@ -210,6 +212,9 @@ void TreeView::Private::addTree(Document *root, int *counter)
         if (adding) {
             const int level = static_cast<int>(path.size());
             auto *entry = new TreeViewEntry(view, adding, *counter, level);
+            if (!alive) {
+                return; // a delegate has destroyed the view, and the view its entry
+            }
             entries.append(entry);
             if (adding) {
                 shownDocuments.insert(adding);
@@ -274,6 +279,9 @@ void TreeView::Private::rebuild()
         int counter = 0;
         for (int i = 0; i < rootDocuments.size(); ++i) {
             addTree(rootDocuments.at(i), &counter);
+            if (!alive) {
+                return;
+            }
         }
     }
     QQuickItem *predecessor = nullptr;
@@ -519,13 +527,15 @@ TreeView::~TreeView()
     for (const QMetaObject::Connection &watch : qAsConst(d->rootWatches)) {
         disconnect(watch);
     }
-    std::vector<Private::OldRows> rows = std::exchange(d->oldRows, {});
-    rows.push_back({d->takeEntries(), true});
-    for (const Private::OldRows &doomed : rows) {
-        if (doomed.haveItems) {
-            d->destroyItems(doomed.entries);
-        }
-        qDeleteAll(doomed.entries.crbegin(), doomed.entries.crend());
+    std::vector<TreeViewEntry *> rows = d->takeEntries();
+    if (!rows.empty()) {
+        d->oldRows.push_back({std::move(rows), true});
+    }
+    // One at a time: what the end of a row calls may have others deleted.
+    while (!d->oldRows.empty()) {
+        TreeViewEntry *entry = d->oldRows.front().entries.back();
+        QCoreApplication::removePostedEvents(entry, QEvent::DeferredDelete);
+        delete entry;
     }
     delete d->contentItem;
 }
@@ -807,7 +817,7 @@ void TreeView::performScheduledUpdate()
         d->updateDeferred = true;
         return;
     }
-    if (d->rebuilding) {
+    if (d->rebuilding || d->destroying) {
         return;
     }
     const QPointer<TreeView> alive(this);

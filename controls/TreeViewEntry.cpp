@@ -171,12 +171,14 @@ QObject *TreeViewEntry::createDelegateItem(int component, QQuickItem *parent)
     if (!source || !source->isReady()) {
         return nullptr;
     }
+    // What completes may destroy the row, and this entry with it.
+    const QPointer<QQuickItem> place(parent);
     QObject *made = source->create(d->context);
     if (!made) {
         return nullptr;
     }
     if (auto *item = qobject_cast<QQuickItem *>(made)) {
-        item->setParentItem(parent);
+        item->setParentItem(place);
     }
     QQmlEngine::setObjectOwnership(made, QQmlEngine::JavaScriptOwnership);
     return made;
@@ -185,10 +187,11 @@ QObject *TreeViewEntry::createDelegateItem(int component, QQuickItem *parent)
 /// As createDelegateItem(), for what has to be an item. Anything else is left to the collector.
 QQuickItem *TreeViewEntry::createItem(int component, QQuickItem *parent)
 {
+    QQmlEngine *engine = d->context->engine();
     QObject *made = createDelegateItem(component, parent);
     auto *item = qobject_cast<QQuickItem *>(made);
     if (made && !item) {
-        qmlEngine(made)->newQObject(made);
+        engine->newQObject(made);
     }
     return item;
 }
@@ -213,7 +216,9 @@ void TreeViewEntry::populate()
         return;
     }
     row.setBranchHandle(handle ? handle : row.makeDefaultBranchHandle());
-    row.raisePressArea();
+    if (item) {
+        row.raisePressArea();
+    }
 }
 
 void TreeViewEntry::updateChildCount()

@@ -58,8 +58,11 @@ private Q_SLOTS:
     void viewDestroyedWithARebuildPending();
     void viewDestroyedFromItsSignals_data();
     void viewDestroyedFromItsSignals();
+    void viewDestroyedWhileRowsAreMade_data();
+    void viewDestroyedWhileRowsAreMade();
     void viewDestroyedFromTheEndOfARow_data();
     void viewDestroyedFromTheEndOfARow();
+    void oldRowsDeletedFromTheEndOfAView();
     void engineDestroyedWithOldRows();
     void documentsAreNotHandedToTheCollector();
     void cycleEndsWithOneWarning();
@@ -260,6 +263,7 @@ public:
     QPointer<QObject> victim;
 public Q_SLOTS:
     void act() { delete victim.data(); }
+    void deleteDeferred() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 };
 
 /// By C++, which may do so where QML must not.
@@ -286,6 +290,50 @@ void TestTreeAbuse::viewDestroyedFromItsSignals()
     }
     TreeFixture::settle();
     QVERIFY(!tree);
+}
+
+void TestTreeAbuse::viewDestroyedWhileRowsAreMade_data()
+{
+    QTest::addColumn<QByteArray>("delegates");
+    QTest::newRow("delegate completes") << QByteArray("delegate: completes");
+    QTest::newRow("delegate gets its row")
+        << QByteArray("delegate: Item { onParentChanged: destroyer.act() }");
+    QTest::newRow("background completes")
+        << QByteArray("delegate: Item {} backgroundDelegate: completes");
+    QTest::newRow("handle completes")
+        << QByteArray("delegate: Item {} branchHandleDelegate: completes");
+    QTest::newRow("handle that is no item completes")
+        << QByteArray("delegate: Item {} branchHandleDelegate: noItem");
+    QTest::newRow("handle gets its marker")
+        << QByteArray("delegate: Item {} branchHandleDelegate: Item {\n"
+                      "onParentChanged: destroyer.act() }");
+}
+
+/// The components that are at work while it goes are not the view's own: they have to outlive it.
+void TestTreeAbuse::viewDestroyedWhileRowsAreMade()
+{
+    QFETCH(QByteArray, delegates);
+    Destroyer destroyer;
+    support::QmlView view;
+    view.engine()->rootContext()->setContextProperty(QStringLiteral("destroyer"), &destroyer);
+    view.load("Item {\n"
+              "Component { id: completes; Item { Component.onCompleted: destroyer.act() } }\n"
+              "Component { id: noItem; QtObject { Component.onCompleted: destroyer.act() } }\n"
+              "property Component c: TreeView { width: 50; childProperty: 'children'\n"
+              + delegates + "} }");
+    Document first;
+    Document second;
+    auto *component = view.root()->property("c").value<QQmlComponent *>();
+    QPointer<QQuickItem> tree =
+        qobject_cast<QQuickItem *>(component->create(component->creationContext()));
+    tree->setParentItem(view.root());
+    destroyer.victim = tree;
+    QQmlListReference roots(tree.data(), "rootDocuments");
+    roots.append(&first);
+    roots.append(&second);
+    TreeFixture::settle();
+    QVERIFY(!tree);
+    view.engine()->collectGarbage();
 }
 
 void TestTreeAbuse::viewDestroyedFromTheEndOfARow_data()
@@ -331,6 +379,27 @@ void TestTreeAbuse::viewDestroyedFromTheEndOfARow()
     TreeFixture::settle();
     QVERIFY(!tree);
     view.engine()->collectGarbage();
+}
+
+/// As by an event loop in a handler.
+void TestTreeAbuse::oldRowsDeletedFromTheEndOfAView()
+{
+    Destroyer destroyer;
+    support::QmlView view;
+    view.engine()->rootContext()->setContextProperty(QStringLiteral("destroyer"), &destroyer);
+    view.load("Item { id: above; property int ends: 0; TreeView { objectName: 'tree'\n"
+              "childProperty: 'children'; delegate: Item { Component.onDestruction: {\n"
+              "    ++above.ends; destroyer.deleteDeferred() } } } }");
+    Document document;
+    auto *tree = view.item("tree");
+    QQmlListReference roots(tree, "rootDocuments");
+    for (int i = 0; i < 3; ++i) {
+        roots.append(&document);
+        QCoreApplication::sendPostedEvents(tree, QEvent::MetaCall);
+    }
+    delete tree;
+    QCOMPARE(view.root()->property("ends").toInt(), 1 + 2 + 3);
+    TreeFixture::settle();
 }
 
 void TestTreeAbuse::engineDestroyedWithOldRows()
