@@ -25,7 +25,11 @@ Demo {
 
     editors: [
         NumberEditor { target: box; property: "checkerSize"; from: 2; to: 128 },
-        ColorEditor { target: box; property: "lightColor" },
+        ColorEditor {
+            target: box
+            property: "lightColor"
+            swatches: ["#FFFFFF", "#C0C0C0", "#E3F1E4", "#FAF3DA", "#F4E2DB"]
+        },
         ColorEditor { target: box; property: "darkColor" },
         NumberEditor { target: box; property: "width"; from: 0; to: 360 },
         NumberEditor { target: box; property: "height"; from: 0; to: 200 },

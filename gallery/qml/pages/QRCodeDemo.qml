@@ -64,7 +64,11 @@ Demo {
         },
         NumberEditor { target: code; property: "moduleSize"; from: 2; to: 24 },
         ColorEditor { target: code; property: "darkColor" },
-        ColorEditor { target: code; property: "lightColor" },
+        ColorEditor {
+            target: code
+            property: "lightColor"
+            swatches: ["#FFFFFF", "#D9ECF1", "#E3F1E4", "#FAF3DA", "#F4E2DB"]
+        },
         BoolEditor { label: "antialiasing"; target: code; property: "antialiasing" },
         NumberEditor { target: code; property: "rotation"; from: -45; to: 45 },
         ValueRow { label: "modules a side"; value: demo.tooLong ? "too long" : demo.modules },
