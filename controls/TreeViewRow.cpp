@@ -4,6 +4,7 @@
 #include "controls/TreeViewRow.h"
 
 #include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQmlProperty>
 #include <QQuickItem>
 
@@ -170,6 +171,7 @@ QQuickItem *TreeViewRow::makeDefaultBranchHandle()
         handle->setParent(marker);
         handle->setParentItem(marker);
         component->completeCreate();
+        QQmlEngine::setObjectOwnership(handle, QQmlEngine::JavaScriptOwnership);
     }
     return handle;
 }

@@ -40,7 +40,8 @@ public:
     void setBranchHandle(QQuickItem *item);
     /// Where the branch handle goes.
     QQuickItem *collapseMarker() const;
-    /// Makes the handle of a view that has none of its own.
+    /// Makes the handle of a view that has none of its own. As what delegates make, it belongs to
+    /// the QML engine, and it goes with the marker.
     QQuickItem *makeDefaultBranchHandle();
     /// Puts the press area above everything made so far: it sees each press first.
     void raisePressArea();

@@ -859,6 +859,10 @@ void TestTreeView::defaultHandleTurns()
     QCOMPARE(image->rotation(), 45.0);
     f.call("tree.collapseIndex(1)");
     QCOMPARE(image->rotation(), 0.0);
+    QCOMPARE(QQmlEngine::objectOwnership(handle), QQmlEngine::JavaScriptOwnership);
+    QPointer<QQuickItem> watched = handle;
+    f.view.engine()->collectGarbage();
+    QVERIFY(watched);
 }
 
 void TestTreeView::delegateComesTooLate()
