@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "benchmarks/support/Measures.h"
 #include "benchmarks/support/SideBySide.h"
 
 #include <QCoreApplication>
@@ -18,7 +19,6 @@
 #include <QTimer>
 #include <QUrl>
 
-#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -222,12 +222,6 @@ private:
     bool m_moving = false;
 };
 
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -255,7 +249,7 @@ int main(int argc, char **argv)
         }
     }
     benchmark::printRow("press to first drag event, 1000 documents, beside Drag.Automatic", 0.7,
-                        median(oursTimes), median(theirsTimes), "us");
+                        benchmark::median(oursTimes), benchmark::median(theirsTimes), "us");
     return 0;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "benchmarks/support/Measures.h"
 #include "benchmarks/support/SideBySide.h"
 
 #include <QCoreApplication>
@@ -17,7 +18,6 @@
 #include <QQuickWindow>
 #include <QUrl>
 
-#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <vector>
@@ -192,12 +192,8 @@ void importRow()
         ours.push_back(importTime(QStringLiteral("ombrel.Controls 1.0")));
         theirs.push_back(importTime(QStringLiteral("QtQuick.Controls 2.15")));
     }
-    const auto median = [](std::vector<double> &values) {
-        std::sort(values.begin(), values.end());
-        return values.at(values.size() / 2);
-    };
-    benchmark::printRow("import, beside QtQuick.Controls 2.15", 0.25, median(ours), median(theirs),
-                        "us");
+    benchmark::printRow("import, beside QtQuick.Controls 2.15", 0.25, benchmark::median(ours),
+                        benchmark::median(theirs), "us");
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 // measured alternately in one process; memory is measured in processes of their own, one after the
 // other, so that neither side finds what the other has left in the heap.
 
+#include "benchmarks/support/Measures.h"
 #include "benchmarks/support/SideBySide.h"
 
 #include <QGuiApplication>
@@ -15,13 +16,9 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <functional>
-#include <malloc.h>
 #include <memory>
-#include <time.h>
 #include <vector>
 
 namespace {
@@ -58,8 +55,6 @@ Grid {
     }
 }
 )";
-
-using Clock = std::chrono::steady_clock;
 
 /// A window with a hundred items.
 class Side
@@ -131,41 +126,11 @@ private:
     int m_turn = 0;
 };
 
-double ownTime()
-{
-    timespec time = {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return double(time.tv_sec) * 1e6 + double(time.tv_nsec) / 1e3;
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
-}
-
-/// Measurements in microseconds: what passed, and what this thread was busy for. The difference is
-/// the threads of a software rasteriser, which stand in for a graphics card.
-struct Times
-{
-    void add(const std::function<void()> &body)
-    {
-        const double ownStart = ownTime();
-        const Clock::time_point start = Clock::now();
-        body();
-        passed.push_back(std::chrono::duration<double, std::micro>(Clock::now() - start).count());
-        own.push_back(ownTime() - ownStart);
-    }
-
-    std::vector<double> passed;
-    std::vector<double> own;
-};
-
 /// Measures what \a action does to both sides, alternately.
 void compare(const char *name, double goal, Side &ours, Side &theirs, void (Side::*action)(),
              void (Side::*undo)() = nullptr)
 {
-    Times times[2];
+    benchmark::Times times[2];
     for (int round = 0; round < 41; ++round) {
         for (int peer = 0; peer < 2; ++peer) {
             Side &side = peer ? theirs : ours;
@@ -178,15 +143,10 @@ void compare(const char *name, double goal, Side &ours, Side &theirs, void (Side
             Side::settle();
         }
     }
-    benchmark::printRow(name, goal, median(times[0].passed), median(times[1].passed), "us");
-    benchmark::printRow("    the same, this thread", goal, median(times[0].own),
-                        median(times[1].own), "us");
-}
-
-double heap()
-{
-    const struct mallinfo2 info = mallinfo2();
-    return double(info.uordblks + info.hblkhd);
+    benchmark::printRow(name, goal, benchmark::median(times[0].passed),
+                        benchmark::median(times[1].passed), "us");
+    benchmark::printRow("    the same, this thread", goal, benchmark::median(times[0].own),
+                        benchmark::median(times[1].own), "us");
 }
 
 /// What the items of a side hold, in bytes an item.
@@ -207,18 +167,18 @@ Memory measureMemory(Side &side)
     side.setText();
     side.destroy();
     Memory used;
-    const double before = heap();
+    const double before = benchmark::heap();
     side.create();
-    used.made = (heap() - before) / count;
+    used.made = (benchmark::heap() - before) / count;
     side.grab();
     side.setText();
     Side::settle();
     side.grab();
-    used.shown = (heap() - before) / count;
+    used.shown = (benchmark::heap() - before) / count;
     side.setVisible(false);
     for (int frame = 0; frame < 4; ++frame)
         side.grab();
-    used.settled = (heap() - before) / count;
+    used.settled = (benchmark::heap() - before) / count;
     return used;
 }
 
@@ -255,7 +215,8 @@ void compareMemory(const QString &program)
         }
     }
     const auto row = [](const char *name, const std::vector<double>(&values)[2]) {
-        benchmark::printRow(name, 0.3, median(values[0]), median(values[1]), "bytes");
+        benchmark::printRow(name, 0.3, benchmark::median(values[0]), benchmark::median(values[1]),
+                            "bytes");
     };
     row("memory an item, after its frame", settled);
     row("    the same, before its first frame", made);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "benchmarks/support/Measures.h"
 #include "benchmarks/support/SideBySide.h"
 
 #include <OmbrelDataCore/Document.h>
@@ -16,10 +17,8 @@
 #include <QQuickWindow>
 #include <QStandardItemModel>
 
-#include <algorithm>
 #include <cstdio>
 #include <ctime>
-#include <malloc.h>
 #include <map>
 #include <memory>
 #include <string>
@@ -246,11 +245,6 @@ double processorMilliseconds(const std::function<void()> &body)
         + double(after.tv_nsec - before.tv_nsec) / 1e6;
 }
 
-double allocated()
-{
-    return double(mallinfo2().uordblks);
-}
-
 void rebuildNow(QObject *tree)
 {
     QCoreApplication::sendPostedEvents(tree, QEvent::MetaCall);
@@ -332,12 +326,12 @@ void measureTree(QQmlEngine &engine, Stage &stage, Document *root, int count, Ti
         stage.polish();
         (*times)[name].push_back(processorMilliseconds(body));
     };
-    const double before = allocated();
+    const double before = benchmark::heap();
     take("build", [&] {
         QQmlListReference(tree.get(), "rootDocuments").append(root);
         rebuildNow(tree.get());
     });
-    (*times)["memory"].push_back((allocated() - before) / count);
+    (*times)["memory"].push_back((benchmark::heap() - before) / count);
     if (qFuzzyCompare(tree->implicitHeight(), 24.0 * count) == false) {
         qFatal("The rows are not there");
     }
@@ -374,9 +368,9 @@ void measureColumn(QQmlEngine &engine, Stage &stage, const std::vector<RowModel:
             QMetaObject::invokeMethod(column.get(), "forceLayout");
         }));
     };
-    const double before = allocated();
+    const double before = benchmark::heap();
     take("build", [&] { column->setProperty("rows", QVariant::fromValue<QObject *>(&model)); });
-    (*times)["memory"].push_back((allocated() - before) / double(rows.size()));
+    (*times)["memory"].push_back((benchmark::heap() - before) / double(rows.size()));
     if (qFuzzyCompare(column->implicitHeight(), 24.0 * double(rows.size())) == false) {
         qFatal("The rows by hand are not there");
     }
@@ -429,12 +423,6 @@ void measureVirtual(QQmlEngine &engine, Stage &stage, int count, Times *times)
         QMetaObject::invokeMethod(tree.get(), "expand", Q_ARG(QVariant, QVariant::fromValue(top)));
         QCoreApplication::processEvents();
     });
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.empty() ? 0 : values.at(values.size() / 2);
 }
 
 } // namespace
@@ -497,35 +485,40 @@ int main(int argc, char **argv)
                 const bool built = operation == std::string("build");
                 const double unit = built ? 1e3 / count : 1;
                 benchmark::printRow((name + ", beside a Repeater").c_str(), 1.2,
-                                    median(trees[count][operation]) * unit,
-                                    median(columns[count][operation]) * unit,
+                                    benchmark::median(trees[count][operation]) * unit,
+                                    benchmark::median(columns[count][operation]) * unit,
                                     built ? "us/row" : "ms");
                 if (!loaded[operation].empty()) {
                     std::printf("%-52s with loaders %13.3f %s  ratio %6.3f\n", name.c_str(),
-                                median(loaded[operation]) * unit, built ? "us/row" : "ms",
-                                median(trees[count][operation]) / median(loaded[operation]));
+                                benchmark::median(loaded[operation]) * unit,
+                                built ? "us/row" : "ms",
+                                benchmark::median(trees[count][operation])
+                                    / benchmark::median(loaded[operation]));
                 }
                 if (!virtualised[operation].empty()) {
                     std::printf("%-52s virtualised view %10.3f ms\n", name.c_str(),
-                                median(virtualised[operation]));
+                                benchmark::median(virtualised[operation]));
                 }
             }
             benchmark::printRow(
                 (std::string(shape) + " " + std::to_string(count) + ", memory a row").c_str(), 1.2,
-                median(trees[count]["memory"]), median(columns[count]["memory"]), "B");
+                benchmark::median(trees[count]["memory"]),
+                benchmark::median(columns[count]["memory"]), "B");
         }
         for (const char *operation : operations) {
             const std::string name = std::string(shape) + " " + operation + ", 10,000 beside 1,000";
-            benchmark::printRow(name.c_str(), 12, median(trees[10000][operation]),
-                                median(trees[1000][operation]), "ms");
+            benchmark::printRow(name.c_str(), 12, benchmark::median(trees[10000][operation]),
+                                benchmark::median(trees[1000][operation]), "ms");
             std::printf("%-52s by hand %17.3f ms  theirs %12.3f ms  ratio %6.3f\n", name.c_str(),
-                        median(columns[10000][operation]), median(columns[1000][operation]),
-                        median(columns[10000][operation]) / median(columns[1000][operation]));
+                        benchmark::median(columns[10000][operation]),
+                        benchmark::median(columns[1000][operation]),
+                        benchmark::median(columns[10000][operation])
+                            / benchmark::median(columns[1000][operation]));
         }
         benchmark::printRow((std::string(shape) + " collapse of 10,000, beside 150 ms").c_str(), 1,
-                            median(trees[10000]["collapse"]), 150, "ms");
+                            benchmark::median(trees[10000]["collapse"]), 150, "ms");
         benchmark::printRow((std::string(shape) + " expand of 10,000, beside 150 ms").c_str(), 1,
-                            median(trees[10000]["expand"]), 150, "ms");
+                            benchmark::median(trees[10000]["expand"]), 150, "ms");
     }
     return 0;
 }

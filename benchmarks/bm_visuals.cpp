@@ -4,6 +4,7 @@
 // Checkerboards, dashed borders and the boxes of a colour picker beside what Qt Quick itself offers
 // for each. All sides of a comparison take turns; the row names the better of the peers.
 
+#include "benchmarks/support/Measures.h"
 #include "benchmarks/support/SideBySide.h"
 
 #include <QCoreApplication>
@@ -16,13 +17,9 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <functional>
-#include <malloc.h>
 #include <memory>
-#include <time.h>
 #include <vector>
 
 namespace {
@@ -178,44 +175,6 @@ public:
     }
 };
 
-using Clock = std::chrono::steady_clock;
-
-double ownTime()
-{
-    timespec time = {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return double(time.tv_sec) * 1e6 + double(time.tv_nsec) / 1e3;
-}
-
-/// Measurements in microseconds: what passed, and what this thread was busy for. The difference is
-/// the threads of the software rasteriser, which stand in for a graphics card.
-struct Times
-{
-    void add(const std::function<void()> &body)
-    {
-        const double ownStart = ownTime();
-        const Clock::time_point start = Clock::now();
-        body();
-        passed.push_back(std::chrono::duration<double, std::micro>(Clock::now() - start).count());
-        own.push_back(ownTime() - ownStart);
-    }
-
-    std::vector<double> passed;
-    std::vector<double> own;
-};
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
-}
-
-double heap()
-{
-    const struct mallinfo2 info = mallinfo2();
-    return double(info.uordblks + info.hblkhd);
-}
-
 /// A window of its own with one document.
 class Side
 {
@@ -318,8 +277,8 @@ private:
 
 struct Figures
 {
-    Times firstFrames;
-    Times recolored;
+    benchmark::Times firstFrames;
+    benchmark::Times recolored;
     double memory = 0;
 };
 
@@ -335,21 +294,21 @@ void compare(const char *name, double goal, QQmlEngine &engine,
         sides[i]->create();
         sides[i]->recolor();
         sides[i]->destroy();
-        const double before = heap();
+        const double before = benchmark::heap();
         sides[i]->create();
         // The driver keeps the commands of its last frame: those of an empty one, then.
         sides[i]->setVisible(false);
         for (int frame = 0; frame < 4; ++frame) {
             sides[i]->frame();
         }
-        figures[i].memory = (heap() - before) / 100;
+        figures[i].memory = (benchmark::heap() - before) / 100;
         sides[i]->destroy();
     }
     // A window without anything, grabbed in the same way: what every side pays and none can save.
     Side nothing(engine, head + "Item { property color tone }");
     nothing.expectNothing();
     nothing.create();
-    Times empty;
+    benchmark::Times empty;
     for (int round = 0; round < 21; ++round) {
         for (size_t i = 0; i < sides.size(); ++i) {
             // The windows take turns, and one that comes anew gets new frame buffers from the X
@@ -375,15 +334,16 @@ void compare(const char *name, double goal, QQmlEngine &engine,
         const QByteArray title = QByteArray(name) + ", " + what + " (" + items[best].first + ")";
         benchmark::printRow(title.constData(), goal, value(figures[0]), value(figures[best]), unit);
     };
-    const auto timeRow = [&](const char *what, Times Figures::*times,
-                             std::vector<double> Times::*clock) {
-        const double base = median(empty.*clock);
-        row(what, "us", [=](const Figures &f) { return median(f.*times.*clock) - base; });
+    const auto timeRow = [&](const char *what, benchmark::Times Figures::*times,
+                             std::vector<double> benchmark::Times::*clock) {
+        const double base = benchmark::median(empty.*clock);
+        row(what, "us",
+            [=](const Figures &f) { return benchmark::median(f.*times.*clock) - base; });
     };
-    timeRow("first frame less an empty one", &Figures::firstFrames, &Times::passed);
-    timeRow("the same, this thread", &Figures::firstFrames, &Times::own);
-    timeRow("recolour less an empty frame", &Figures::recolored, &Times::passed);
-    timeRow("the same, this thread", &Figures::recolored, &Times::own);
+    timeRow("first frame less an empty one", &Figures::firstFrames, &benchmark::Times::passed);
+    timeRow("the same, this thread", &Figures::firstFrames, &benchmark::Times::own);
+    timeRow("recolour less an empty frame", &Figures::recolored, &benchmark::Times::passed);
+    timeRow("the same, this thread", &Figures::recolored, &benchmark::Times::own);
     row("memory an item", "bytes", [](const Figures &f) { return f.memory; });
 }
 

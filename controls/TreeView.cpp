@@ -13,8 +13,6 @@
 #include <QDebug>
 #include <QImageReader>
 #include <QKeyEvent>
-#include <QMetaMethod>
-#include <QMetaProperty>
 #include <QQmlComponent>
 #include <QQmlContext>
 #include <QQmlEngine>

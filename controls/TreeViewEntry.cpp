@@ -76,6 +76,7 @@ TreeViewEntry::~TreeViewEntry()
         d->view->d->entryDestroyed(this);
     }
     if (d->ending) {
+        // Its destruction goes on when this is over, and is not to begin a second time.
         d->ending->setParent(nullptr);
     }
     destroyContext();

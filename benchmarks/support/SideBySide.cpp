@@ -3,6 +3,8 @@
 
 #include "benchmarks/support/SideBySide.h"
 
+#include "benchmarks/support/Measures.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -19,12 +21,6 @@ static double microseconds(const std::function<void()> &body, int calls)
         body();
     }
     return std::chrono::duration<double, std::micro>(Clock::now() - start).count() / calls;
-}
-
-static double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
 }
 
 Result sideBySide(const char *name, double goal, const std::function<void()> &ours,
