@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
-import QtQuick.Controls 2.15 as Controls
+import QtQuick 2.12
+import QtQuick.Controls 2.5 as Controls
 
 // A list to choose from, for enumerations and other fixed sets of values. `options` is a list of
 // { text, value }, or of plain values.

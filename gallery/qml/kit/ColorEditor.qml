@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
-import QtQml 2.15
+import QtQuick 2.12
 
 // Swatches and a field (#RRGGBB, #AARRGGBB or a colour's name) for a colour property.
 PropertyRow {
@@ -34,7 +33,6 @@ PropertyRow {
         }
     }
     Field {
-        id: field
         anchors { left: row0.right; leftMargin: 8; right: parent.right }
         anchors.verticalCenter: parent.verticalCenter
         font.family: Theme.monoFamily
@@ -42,6 +40,7 @@ PropertyRow {
         leftPadding: 5
         rightPadding: 3
         maximumLength: 20
+        shown: String(row.current).toUpperCase()
         onEditingFinished: {
             try {
                 // Throws for a text that is no colour.
@@ -49,15 +48,7 @@ PropertyRow {
                     row.write(text);
             } catch (error) {
             }
-            text = shown.value;
-        }
-        Binding {
-            id: shown
-            target: field
-            property: "text"
-            value: String(row.current).toUpperCase()
-            when: !field.activeFocus
-            restoreMode: Binding.RestoreNone
+            restore();
         }
     }
 }

@@ -1,14 +1,24 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
-import QtQuick.Controls 2.15 as Controls
+import QtQuick 2.12
+import QtQuick.Controls 2.5 as Controls
 
-// A text field of the editors. `accepted` comes with Return and when the field is left.
+// A text field of the editors. `accepted` comes with Return and when the field is left. With `shown`
+// the field has that text whenever nobody types into it.
 Controls.TextField {
     id: field
 
     property bool valid: true
+    property var shown
+
+    function restore() {
+        if (shown !== undefined)
+            text = shown;
+    }
+    onShownChanged: if (!activeFocus) restore()
+    onActiveFocusChanged: if (!activeFocus) restore()
+    Component.onCompleted: restore()
 
     implicitHeight: 28
     leftPadding: 8

@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
-import QtQml 2.15
-import QtQuick.Controls 2.15 as Controls
+import QtQuick 2.12
+import QtQuick.Controls 2.5 as Controls
 
 // A slider and a field for a number. The field takes numbers outside the slider's range too, so
 // that a property's own clamping can be seen.
@@ -50,13 +49,14 @@ PropertyRow {
                         : slider.activeFocus ? Theme.focus : Theme.strongLine
         }
         // Not a plain binding, which the first drag of the handle would end.
-        Binding {
-            target: slider
-            property: "value"
-            value: row.value === undefined ? row.from : row.value
-            when: !slider.pressed
-            restoreMode: Binding.RestoreNone
+        readonly property real shown: row.value === undefined ? row.from : row.value
+        function restore() {
+            if (!pressed)
+                value = shown;
         }
+        onShownChanged: restore()
+        onPressedChanged: restore()
+        Component.onCompleted: restore()
     }
     Field {
         id: field
@@ -64,21 +64,13 @@ PropertyRow {
         anchors.verticalCenter: parent.verticalCenter
         width: 62
         horizontalAlignment: TextInput.AlignRight
+        shown: row.value === undefined ? "" : Number(row.value).toFixed(row.decimals)
         validator: DoubleValidator { notation: DoubleValidator.StandardNotation; locale: "C" }
         onEditingFinished: {
             const number = Number(text);
             if (text.length > 0 && number !== row.value)
                 row.write(number);
-            shown.restore();
-        }
-        Binding {
-            id: shown
-            target: field
-            property: "text"
-            value: row.value === undefined ? "" : Number(row.value).toFixed(row.decimals)
-            when: !field.activeFocus
-            restoreMode: Binding.RestoreNone
-            function restore() { field.text = value; }
+            restore();
         }
     }
 }

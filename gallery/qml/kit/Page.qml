@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
-import QtQuick.Controls 2.15 as Controls
+import QtQuick 2.12
+import QtQuick.Controls 2.5 as Controls
 
 // A page of the gallery: a heading, a line or two on what it is about, and sections or demos below
 // one another. It scrolls by itself.
@@ -24,12 +24,6 @@ Flickable {
         contentY = Math.max(0, Math.min(contentHeight - height, contentY + distance));
     }
 
-    WheelHandler {
-        target: null
-        acceptedDevices: PointerDevice.AllDevices
-        onWheel: page.scrollBy(-event.angleDelta.y * 0.8)
-    }
-
     Keys.onPressed: {
         const page = height * 0.9;
         const distance = ({ [Qt.Key_PageDown]: page, [Qt.Key_PageUp]: -page, [Qt.Key_Down]: 60,
@@ -46,6 +40,7 @@ Flickable {
         width: page.width
         height: Math.max(page.height, page.contentHeight)
         onPressed: page.forceActiveFocus()
+        onWheel: page.scrollBy(-wheel.angleDelta.y * 0.8)
     }
 
     Controls.ScrollBar.vertical: Controls.ScrollBar {

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
-import QtQml 2.15
+import QtQuick 2.12
 
 // Two fields for a point.
 PropertyRow {
@@ -26,25 +25,18 @@ PropertyRow {
                     font.pixelSize: 13
                 }
                 Field {
-                    id: field
                     x: 16
                     width: parent.width - x
                     horizontalAlignment: TextInput.AlignRight
+                    shown: row.value === undefined ? ""
+                                                   : String(Math.round(row.value[modelData] * 100) / 100)
                     validator: DoubleValidator { notation: DoubleValidator.StandardNotation; locale: "C" }
                     onEditingFinished: {
                         const number = Number(text);
                         if (text.length > 0 && number !== row.value[modelData])
                             row.write(modelData === "x" ? Qt.point(number, row.value.y)
                                                         : Qt.point(row.value.x, number));
-                        text = shown.value;
-                    }
-                    Binding {
-                        id: shown
-                        target: field
-                        property: "text"
-                        value: row.value === undefined ? "" : String(Math.round(row.value[modelData] * 100) / 100)
-                        when: !field.activeFocus
-                        restoreMode: Binding.RestoreNone
+                        restore();
                     }
                 }
             }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
+import QtQuick 2.12
 
 // A row of the editor column: a name at the left, an editor at the right. The base of all editors.
 //

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
-import QtQml 2.15
+import QtQuick 2.12
 
 // A field for a text property. With `list` it edits a list of strings, separated by commas.
 PropertyRow {
@@ -25,19 +24,13 @@ PropertyRow {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
+        shown: row.shownText
         // The beginning is what tells a long text.
         onTextChanged: if (!activeFocus) cursorPosition = 0
         onTextEdited: if (!row.list) row.commit()
         onEditingFinished: {
             row.commit();
-            text = row.shownText;
-        }
-        Binding {
-            target: field
-            property: "text"
-            value: row.shownText
-            when: !field.activeFocus
-            restoreMode: Binding.RestoreNone
+            restore();
         }
     }
 }

@@ -3,7 +3,7 @@
 
 pragma Singleton
 
-import QtQuick 2.15
+import QtQuick 2.12
 
 // Colours, sizes and fonts of the gallery. Nothing else in it names a colour.
 QtObject {

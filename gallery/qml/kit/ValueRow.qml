@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
+import QtQuick 2.12
 
 // A property that is only shown: what the object answers.
 PropertyRow {

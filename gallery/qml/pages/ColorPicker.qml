@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
-import QtQml 2.15
+import QtQuick 2.12
 import ombrel.Controls 1.0
 import ombrel.Controls.Private 1.0
 import "../kit"
@@ -17,68 +16,6 @@ Item {
 
     implicitWidth: 760
     implicitHeight: 372
-
-    // A whole number of the colour. The text follows the mapper unless it is being typed.
-    component Part: Item {
-        id: part
-        property string name
-        property int value
-        property int last: 255
-        signal chosen(int number)
-        width: 74
-        height: 48
-        Label {
-            width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            text: part.name
-            color: Theme.softText
-            font.pixelSize: Theme.small
-        }
-        Field {
-            id: field
-            y: 18
-            width: parent.width
-            horizontalAlignment: TextInput.AlignHCenter
-            inputMethodHints: Qt.ImhDigitsOnly
-            valid: acceptableInput || !activeFocus
-            validator: IntValidator { bottom: 0; top: part.last }
-            onTextEdited: if (acceptableInput) part.chosen(Number(text))
-            onEditingFinished: text = part.value
-            onActiveFocusChanged: if (!activeFocus) text = part.value
-            Keys.onUpPressed: { part.chosen(part.value + 1); text = part.value; }
-            Keys.onDownPressed: { part.chosen(part.value - 1); text = part.value; }
-            Binding {
-                target: field
-                property: "text"
-                value: part.value
-                when: !field.activeFocus
-                restoreMode: Binding.RestoreNone
-            }
-        }
-    }
-
-    // The marker of a strip.
-    component Handle: Item {
-        property alias color: knob.color
-        Rectangle {
-            id: knob
-            x: -5
-            y: -height / 2
-            width: 10
-            height: picker.stripHeight + 8
-            radius: 5
-            border.width: 2
-            border.color: Theme.panel
-            Rectangle {
-                z: -1
-                anchors.fill: parent
-                anchors.margins: -1
-                radius: 6
-                color: "transparent"
-                border.color: Theme.faintText
-            }
-        }
-    }
 
     ColorMapper {
         id: mapper
@@ -132,7 +69,7 @@ Item {
         onHueChanged: mapper.updateHue(hue)
         Keys.onLeftPressed: mapper.updateHue(hue - 1)
         Keys.onRightPressed: mapper.updateHue(hue + 1)
-        sliderDelegate: Handle { color: Qt.hsva(strip.hue / 359, 1, 1, 1) }
+        sliderDelegate: StripHandle { color: Qt.hsva(strip.hue / 359, 1, 1, 1) }
         Rectangle {
             anchors.fill: parent
             color: "transparent"
@@ -166,7 +103,7 @@ Item {
             Keys.onLeftPressed: mapper.updateAlpha(mapper.alpha - 1)
             Keys.onRightPressed: mapper.updateAlpha(mapper.alpha + 1)
         }
-        Handle {
+        StripHandle {
             x: alphaStrip.width * mapper.alpha / 255
             y: alphaStrip.height / 2
             color: Qt.rgba(picker.color.r, picker.color.g, picker.color.b, 1)
@@ -202,19 +139,19 @@ Item {
 
         Row {
             spacing: 12
-            Part { name: "Hue"; value: mapper.hue; last: 359; onChosen: mapper.updateHue(number) }
-            Part { name: "Saturation"; value: mapper.saturation; onChosen: mapper.updateSaturation(number) }
-            Part { name: "Value"; value: mapper.value; onChosen: mapper.updateValue(number) }
+            ColorPart { name: "Hue"; value: mapper.hue; last: 359; onChosen: mapper.updateHue(number) }
+            ColorPart { name: "Saturation"; value: mapper.saturation; onChosen: mapper.updateSaturation(number) }
+            ColorPart { name: "Value"; value: mapper.value; onChosen: mapper.updateValue(number) }
         }
         Row {
             spacing: 12
-            Part { name: "Red"; value: mapper.red; onChosen: mapper.updateRed(number) }
-            Part { name: "Green"; value: mapper.green; onChosen: mapper.updateGreen(number) }
-            Part { name: "Blue"; value: mapper.blue; onChosen: mapper.updateBlue(number) }
+            ColorPart { name: "Red"; value: mapper.red; onChosen: mapper.updateRed(number) }
+            ColorPart { name: "Green"; value: mapper.green; onChosen: mapper.updateGreen(number) }
+            ColorPart { name: "Blue"; value: mapper.blue; onChosen: mapper.updateBlue(number) }
         }
         Row {
             spacing: 12
-            Part { name: "Alpha"; value: mapper.alpha; onChosen: mapper.updateAlpha(number) }
+            ColorPart { name: "Alpha"; value: mapper.alpha; onChosen: mapper.updateAlpha(number) }
             Item {
                 width: 160
                 height: 48
@@ -226,26 +163,18 @@ Item {
                     font.pixelSize: Theme.small
                 }
                 Field {
-                    id: hexField
                     y: 18
                     width: parent.width
                     horizontalAlignment: TextInput.AlignHCenter
                     font.family: Theme.monoFamily
                     valid: acceptableInput || !activeFocus
-                    validator: RegularExpressionValidator { regularExpression: /([0-9A-Fa-f]{3}){1,2}/ }
+                    shown: mapper.hex
+                    validator: RegExpValidator { regExp: /([0-9A-Fa-f]{3}){1,2}/ }
                     onTextEdited: if (text.length === 6) mapper.updateHex(text)
                     // With Return, or when the field is left; three digits wait for it.
                     onEditingFinished: {
                         if (acceptableInput && text.toUpperCase() !== mapper.hex) mapper.updateHex(text);
-                        text = mapper.hex;
-                    }
-                    onActiveFocusChanged: if (!activeFocus) text = mapper.hex
-                    Binding {
-                        target: hexField
-                        property: "text"
-                        value: mapper.hex
-                        when: !hexField.activeFocus
-                        restoreMode: Binding.RestoreNone
+                        restore();
                     }
                 }
             }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
-import QtQuick.Controls 2.15 as Controls
+import QtQuick 2.12
+import QtQuick.Controls 2.5 as Controls
 import ombrel.data.Core 1.0
 import "../kit"
 
@@ -18,6 +18,8 @@ Demo {
         return document.children.length > 0 ? document.children[0] : document;
     }
     function holds(parentDocument, document) {
+        if (!parentDocument)
+            return false;
         for (let i = 0; i < parentDocument.children.length; ++i) {
             if (parentDocument.children[i] === document)
                 return true;
@@ -34,20 +36,21 @@ Demo {
         selected = left;
     }
     // Documents come and go with their files: stay in the deepest folder that is left.
+    readonly property int reach: {
+        let reached = 1;
+        while (reached < path.length && holds(path[reached - 1], path[reached]))
+            ++reached;
+        return reached;
+    }
+    readonly property bool selectionLost: selected !== folder && !holds(folder, selected)
     function settle() {
-        for (let i = 0; i + 1 < path.length; ++i) {
-            if (!holds(path[i], path[i + 1])) {
-                path = path.slice(0, i + 1);
-                break;
-            }
-        }
-        if (selected !== folder && !holds(folder, selected))
+        if (reach < path.length)
+            path = path.slice(0, reach);
+        if (selectionLost)
             selected = firstOf(folder);
     }
-    Connections {
-        target: gallery.context
-        function onDocumentChanged() { demo.settle(); }
-    }
+    onReachChanged: Qt.callLater(settle)
+    onSelectionLostChanged: Qt.callLater(settle)
 
     title: "Document"
     hint: "Double-click a folder to look inside; its documents are made at that moment. Create, rename or "

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
+import QtQuick 2.12
 import ombrel.data.Core 1.0
 import "../kit"
 
@@ -12,7 +12,11 @@ Section {
 
     property Flickable page
     readonly property real stuck: page ? Math.max(0, page.contentY + 12 - parent.y - y) : 0
-    property var files: filesOf(gallery.folder)
+    // A tile that is being dragged has to stay, whatever becomes of its file.
+    readonly property var present: filesOf(gallery.folder)
+    property var files: []
+    onPresentChanged: if (!dragging) files = present
+    onDraggingChanged: if (!dragging) files = present
     property bool dragging: false
 
     function filesOf(folder) {
@@ -34,15 +38,6 @@ Section {
           ? "From the opened folder. Drag one, or all of them by the card at the end, into a zone below. Or "
             + "drag files in from your file manager."
           : "The opened folder has no files: drag some in from your file manager."
-
-    Connections {
-        target: gallery.context
-        function onDocumentChanged(document) {
-            // A tile that is being dragged has to stay.
-            if (document === gallery.folder && !shelf.dragging)
-                shelf.files = shelf.filesOf(gallery.folder);
-        }
-    }
 
     Flow {
         width: parent.width

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-import QtQuick 2.15
+import QtQuick 2.12
 import "../kit"
 
 // A file by its URL: the picture when it is one, else a sign for what it is; its name below.
