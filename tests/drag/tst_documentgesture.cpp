@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/DragArea.h"
-#include "controls/DragAreaAttachedObject.h"
-#include "controls/DragZone.h"
-#include "controls/DragZoneAttachedObject.h"
+#include "controls/drag/DragArea.h"
+#include "controls/drag/DragAreaAttachedObject.h"
+#include "controls/drag/DragZone.h"
+#include "controls/drag/DragZoneAttachedObject.h"
 #include "tests/support/SignalRecorder.h"
 
 #include <QMouseEvent>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/Draggable.h"
+#include "controls/drag/Draggable.h"
 #include "tests/support/SignalRecorder.h"
 
 #include <QMouseEvent>

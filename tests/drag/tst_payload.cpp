@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/DocumentsPayload.h"
-#include "controls/DraggablePayload.h"
+#include "controls/drag/DocumentsPayload.h"
+#include "controls/drag/DraggablePayload.h"
 
 #include <QMimeData>
 #include <QTest>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/DropData.h"
-#include "controls/DropHandler.h"
-#include "controls/DropZone.h"
+#include "controls/drop/DropData.h"
+#include "controls/drop/DropHandler.h"
+#include "controls/drop/DropZone.h"
 #include "tests/support/DragEvents.h"
 #include "tests/support/Pointer.h"
 

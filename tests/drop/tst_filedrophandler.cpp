@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/DropData.h"
-#include "controls/FileDropHandler.h"
-#include "controls/ImageDropHandler.h"
-#include "controls/VideoDropHandler.h"
+#include "controls/drop/DropData.h"
+#include "controls/drop/FileDropHandler.h"
+#include "controls/drop/ImageDropHandler.h"
+#include "controls/drop/VideoDropHandler.h"
 
 #include <QElapsedTimer>
 #include <QImageReader>

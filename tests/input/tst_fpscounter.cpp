@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/FpsCounter.h"
+#include "controls/input/FpsCounter.h"
 
 #include <QQmlParserStatus>
 #include <QQuickItem>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/FrameRateMeter.h"
+#include "controls/input/FrameRateMeter.h"
 
 #include <QTest>
 

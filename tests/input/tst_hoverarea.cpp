@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/HoverArea.h"
+#include "controls/input/HoverArea.h"
 
 #include <QMouseEvent>
 #include <QPointer>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/KeyEventSource.h"
+#include "controls/input/KeyEventSource.h"
 
 #include <QKeyEvent>
 #include <QPointer>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/PropertyEditor.h"
+#include "controls/input/PropertyEditor.h"
 
 #include <QKeyEvent>
 #include <QMetaMethod>

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/DashedBorder.h"
-#include "controls/FrameItem.h"
 #include "controls/private/CheckerBox.h"
 #include "controls/private/HueBox.h"
 #include "controls/private/SaturationValueBox.h"
 #include "controls/scenegraph/CheckerBoxShader.h"
 #include "controls/scenegraph/DashedGeometryNode.h"
 #include "controls/scenegraph/DashedLineShader.h"
+#include "controls/visuals/DashedBorder.h"
+#include "controls/visuals/FrameItem.h"
 
 #include <QSGFlatColorMaterial>
 #include <QSGGeometryNode>

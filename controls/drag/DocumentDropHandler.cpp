@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/drag/DocumentDropHandler.h"
+
+#include "controls/drag/DocumentsPayload.h"
+#include "controls/drag/DragZone.h"
+
+#include <OmbrelDataCore/Document.h>
+
+#include <QQmlListReference>
+
+namespace om::controls {
+
+class DocumentDropHandler::Private
+{
+public:
+    QString type;
+};
+
+DocumentDropHandler::DocumentDropHandler(QObject *parent)
+    : DropHandler(parent)
+    , d(std::make_unique<Private>())
+{
+}
+
+DocumentDropHandler::~DocumentDropHandler() = default;
+
+QString DocumentDropHandler::type() const
+{
+    return d->type;
+}
+
+void DocumentDropHandler::setType(const QString &type)
+{
+    if (d->type == type) {
+        return;
+    }
+    d->type = type;
+    Q_EMIT typeChanged(type);
+}
+
+QVariant DocumentDropHandler::dropData(const QMimeData *)
+{
+    return {};
+}
+
+bool DocumentDropHandler::canHandle(const QMimeData *mimeData)
+{
+    if (!documentspayload::isIn(mimeData)) {
+        return false;
+    }
+    auto *const zone = qobject_cast<DragZone *>(dragSource());
+    if (!zone) {
+        return false;
+    }
+    // The payload is never read: the zone has the documents themselves.
+    const QQmlListReference documents(zone, "dragDocuments");
+    for (int i = 0; i < documents.count(); ++i) {
+        const auto *const document = qobject_cast<om::data::Document *>(documents.at(i));
+        if (document && document->hasType(d->type)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace om::controls

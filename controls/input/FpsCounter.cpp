@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/input/FpsCounter.h"
+
+#include "controls/input/FrameRateMeter.h"
+
+#include <QDateTime>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTimer>
+
+namespace om::controls {
+
+namespace {
+
+constexpr int RetryInterval = 1000;
+
+} // namespace
+
+class FpsCounter::Private
+{
+public:
+    explicit Private(FpsCounter *counter)
+        : q(counter)
+    {
+    }
+
+    FpsCounter *const q;
+    FrameRateMeter meter{QDateTime::currentMSecsSinceEpoch()};
+};
+
+FpsCounter::FpsCounter(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>(this))
+{
+}
+
+FpsCounter::~FpsCounter() = default;
+
+int FpsCounter::currentFps() const
+{
+    return d->meter.framesPerSecond();
+}
+
+void FpsCounter::classBegin() { }
+
+void FpsCounter::componentComplete()
+{
+    findWindow();
+}
+
+void FpsCounter::updateFps()
+{
+    if (d->meter.addFrame(QDateTime::currentMSecsSinceEpoch())) {
+        Q_EMIT currentFpsChanged();
+    }
+}
+
+void FpsCounter::findWindow()
+{
+    bool found = false;
+    for (QObject *ancestor = parent(); ancestor; ancestor = ancestor->parent()) {
+        const auto *const item = qobject_cast<QQuickItem *>(ancestor);
+        if (!item || !item->window()) {
+            continue;
+        }
+        // Deliberately once for each such ancestor: the meter ignores the intervals of length zero
+        // that come of it. The signal may come from the render thread and is then queued, so that
+        // the meter is only ever touched on the counter's own thread.
+        connect(item->window(), &QQuickWindow::frameSwapped, this, &FpsCounter::updateFps);
+        found = true;
+    }
+    if (!found) {
+        QTimer::singleShot(RetryInterval, this, SLOT(findWindow()));
+    }
+}
+
+} // namespace om::controls

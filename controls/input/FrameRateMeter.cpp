@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/input/FrameRateMeter.h"
+
+namespace om::controls {
+
+namespace {
+
+constexpr qint64 UpdateInterval = 1000;
+
+} // namespace
+
+FrameRateMeter::FrameRateMeter(qint64 now)
+    : m_lastUpdate(now)
+{
+}
+
+bool FrameRateMeter::addFrame(qint64 now)
+{
+    m_frameTimes[m_writeIndex] = now;
+    m_writeIndex = (m_writeIndex + 1) % FrameCount;
+    if (now - m_lastUpdate < UpdateInterval) {
+        return false;
+    }
+    m_lastUpdate = now;
+    const int rate = computeRate();
+    if (rate == m_framesPerSecond) {
+        return false;
+    }
+    m_framesPerSecond = rate;
+    return true;
+}
+
+int FrameRateMeter::computeRate() const
+{
+    // Each pair is earlier minus later, so in steady running none counts but the last one, at the
+    // ring's seam: newest minus oldest, the time that the 60 frames span. While the ring is
+    // filling, the oldest time is 0, the span is decades, and the rate is 0. Times that run
+    // backwards (the clock was set, or a frame was counted twice) give further differences or none.
+    qint64 sum = 0;
+    qint64 count = 0;
+    for (int step = 1; step < FrameCount; ++step) {
+        const int slot = m_writeIndex + step;
+        const qint64 difference =
+            m_frameTimes[slot % FrameCount] - m_frameTimes[(slot + 1) % FrameCount];
+        if (difference > 0) {
+            sum += difference;
+            ++count;
+        }
+    }
+    if (count == 0) {
+        return 0;
+    }
+    // An integer division, deliberately.
+    const qint64 mean = sum / count;
+    return static_cast<int>(60000.0 / static_cast<double>(mean));
+}
+
+} // namespace om::controls

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/popups/PopupIncubator.h"
+
+namespace om::controls {
+
+PopupIncubator::PopupIncubator(QObject *owner, QQuickItem *anchor, QPointer<QQuickItem> *popupItem)
+    : QQmlIncubator(Synchronous)
+    , m_owner(owner)
+    , m_anchor(anchor)
+    , m_popupItem(popupItem)
+{
+}
+
+void PopupIncubator::setInitialState(QObject *object)
+{
+    auto *const item = qobject_cast<QQuickItem *>(object);
+    *m_popupItem = item;
+    if (!item) {
+        return;
+    }
+    item->setEnabled(false);
+    item->setParent(m_owner);
+    item->setParentItem(m_anchor);
+}
+
+} // namespace om::controls

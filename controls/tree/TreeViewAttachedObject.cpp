@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/tree/TreeViewAttachedObject.h"
+
+#include "controls/tree/TreeView.h"
+#include "controls/tree/TreeViewEntry.h"
+
+namespace om::controls {
+
+class TreeViewAttachedObject::Private
+{
+public:
+    TreeViewEntry *entry = nullptr;
+};
+
+TreeViewAttachedObject::TreeViewAttachedObject(TreeViewEntry *entry)
+    : QObject(entry)
+    , d(std::make_unique<Private>())
+{
+    d->entry = entry;
+    connect(entry, &TreeViewEntry::collapsedChanged, this,
+            &TreeViewAttachedObject::collapsedItemChanged);
+    connect(entry, &TreeViewEntry::activeChanged, this, &TreeViewAttachedObject::activeItemChanged);
+}
+
+TreeViewAttachedObject::~TreeViewAttachedObject() = default;
+
+TreeView *TreeViewAttachedObject::view() const
+{
+    return d->entry->view();
+}
+
+bool TreeViewAttachedObject::isCollapsedItem() const
+{
+    return d->entry->isCollapsed();
+}
+
+void TreeViewAttachedObject::setCollapsedItem(bool collapsed)
+{
+    d->entry->setCollapsed(collapsed);
+}
+
+bool TreeViewAttachedObject::isActiveItem() const
+{
+    return d->entry->isActive();
+}
+
+} // namespace om::controls

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/visuals/Frame.h"
+
+#include "controls/visuals/FrameItem.h"
+
+#include <QPointer>
+#include <QQuickWindow>
+
+namespace om::controls {
+
+class Frame::Private
+{
+public:
+    explicit Private(Frame *frame)
+        : q(frame)
+        , ring(new FrameItem(frame))
+    {
+    }
+
+    void attach(QQuickWindow *window);
+    void follow();
+
+    Frame *const q;
+    FrameItem *const ring; // a QObject child of the Frame
+    QPointer<QQuickWindow> window; // the one whose content item has the ring
+    bool attached = false; // ever since completion in a window
+};
+
+void Frame::Private::attach(QQuickWindow *newWindow)
+{
+    if (window) {
+        QObject::disconnect(window, &QQuickWindow::beforeSynchronizing, q, &Frame::updateGeometry);
+    }
+    window = newWindow;
+    attached = true;
+    ring->setParentItem(window ? window->contentItem() : nullptr);
+    if (window) {
+        // Emitted on the thread that synchronises: under the basic loop the slot runs at once,
+        // under the threaded one it runs on the GUI thread and its effect is in the next frame.
+        QObject::connect(window, &QQuickWindow::beforeSynchronizing, q, &Frame::updateGeometry);
+    }
+}
+
+/// Brings the ring to the window that the Frame is in now.
+void Frame::Private::follow()
+{
+    if (window != q->window()) {
+        attach(q->window());
+    }
+}
+
+Frame::Frame(QQuickItem *parent)
+    : QQuickItem(parent)
+    , d(std::make_unique<Private>(this))
+{
+}
+
+Frame::~Frame() = default;
+
+int Frame::frameWidth() const
+{
+    return d->ring->frameWidth();
+}
+
+void Frame::setFrameWidth(int frameWidth)
+{
+    const int width = qMax(0, frameWidth);
+    if (d->ring->frameWidth() == width) {
+        return;
+    }
+    d->ring->setFrameWidth(width);
+    Q_EMIT frameWidthChanged();
+}
+
+QColor Frame::color() const
+{
+    return d->ring->color();
+}
+
+void Frame::setColor(const QColor &color)
+{
+    if (d->ring->color() == color) {
+        return;
+    }
+    d->ring->setColor(color);
+    Q_EMIT colorChanged();
+}
+
+void Frame::componentComplete()
+{
+    // Without a window there is nothing to frame in, now or later; not even the base is told.
+    if (!window()) {
+        return;
+    }
+    d->attach(window());
+    QQuickItem::componentComplete();
+}
+
+void Frame::itemChange(ItemChange change, const ItemChangeData &value)
+{
+    // The base is deliberately not called: it would only emit windowChanged().
+    if (change == ItemVisibleHasChanged) {
+        d->ring->setVisible(value.boolValue);
+    } else if (change == ItemOpacityHasChanged) {
+        d->ring->setOpacity(value.realValue);
+    } else if (change == ItemSceneChange && d->attached) {
+        // Later: at this moment the old window's items are being walked, the ring among them.
+        QMetaObject::invokeMethod(
+            this, [this] { d->follow(); }, Qt::QueuedConnection);
+    }
+}
+
+void Frame::updateGeometry()
+{
+    const qreal w = d->ring->frameWidth();
+    d->ring->setRect(mapRectToScene(boundingRect()).adjusted(-w, -w, w, w));
+}
+
+} // namespace om::controls

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/visuals/FrameItem.h"
+
+#include "controls/scenegraph/FrameVertices.h"
+
+#include <QSGFlatColorMaterial>
+#include <QSGGeometryNode>
+
+#include <algorithm>
+#include <cmath>
+
+namespace om::controls {
+
+namespace {
+
+enum DirtyFlag {
+    DirtyGeometry = 0x1,
+    DirtyColor = 0x2,
+    DirtyAll = DirtyGeometry | DirtyColor
+};
+
+bool isFinite(const QRectF &rect)
+{
+    return std::isfinite(rect.x()) && std::isfinite(rect.y()) && std::isfinite(rect.width())
+        && std::isfinite(rect.height());
+}
+
+bool isSame(const QRectF &a, const QRectF &b)
+{
+    return qFuzzyCompare(a.x(), b.x()) && qFuzzyCompare(a.y(), b.y())
+        && qFuzzyCompare(a.width(), b.width()) && qFuzzyCompare(a.height(), b.height());
+}
+
+} // namespace
+
+class FrameItem::Private
+{
+public:
+    int frameWidth = 1;
+    QColor color = Qt::black;
+    QRectF rect;
+    int dirty = DirtyAll;
+};
+
+FrameItem::FrameItem(QObject *owner)
+    : d(std::make_unique<Private>())
+{
+    setParent(owner);
+    setFlag(ItemHasContents);
+    setZ(65534);
+}
+
+FrameItem::~FrameItem() = default;
+
+int FrameItem::frameWidth() const
+{
+    return d->frameWidth;
+}
+
+void FrameItem::setFrameWidth(int frameWidth)
+{
+    d->frameWidth = frameWidth;
+    d->dirty |= DirtyGeometry;
+    update();
+}
+
+QColor FrameItem::color() const
+{
+    return d->color;
+}
+
+void FrameItem::setColor(const QColor &color)
+{
+    d->color = color;
+    d->dirty |= DirtyColor;
+    update();
+}
+
+void FrameItem::setRect(const QRectF &rect)
+{
+    // Taking a rectangle that equals nothing, not even itself, would ask for a frame at every
+    // frame.
+    if (!isFinite(rect) || isSame(rect, d->rect)) {
+        return;
+    }
+    setPosition(rect.topLeft());
+    setSize(rect.size());
+    d->rect = rect;
+    // Without update(): a new size brings the next synchronisation here, a new place alone does not
+    // change the vertices.
+    d->dirty |= DirtyGeometry;
+}
+
+QSGNode *FrameItem::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
+{
+    auto *node = static_cast<QSGGeometryNode *>(oldNode);
+    if (!node) {
+        // The scene graph owns the node; the node owns its geometry and its material.
+        node = new QSGGeometryNode;
+        auto *geometry = new QSGGeometry(QSGGeometry::defaultAttributes_Point2D(), 10, 0,
+                                         QSGGeometry::UnsignedShortType);
+        geometry->setDrawingMode(QSGGeometry::DrawTriangleStrip);
+        node->setGeometry(geometry);
+        node->setFlag(QSGNode::OwnsGeometry);
+        node->setMaterial(new QSGFlatColorMaterial);
+        node->setFlag(QSGNode::OwnsMaterial);
+        // Not only the first time: the window may have thrown its scene graph away.
+        d->dirty = DirtyAll;
+    }
+    if (d->dirty & DirtyGeometry) {
+        const auto vertices = frameVertices(width(), height(), d->frameWidth);
+        std::copy(vertices.begin(), vertices.end(), node->geometry()->vertexDataAsPoint2D());
+        node->markDirty(QSGNode::DirtyGeometry);
+    }
+    if (d->dirty & DirtyColor) {
+        static_cast<QSGFlatColorMaterial *>(node->material())->setColor(d->color);
+        node->markDirty(QSGNode::DirtyMaterial);
+    }
+    d->dirty = 0;
+    return node;
+}
+
+} // namespace om::controls

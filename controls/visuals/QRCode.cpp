@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/visuals/QRCode.h"
+
+#include "controls/scenegraph/QRCodeNode.h"
+#include "qr/QrEncoder.h"
+
+#include <QImage>
+#include <QLineF>
+#include <QQuickWindow>
+#include <QSGTexture>
+#include <QtDebug>
+
+namespace om::controls {
+
+namespace {
+
+constexpr int MinimumModuleSize = 2;
+constexpr int MaximumModuleSize = 24;
+constexpr int LevelL = 0;
+constexpr int AutomaticVersion = 0;
+constexpr int ResultBytes = 4096;
+static_assert(ResultBytes >= QrResultBytes, "the largest code fits");
+
+/// One pixel a module, within a border of one transparent white pixel. A failed encoding has a
+/// \a moduleCount of -1: what is left is one pixel of the border.
+QImage moduleImage(int moduleCount, const QByteArray &modules)
+{
+    QImage image(moduleCount + 2, moduleCount + 2, QImage::Format_ARGB32);
+    image.fill(0x00ffffff);
+    for (int y = 0; y < moduleCount; ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y + 1)) + 1;
+        for (int x = 0; x < moduleCount; ++x) {
+            const int k = y * moduleCount + x;
+            line[x] = modules.at(k / 8) & 0x80 >> k % 8 ? 0xff000000 : 0xffffffff;
+        }
+    }
+    // The shader reads red whatever alpha is. Said to be premultiplied, the pixels reach the
+    // texture as they are; else the border would become transparent black and count as dark.
+    image.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
+    return image;
+}
+
+} // namespace
+
+class QRCode::Private
+{
+public:
+    /// What the node has not taken over yet.
+    enum Change {
+        ImageChange = 0x1,
+        DarkChange = 0x2,
+        LightChange = 0x4,
+        GeometryChange = 0x8,
+        EveryChange = ImageChange | DarkChange | LightChange | GeometryChange
+    };
+
+    explicit Private(QRCode *item)
+        : q(item)
+    {
+    }
+
+    void encode();
+    void updateImplicitSize();
+
+    QRCode *const q;
+    QUrl url = QUrl(QStringLiteral("about:black"));
+    int moduleCount = 0; ///< Of a side; -1 when the url is too long.
+    int moduleSize = 8;
+    QColor dark = Qt::black;
+    QColor light = Qt::white;
+    QByteArray modules; ///< A bit each; the image is made of them when it is uploaded.
+    int changes = EveryChange;
+};
+
+void QRCode::Private::encode()
+{
+    const QByteArray text = url.toEncoded(QUrl::FullyEncoded);
+    unsigned char result[ResultBytes];
+    const int count = qrEncode(LevelL, AutomaticVersion, text.constData(), text.size(), result);
+    modules =
+        QByteArray(reinterpret_cast<const char *>(result), count > 0 ? (count * count + 7) / 8 : 0);
+    changes |= ImageChange;
+    q->update();
+    if (count != moduleCount) {
+        moduleCount = count;
+        updateImplicitSize();
+        changes |= GeometryChange;
+    }
+}
+
+void QRCode::Private::updateImplicitSize()
+{
+    q->setImplicitWidth(moduleSize * moduleCount);
+    q->setImplicitHeight(moduleSize * moduleCount);
+}
+
+QRCode::QRCode(QQuickItem *parent)
+    : QQuickItem(parent)
+    , d(std::make_unique<Private>(this))
+{
+    setFlag(ItemHasContents);
+    d->encode();
+}
+
+QRCode::~QRCode() = default;
+
+QUrl QRCode::url() const
+{
+    return d->url;
+}
+
+void QRCode::setUrl(const QUrl &url)
+{
+    if (!url.isValid() || url == d->url)
+        return;
+    d->url = url;
+    Q_EMIT urlChanged(url);
+    d->encode();
+}
+
+int QRCode::moduleSize() const
+{
+    return d->moduleSize;
+}
+
+void QRCode::setModuleSize(int moduleSize)
+{
+    // Refused rather than clamped: a code of a wrong size is noticed too late, on paper.
+    if (moduleSize < MinimumModuleSize || moduleSize > MaximumModuleSize) {
+        qWarning("Module size must be between %d and %d", MinimumModuleSize, MaximumModuleSize);
+        return;
+    }
+    if (moduleSize == d->moduleSize)
+        return;
+    d->moduleSize = moduleSize;
+    // Nothing to repaint: what is drawn changes only if the item's geometry does.
+    d->updateImplicitSize();
+    Q_EMIT moduleSizeChanged(moduleSize);
+}
+
+QColor QRCode::darkColor() const
+{
+    return d->dark;
+}
+
+void QRCode::setDarkColor(const QColor &color)
+{
+    if (color == d->dark)
+        return;
+    d->dark = color;
+    Q_EMIT darkColorChanged(color);
+    d->changes |= Private::DarkChange;
+    update();
+}
+
+QColor QRCode::lightColor() const
+{
+    return d->light;
+}
+
+void QRCode::setLightColor(const QColor &color)
+{
+    if (color == d->light)
+        return;
+    d->light = color;
+    Q_EMIT lightColorChanged(color);
+    d->changes |= Private::LightChange;
+    update();
+}
+
+void QRCode::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
+{
+    QQuickItem::geometryChanged(newGeometry, oldGeometry);
+    // Without update(): where it matters, the base class asks for a repaint.
+    d->changes |= Private::GeometryChange;
+}
+
+QSGNode *QRCode::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
+{
+    const bool smoothed = antialiasing();
+    float radius = 0;
+    if (smoothed) {
+        const QLineF unit(mapToScene(QPointF(0, 0)), mapToScene(QPointF(1, 0)));
+        radius = qrSamplingRadius(width(), unit.length());
+    }
+
+    auto *node = static_cast<QRCodeNode *>(oldNode);
+    if (!node) {
+        node = new QRCodeNode;
+        d->changes = Private::EveryChange; // Also after a scene graph was released.
+    }
+    if (d->changes & Private::GeometryChange)
+        node->setRect(boundingRect(), qrSourceRect(d->moduleCount, smoothed));
+    if (d->changes & Private::DarkChange)
+        node->setDark(d->dark);
+    if (d->changes & Private::LightChange)
+        node->setLight(d->light);
+    if (d->changes & Private::ImageChange) {
+        QSGTexture *texture = window()->createTextureFromImage(
+            moduleImage(d->moduleCount, d->modules),
+            QQuickWindow::CreateTextureOptions(QQuickWindow::TextureHasAlphaChannel)
+                | QQuickWindow::TextureOwnsGLTexture);
+        if (texture)
+            texture->setFiltering(QSGTexture::Nearest);
+        node->setTexture(texture);
+    }
+    node->setRadius(radius);
+    d->changes = 0;
+    return node;
+}
+
+} // namespace om::controls
