@@ -53,6 +53,11 @@ ScreenshotRun::ScreenshotRun(QQuickWindow *window, const QString &folder, QObjec
             Qt::QueuedConnection);
 }
 
+void ScreenshotRun::setTall(bool tall)
+{
+    m_tall = tall;
+}
+
 void ScreenshotRun::start(const QStringList &pages)
 {
     m_pages = pages;
@@ -85,7 +90,8 @@ void ScreenshotRun::handleFrame()
     m_watchdog.start();
     if (m_window->property("pageBroken").toBool())
         return fail(QStringLiteral("page %1 cannot be loaded").arg(m_page));
-    const int height = qMax(m_lowestHeight, m_window->property("pageHeight").toInt());
+    const int height =
+        m_tall ? qMax(m_lowestHeight, m_window->property("pageHeight").toInt()) : m_lowestHeight;
     const bool resized = height != m_window->height();
     if (resized) {
         m_window->setHeight(height);

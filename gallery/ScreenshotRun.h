@@ -18,7 +18,7 @@ namespace om::gallery {
 ///
 /// A picture is taken when no image of the page is loading any more and the page has come to rest:
 /// a frame looks like one a few animation steps before. Pages that never do are taken after a few
-/// seconds. The window grows with pages that are taller than it.
+/// seconds.
 class ScreenshotRun : public QObject
 {
     Q_OBJECT
@@ -26,6 +26,8 @@ class ScreenshotRun : public QObject
 public:
     ScreenshotRun(QQuickWindow *window, const QString &folder, QObject *parent = nullptr);
 
+    /// Whether the window grows with pages that are taller than it; it does unless set otherwise.
+    void setTall(bool tall);
     void start(const QStringList &pages);
 
 Q_SIGNALS:
@@ -40,6 +42,7 @@ private:
     QQuickWindow *const m_window;
     const QString m_folder;
     const int m_lowestHeight;
+    bool m_tall = true;
     QStringList m_pages;
     QString m_page;
     QImage m_previous;

@@ -56,7 +56,12 @@ int main(int argc, char *argv[])
         QStringLiteral("screenshots"),
         QStringLiteral("Render every page to <dir>/<name>.png (with --page, only that) and quit."),
         QStringLiteral("dir"));
-    parser.addOptions({pageOption, pagesOption, screenshotsOption});
+    const QCommandLineOption sizeOption(
+        QStringLiteral("size"),
+        QStringLiteral("The window's size; pictures are as tall as the page when there is no "
+                       "height."),
+        QStringLiteral("width[xheight]"));
+    parser.addOptions({pageOption, pagesOption, screenshotsOption, sizeOption});
     parser.addPositionalArgument(QStringLiteral("folder"),
                                  QStringLiteral("The folder to show as documents; the current one "
                                                 "unless given."),
@@ -102,12 +107,24 @@ int main(int argc, char *argv[])
         pages = QStringList{page};
     }
 
+    bool tall = true;
+    if (parser.isSet(sizeOption)) {
+        const QStringList parts = parser.value(sizeOption).split(QLatin1Char('x'));
+        const int width = parts.value(0).toInt();
+        const int height = parts.size() > 1 ? parts.value(1).toInt() : window->height();
+        if (width <= 0 || height <= 0 || parts.size() > 2)
+            return refuse(QStringLiteral("%1 is not a size").arg(parser.value(sizeOption)));
+        tall = parts.size() == 1;
+        window->resize(QSize(width, height).expandedTo(window->minimumSize()));
+    }
+
     if (!parser.isSet(screenshotsOption)) {
         window->show();
         return QGuiApplication::exec();
     }
 
     om::gallery::ScreenshotRun run(window, parser.value(screenshotsOption));
+    run.setTall(tall);
     int code = 0;
     QObject::connect(&run, &om::gallery::ScreenshotRun::finished, &application,
                      [&code](const QString &error) {

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void listsItsPages();
     void everyPageLoadsAndIsRendered();
     void onePageOnly();
+    void picturesHaveTheSizeThatIsAskedFor();
     void picturesDifferFromPageToPage();
     void runsFromAnotherFolder();
     void refuses_data();
@@ -124,6 +125,19 @@ void tst_Gallery::onePageOnly()
     QCOMPARE(QDir(shots).entryList(QDir::Files), QStringList{"documents.png"});
 }
 
+void tst_Gallery::picturesHaveTheSizeThatIsAskedFor()
+{
+    const QString shots = m_dir.filePath("sizes");
+    Result result =
+        run({"--page", "tree", "--size", "820x480", "--screenshots", shots, m_dir.path()});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(QImage(shots + "/tree.png").size(), QSize(820, 480));
+    result = run({"--page", "tree", "--size", "900", "--screenshots", shots, m_dir.path()});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(QImage(shots + "/tree.png").width(), 900);
+    QVERIFY(QImage(shots + "/tree.png").height() > 480);
+}
+
 void tst_Gallery::picturesDifferFromPageToPage()
 {
     const QDir shots(m_dir.filePath("pictures/of pages"));
@@ -157,6 +171,7 @@ void tst_Gallery::refuses_data()
     QTest::newRow("a folder that is not there") << QStringList{"not there"} << "is not a folder";
     QTest::newRow("a file for a folder")
         << QStringList{QCoreApplication::applicationFilePath()} << "is not a folder";
+    QTest::newRow("no size") << QStringList{"--size", "800by600"} << "is not a size";
     QTest::newRow("a folder that cannot be made")
         << QStringList{"--screenshots", QCoreApplication::applicationFilePath() + "/x"}
         << "cannot be made";
