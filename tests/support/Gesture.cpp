@@ -61,6 +61,14 @@ Gesture &Gesture::release(Qt::MouseButton button)
     });
 }
 
+Gesture &Gesture::turnWheel(int notches)
+{
+    return add([this, notches] {
+        m_pointer.turnWheel(notches);
+        return true;
+    });
+}
+
 Gesture &Gesture::key(Qt::Key key)
 {
     return pressKey(key).releaseKey(key);

@@ -43,6 +43,8 @@ public:
     Gesture &glide(const QPoint &from, const QPoint &to);
     Gesture &press(Qt::MouseButton button = Qt::LeftButton);
     Gesture &release(Qt::MouseButton button = Qt::LeftButton);
+    /// Turns the wheel by a number of notches, down when positive.
+    Gesture &turnWheel(int notches);
     /// Presses and releases \a key; an Escape cancels a drag.
     Gesture &key(Qt::Key key);
     Gesture &pressKey(Qt::Key key);

@@ -225,6 +225,16 @@ void Pointer::release(Qt::MouseButton button)
     d->send(XCB_BUTTON_RELEASE, buttonNumber(button));
 }
 
+void Pointer::turnWheel(int notches)
+{
+    // The server has the wheel as two buttons.
+    const quint8 button = notches > 0 ? 5 : 4;
+    for (int i = 0; i < qAbs(notches); ++i) {
+        d->send(XCB_BUTTON_PRESS, button);
+        d->send(XCB_BUTTON_RELEASE, button);
+    }
+}
+
 void Pointer::pressKey(Qt::Key key)
 {
     const quint8 code = d->keyCode(key);

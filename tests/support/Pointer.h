@@ -30,6 +30,8 @@ public:
     void move(const QPoint &position);
     void press(Qt::MouseButton button = Qt::LeftButton);
     void release(Qt::MouseButton button = Qt::LeftButton);
+    /// Turns the wheel by a number of notches, down when positive.
+    void turnWheel(int notches);
     /// Presses or releases a key: letters, digits and the editing, arrow and modifier keys.
     void pressKey(Qt::Key key);
     void releaseKey(Qt::Key key);
