@@ -31,6 +31,7 @@ private Q_SLOTS:
     void propertyEditor();
     void saturationValueBox();
     void treeView();
+    void treeViewByKeys();
 
 private:
     void load(const char *type);
@@ -254,6 +255,45 @@ void TestExamples::treeView()
     evaluate(m_view->root(), QStringLiteral("collapseIndex(0)"));
     QTRY_COMPARE(m_view->root()->implicitHeight(), 2 * 24.0);
     QVERIFY(saying("Holiday")->property("font").value<QFont>().bold());
+}
+
+void TestExamples::treeViewByKeys()
+{
+    load("TreeView-keys");
+    QTRY_VERIFY(saying("Beach"));
+    QQuickItem *const tree = the("om::controls::TreeView");
+    const auto active = [tree] {
+        return evaluate(tree, QStringLiteral("activeDocument ? activeDocument.name : ''"))
+            .toString();
+    };
+    const auto press = [this](int key) { QTest::keyClick(m_view->window(), Qt::Key(key)); };
+    press(Qt::Key_Tab);
+    QVERIFY(tree->hasActiveFocus());
+    press(Qt::Key_Down);
+    QCOMPARE(active(), QStringLiteral("Holiday"));
+    press(Qt::Key_Right);
+    QCOMPARE(active(), QStringLiteral("Beach"));
+    press(Qt::Key_End);
+    QCOMPARE(active(), QStringLiteral("Report"));
+    // Six rows in a view of five: it has followed.
+    QCOMPARE(m_view->root()->property("contentY").toReal(), 24.0);
+    press(Qt::Key_Down);
+    QCOMPARE(active(), QStringLiteral("Report"));
+    press(Qt::Key_Left);
+    QCOMPARE(active(), QStringLiteral("Work"));
+    press(Qt::Key_Left);
+    QTRY_COMPARE(tree->implicitHeight(), 4 * 24.0);
+    press(Qt::Key_Up);
+    QCOMPARE(active(), QStringLiteral("Hills"));
+    press(Qt::Key_P);
+    QCOMPARE(active(), QStringLiteral("Plan"));
+    QTRY_COMPARE(tree->implicitHeight(), 6 * 24.0);
+    press(Qt::Key_Home);
+    QCOMPARE(active(), QStringLiteral("Holiday"));
+    press(Qt::Key_PageDown);
+    QCOMPARE(active(), QStringLiteral("Plan"));
+    press(Qt::Key_PageUp);
+    QCOMPARE(active(), QStringLiteral("Holiday"));
 }
 
 QTEST_MAIN(TestExamples)

@@ -247,7 +247,9 @@ void TestHouse::examplesAreInTheReference()
 {
     QFETCH(QString, snippet);
     const QString name = QFileInfo(snippet).completeBaseName();
-    const QString page = read(QStringLiteral("docs/reference/%1.md").arg(name));
+    // "<Type>.qml" is the type's example, "<Type>-<what>.qml" a recipe on the same page.
+    const QString page =
+        read(QStringLiteral("docs/reference/%1.md").arg(name.section(QLatin1Char('-'), 0, 0)));
     QVERIFY2(page.contains(QStringLiteral("snippets/%1.qml").arg(name)),
              "the reference page does not point to its example");
 }
