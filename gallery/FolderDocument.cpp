@@ -51,6 +51,12 @@ int compareNames(const QString &a, const QString &b)
     return (a.size() - i) - (b.size() - j);
 }
 
+bool canRead(const QFileInfo &file)
+{
+    // Without the right to enter a folder its files have names and nothing else.
+    return file.isReadable() && (!file.isDir() || file.isExecutable());
+}
+
 } // namespace
 
 FolderDocument::FolderDocument(FolderTree *tree, const QFileInfo &file, QObject *parent)
@@ -59,6 +65,7 @@ FolderDocument::FolderDocument(FolderTree *tree, const QFileInfo &file, QObject 
     , m_path(file.absoluteFilePath())
     , m_folder(file.isDir())
     , m_link(file.isSymLink())
+    , m_readable(canRead(file))
 {
     setDocumentId(m_path);
     setName(file.fileName().isEmpty() ? m_path : file.fileName());
@@ -77,6 +84,11 @@ bool FolderDocument::isFolder() const
     return m_folder;
 }
 
+bool FolderDocument::isReadable() const
+{
+    return m_readable;
+}
+
 bool FolderDocument::isLoaded() const
 {
     return m_loaded;
@@ -86,6 +98,7 @@ void FolderDocument::refresh()
 {
     if (!m_loaded || !m_tree)
         return;
+    updateReadable(QFileInfo(m_path));
     m_tree->watch(m_path, this);
 
     const QFileInfoList files = entries();
@@ -119,6 +132,7 @@ void FolderDocument::refresh()
 
     for (FolderDocument *document : qAsConst(kept)) {
         document->updateType(present.value(document->m_path));
+        document->updateReadable(present.value(document->m_path));
         // A folder that was deleted and made anew between two looks is another one on disk.
         if (document->m_loaded && m_tree->watch(document->m_path, document))
             document->refresh();
@@ -133,6 +147,15 @@ void FolderDocument::updateType(const QFileInfo &file)
     m_typedSize = file.size();
     m_typedTime = file.lastModified();
     setTypes({typeOf(file)});
+}
+
+void FolderDocument::updateReadable(const QFileInfo &file)
+{
+    const bool readable = canRead(file);
+    if (readable == m_readable)
+        return;
+    m_readable = readable;
+    Q_EMIT readableChanged();
 }
 
 bool FolderDocument::standsFor(const QFileInfo &file) const
@@ -161,6 +184,7 @@ QList<om::data::Document *> FolderDocument::loadChildren()
     if (!m_folder || m_link || !m_tree)
         return children;
     m_loaded = true;
+    updateReadable(QFileInfo(m_path));
     m_tree->watch(m_path, this);
     const QFileInfoList files = entries();
     for (const QFileInfo &file : files)

@@ -23,6 +23,9 @@ class FolderTree;
 class FolderDocument : public om::data::Document
 {
     Q_OBJECT
+    /// Whether the file, or the folder's list of files, can be read. A folder that cannot has no
+    /// children.
+    Q_PROPERTY(bool readable READ isReadable NOTIFY readableChanged)
 
 public:
     FolderDocument(FolderTree *tree, const QFileInfo &file, QObject *parent = nullptr);
@@ -30,6 +33,7 @@ public:
 
     /// Whether the document stands for a folder, a link to one included.
     bool isFolder() const;
+    bool isReadable() const;
     /// Whether the children have been read.
     bool isLoaded() const;
 
@@ -40,11 +44,15 @@ public:
     /// The type for a file: "folder", "image", "video", "text" or "file".
     static QString typeOf(const QFileInfo &file);
 
+Q_SIGNALS:
+    void readableChanged();
+
 protected:
     QList<om::data::Document *> loadChildren() override;
 
 private:
     QFileInfoList entries() const;
+    void updateReadable(const QFileInfo &file);
     bool standsFor(const QFileInfo &file) const;
     void updateType(const QFileInfo &file);
 
@@ -52,6 +60,7 @@ private:
     const QString m_path;
     const bool m_folder;
     const bool m_link;
+    bool m_readable = true;
     bool m_loaded = false;
     qint64 m_typedSize = -1;
     QDateTime m_typedTime;

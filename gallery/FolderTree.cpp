@@ -46,7 +46,8 @@ om::data::Context *FolderTree::context()
 bool FolderTree::watch(const QString &path, FolderDocument *document)
 {
     m_watched.insert(path, document);
-    if (m_watcher.directories().contains(path) || !QFileInfo(path).isDir())
+    if (m_watcher.directories().contains(path) || !document->isReadable()
+        || !QFileInfo(path).isDir())
         return false;
     return m_watcher.addPath(path);
 }

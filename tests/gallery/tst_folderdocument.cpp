@@ -3,6 +3,7 @@
 
 #include "gallery/FolderDocument.h"
 #include "gallery/FolderTree.h"
+#include "tests/support/PlainUser.h"
 
 #include <QDir>
 #include <QFile>
@@ -33,6 +34,8 @@ private Q_SLOTS:
     void hiddenFilesAreLeftOut();
     void readWhenNeeded();
     void linkToAFolderHasNoChildren();
+    void unreadableFolderIsKnown();
+    void folderThatBecomesReadableIsFollowed();
 
     void followsNewFiles();
     void followsDeletedFiles();
@@ -200,6 +203,45 @@ void tst_FolderDocument::linkToAFolderHasNoChildren()
     QVERIFY(loop->hasType("folder"));
     QVERIFY(loop->childDocuments().isEmpty());
     QCOMPARE(names(child(tree.folder(), "real")), QStringList{"file.txt"});
+}
+
+void tst_FolderDocument::unreadableFolderIsKnown()
+{
+    write("closed/inside.txt");
+    write("open/inside.txt");
+    QVERIFY(QFile::setPermissions(path("closed"), QFile::WriteOwner));
+    // The temporary folder is its maker's alone.
+    QVERIFY(QFile::setPermissions(m_dir->path(), QFile::Permissions(0x7755)));
+    const support::PlainUser user;
+    FolderTree tree(m_dir->path());
+    QCOMPARE(names(tree.folder()), (QStringList{"closed", "open"}));
+    Document *closed = child(tree.folder(), "closed");
+    QVERIFY(!closed->property("readable").toBool());
+    QVERIFY(child(tree.folder(), "open")->property("readable").toBool());
+    // Quiet, too: no watch is asked for that the system would refuse with a warning.
+    QVERIFY(closed->childDocuments().isEmpty());
+    QCOMPARE(names(child(tree.folder(), "open")), QStringList{"inside.txt"});
+}
+
+void tst_FolderDocument::folderThatBecomesReadableIsFollowed()
+{
+    write("closed/inside.txt");
+    QVERIFY(QFile::setPermissions(path("closed"), QFile::WriteOwner));
+    QVERIFY(QFile::setPermissions(m_dir->path(), QFile::Permissions(0x7755)));
+    FolderTree tree(m_dir->path());
+    Document *closed = child(tree.folder(), "closed");
+    {
+        const support::PlainUser user;
+        QVERIFY(closed->childDocuments().isEmpty());
+    }
+    QSignalSpy readable(closed, SIGNAL(readableChanged()));
+    QVERIFY(QFile::setPermissions(path("closed"), QFile::Permissions(0x7755)));
+    // A change of the rights is no change of the folder around it; the next one there is.
+    write("new.txt");
+    QTRY_COMPARE(readable.count(), 1);
+    QTRY_COMPARE(names(closed), QStringList{"inside.txt"});
+    write("closed/second.txt");
+    QTRY_COMPARE(names(closed), (QStringList{"inside.txt", "second.txt"}));
 }
 
 void tst_FolderDocument::followsNewFiles()

@@ -4,6 +4,7 @@
 #include "gallery/FolderTree.h"
 #include "tests/support/Gesture.h"
 #include "tests/support/Items.h"
+#include "tests/support/PlainUser.h"
 #include "tests/support/QmlView.h"
 
 #include <OmbrelDataCore/Document.h>
@@ -70,7 +71,28 @@ private Q_SLOTS:
     void escapeLeavesTheName();
     void rowIsDraggedOut();
 
+    void wheelReachesTheLastRow();
+    void barIsSeenAndCanBeHeld();
+    void keysMoveTheActiveRow();
+    void keysCollapseAndExpand();
+    void pageKeysGoFar();
+    void typingFindsANameEvenInsideACollapsedRow();
+    void tabLeavesTheTree();
+    void whatIsCutIsSaid();
+    void emptyTreeSaysSo();
+    void unreadableFolderSaysSo();
+    void sliderEndsWithTheLastRow();
+
 private:
+    void write(const QString &name) const;
+    /// Clicks the row of \a name, which gives the tree the keys.
+    void activate(const char *name) const;
+    /// Presses \a key, which is to make the document \a name the active one.
+    void pressFor(Qt::Key key, const char *name) const;
+    QQuickItem *button(const char *name) const;
+    QQuickItem *view() const { return itemsOf(m_demo, "QQuickFlickable").value(0); }
+    QString activeName() const { return activeDocument() ? activeDocument()->name() : QString(); }
+
     QQuickItem *tree() const { return itemsOf(m_demo, "om::controls::TreeView").value(0); }
     /// Where the name of a document is shown in its row; null while the row is hidden.
     QQuickItem *label(const char *name) const { return itemWith(tree(), "text", text(name)); }
@@ -93,8 +115,7 @@ void TestTreePage::init()
     QVERIFY(m_folder->isValid());
     QVERIFY(QDir(m_folder->path()).mkdir(text("shelf")));
     for (const char *name : {"shelf/notes.txt", "shelf/plan.txt", "tail.txt"}) {
-        QFile file(m_folder->filePath(text(name)));
-        QVERIFY(file.open(QFile::WriteOnly));
+        write(text(name));
     }
     m_tree = std::make_unique<om::gallery::FolderTree>(m_folder->path());
     m_view = std::make_unique<support::QmlView>();
@@ -209,6 +230,254 @@ void TestTreePage::rowIsDraggedOut()
     QCOMPARE(activeDocument()->name(), text("tail.txt"));
     QCOMPARE(watch.documentIds, QStringList(activeDocument()->documentId()));
     QVERIFY(!watch.documentIds.constFirst().isEmpty());
+}
+
+void TestTreePage::write(const QString &name) const
+{
+    QFile file(m_folder->filePath(name));
+    QVERIFY(file.open(QFile::WriteOnly));
+}
+
+void TestTreePage::activate(const char *name) const
+{
+    support::Gesture gesture;
+    gesture.move(positionIn(label(name)))
+        .press()
+        .release()
+        .until([&] { return activeName() == text(name); }, "the row to become active");
+    QVERIFY2(gesture.run(), gesture.error());
+}
+
+void TestTreePage::pressFor(Qt::Key key, const char *name) const
+{
+    support::Gesture gesture;
+    gesture.key(key).until([&] { return activeName() == text(name); }, name);
+    gesture.setPatience(2000);
+    QVERIFY2(gesture.run(), gesture.error());
+    // It can be seen, all of it.
+    QQuickItem *found = nullptr;
+    QMetaObject::invokeMethod(tree(), "currentEntry", Q_RETURN_ARG(QQuickItem *, found));
+    QVERIFY(found);
+    const QRectF place = found->mapRectToItem(view(), found->boundingRect());
+    QVERIFY(place.top() >= 0 && place.bottom() <= view()->height());
+}
+
+QQuickItem *TestTreePage::button(const char *name) const
+{
+    const auto buttons = itemsOf(m_demo, "Button");
+    for (QQuickItem *const candidate : buttons) {
+        if (candidate->property("text").toString() == text(name)) {
+            return candidate;
+        }
+    }
+    return nullptr;
+}
+
+void TestTreePage::wheelReachesTheLastRow()
+{
+    for (int i = 0; i < 60; ++i) {
+        write(QStringLiteral("file %1.txt").arg(i));
+    }
+    QTRY_COMPARE(m_tree->folder()->childDocuments().size(), 62);
+    support::Gesture gesture;
+    gesture.then([&] { QMetaObject::invokeMethod(m_demo, "showFolder"); })
+        .until([&] { return m_demo->property("rowCount").toInt() == 65; }, "the rows")
+        .move(positionIn(view()));
+    gesture.turnWheel(40).until(
+        [&] {
+            QQuickItem *const last = row("tail.txt");
+            return last && last->mapToItem(view(), {0, last->height()}).y() <= view()->height();
+        },
+        "the last row to come up");
+    // At the end the wheel is the page's again, but not before.
+    gesture.then([&] { QCOMPARE(m_view->root()->property("contentY").toReal(), 0.0); });
+    gesture.turnWheel(-40).until([&] { return view()->property("contentY").toReal() <= 0; },
+                                 "the way back");
+    QVERIFY2(gesture.run(), gesture.error());
+}
+
+void TestTreePage::barIsSeenAndCanBeHeld()
+{
+    QMetaObject::invokeMethod(m_demo, "showThousands");
+    QTRY_COMPARE(m_demo->property("rowCount").toInt(), 3005);
+    const auto bars = itemsOf(m_demo, "ScrollBar");
+    QCOMPARE(bars.size(), 1);
+    auto *const thumb = bars.constFirst()->property("contentItem").value<QQuickItem *>();
+    QVERIFY(thumb && thumb->isVisible());
+    QCOMPARE(thumb->opacity(), 1.0);
+    QVERIFY(thumb->width() >= 6);
+    QVERIFY2(thumb->height() >= 30, qPrintable(QString::number(thumb->height())));
+    // It is the thumb that the pointer takes hold of.
+    const QPoint from = positionIn(thumb);
+    support::Gesture gesture;
+    gesture.move(from)
+        .press()
+        .glide(from, from + QPoint(0, 100))
+        .release()
+        .until([&] { return view()->property("contentY").toReal() > 1000; }, "the rows to move");
+    QVERIFY2(gesture.run(), gesture.error());
+}
+
+void TestTreePage::keysMoveTheActiveRow()
+{
+    activate("shelf");
+    pressFor(Qt::Key_Down, "notes.txt");
+    pressFor(Qt::Key_Down, "plan.txt");
+    pressFor(Qt::Key_Down, "tail.txt");
+    pressFor(Qt::Key_Up, "plan.txt");
+    pressFor(Qt::Key_End, "tail.txt");
+    const QString root = m_tree->folder()->name();
+    pressFor(Qt::Key_Home, root.toUtf8().constData());
+    // F2 is still the tree's own key.
+    support::Gesture gesture;
+    gesture.key(Qt::Key_Down)
+        .key(Qt::Key_F2)
+        .until([&] { return !itemsOf(tree(), "Field").isEmpty(); }, "the field in the row");
+    // In the field the arrow keys move in the text only.
+    gesture.key(Qt::Key_Left).key(Qt::Key_Left).key(Qt::Key_Down).key(Qt::Key_Escape);
+    gesture.until([&] { return itemsOf(tree(), "Field").isEmpty(); }, "the field to go");
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(activeName(), text("shelf"));
+    QVERIFY(!row("shelf")->property("collapsed").toBool());
+}
+
+void TestTreePage::keysCollapseAndExpand()
+{
+    activate("plan.txt");
+    pressFor(Qt::Key_Left, "shelf");
+    support::Gesture gesture;
+    gesture.key(Qt::Key_Left)
+        .until([&] { return row("shelf")->property("collapsed").toBool(); }, "the row to collapse");
+    QVERIFY2(gesture.run(), gesture.error());
+    // What is hidden is passed over.
+    pressFor(Qt::Key_Down, "tail.txt");
+    pressFor(Qt::Key_Up, "shelf");
+    support::Gesture back;
+    back.key(Qt::Key_Right)
+        .until([&] { return !row("shelf")->property("collapsed").toBool(); }, "the row to expand");
+    QVERIFY2(back.run(), back.error());
+    pressFor(Qt::Key_Right, "notes.txt");
+    const QString root = m_tree->folder()->name();
+    pressFor(Qt::Key_Left, "shelf");
+    pressFor(Qt::Key_Up, root.toUtf8().constData());
+}
+
+void TestTreePage::pageKeysGoFar()
+{
+    QMetaObject::invokeMethod(m_demo, "showThousands");
+    QTRY_COMPARE(m_demo->property("rowCount").toInt(), 3005);
+    activate("Shelf 1");
+    const int shown = int(view()->height() / 28);
+    support::Gesture gesture;
+    gesture.key(Qt::Key_PageDown)
+        .until([&] { return tree()->property("activeIndex").toInt() > 5; }, "a page down");
+    QVERIFY2(gesture.run(), gesture.error());
+    const int first = tree()->property("activeIndex").toInt();
+    QVERIFY2(first >= shown - 3 && first <= shown, qPrintable(QString::number(first)));
+    pressFor(Qt::Key_PageDown, qPrintable(QStringLiteral("Document %1").arg(2 * first)));
+    pressFor(Qt::Key_End, "Document 600");
+    QCOMPARE(tree()->property("activeIndex").toInt(), 3004);
+    pressFor(Qt::Key_PageDown, "Document 600");
+    pressFor(Qt::Key_Home, "Shelf 1");
+    pressFor(Qt::Key_PageUp, "Shelf 1");
+}
+
+void TestTreePage::typingFindsANameEvenInsideACollapsedRow()
+{
+    activate("shelf");
+    support::Gesture gesture;
+    gesture.key(Qt::Key_Left)
+        .until([&] { return row("shelf")->property("collapsed").toBool(); }, "the row to collapse");
+    gesture.key(Qt::Key_P).key(Qt::Key_L).until([&] { return activeName() == text("plan.txt"); },
+                                                "the name to be found");
+    QVERIFY2(gesture.run(), gesture.error());
+    QVERIFY(!row("shelf")->property("collapsed").toBool());
+    QVERIFY(label("plan.txt"));
+}
+
+void TestTreePage::tabLeavesTheTree()
+{
+    activate("tail.txt");
+    support::Gesture gesture;
+    gesture.key(Qt::Key_Tab).until([&] { return !tree()->hasActiveFocus(); }, "the tree to let go");
+    gesture.pressKey(Qt::Key_Shift).key(Qt::Key_Tab).releaseKey(Qt::Key_Shift);
+    gesture.until([&] { return tree()->hasActiveFocus(); }, "the way back");
+    QVERIFY2(gesture.run(), gesture.error());
+}
+
+void TestTreePage::whatIsCutIsSaid()
+{
+    const QString said = text("Cut at 4 rows: the folder holds more");
+    QVERIFY(!itemWith(m_demo, "text", said));
+    m_demo->setProperty("limit", 4);
+    QMetaObject::invokeMethod(m_demo, "showFolder");
+    QTRY_COMPARE(m_demo->property("rowCount").toInt(), 4);
+    QVERIFY(itemWith(m_demo, "text", said));
+    m_demo->setProperty("limit", 5);
+    QMetaObject::invokeMethod(m_demo, "showFolder");
+    QTRY_COMPARE(m_demo->property("rowCount").toInt(), 5);
+    QVERIFY(!m_demo->property("cut").toBool());
+    // A level that is left out altogether is said too.
+    m_demo->setProperty("limit", 3);
+    QMetaObject::invokeMethod(m_demo, "showFolder");
+    QTRY_COMPARE(m_demo->property("rowCount").toInt(), 3);
+    QVERIFY(m_demo->property("cut").toBool());
+}
+
+void TestTreePage::emptyTreeSaysSo()
+{
+    const auto said = [this] {
+        return itemWith(m_demo, "text", text("The tree has no documents"));
+    };
+    QVERIFY(!said());
+    support::Gesture gesture;
+    gesture.move(positionIn(button("None")))
+        .press()
+        .release()
+        .until([&] { return said(); }, "the word");
+    gesture.move(positionIn(button("Folder")))
+        .press()
+        .release()
+        .until([&] { return !said(); }, "the rows");
+    QVERIFY2(gesture.run(), gesture.error());
+}
+
+void TestTreePage::unreadableFolderSaysSo()
+{
+    QVERIFY(QDir(m_folder->path()).mkdir(text("empty")));
+    const QString locked = m_folder->filePath(text("locked"));
+    QVERIFY(QDir().mkdir(locked));
+    QTRY_COMPARE(m_tree->folder()->childDocuments().size(), 4);
+    QVERIFY(QFile::setPermissions(locked, QFile::WriteOwner));
+    // The temporary folder is its maker's alone.
+    QVERIFY(QFile::setPermissions(m_folder->path(), QFile::Permissions(0x7755)));
+    {
+        const support::PlainUser user;
+        const auto documents = m_tree->folder()->childDocuments();
+        for (const om::data::Document *document : documents) {
+            QVERIFY(document->childDocuments().isEmpty() == (document->name() != text("shelf")));
+        }
+    }
+    QMetaObject::invokeMethod(m_demo, "showFolder");
+    QTRY_VERIFY(label("empty"));
+    QVERIFY(itemWith(tree(), "text", QStringLiteral("locked  \u2013  cannot be read")));
+}
+
+void TestTreePage::sliderEndsWithTheLastRow()
+{
+    const auto slider = [this]() -> QQuickItem * {
+        const auto editors = itemsOf(m_demo, "NumberEditor");
+        for (QQuickItem *const editor : editors) {
+            if (editor->property("property").toString() == text("activeIndex")) {
+                return editor;
+            }
+        }
+        return nullptr;
+    };
+    QVERIFY(slider());
+    QTRY_COMPARE(slider()->property("to").toReal(), 4.0);
+    QMetaObject::invokeMethod(m_demo, "showThousands");
+    QTRY_COMPARE(slider()->property("to").toReal(), 3004.0);
 }
 
 QTEST_MAIN(TestTreePage)

@@ -43,15 +43,7 @@ Flickable {
         onWheel: page.scrollBy(-wheel.angleDelta.y * 0.8)
     }
 
-    Controls.ScrollBar.vertical: Controls.ScrollBar {
-        id: bar
-        contentItem: Rectangle {
-            implicitWidth: 6
-            radius: 3
-            color: bar.pressed ? Theme.faintText : Theme.strongLine
-            opacity: bar.size < 1 ? 1 : 0
-        }
-    }
+    Controls.ScrollBar.vertical: ScrollBar {}
 
     Column {
         id: column

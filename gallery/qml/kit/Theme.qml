@@ -13,6 +13,8 @@ QtObject {
     readonly property color line: "#EAE8E2"
     readonly property color strongLine: "#D8D7D1"
 
+    readonly property color scrollThumb: "#BDBCB5"
+
     readonly property color text: "#222222"
     readonly property color softText: "#666666"
     readonly property color faintText: "#979790"
@@ -30,6 +32,7 @@ QtObject {
     readonly property color warning: "#ECD284"
     readonly property color warningSoft: "#FBF6E4"
     readonly property color error: "#D98C6A"
+    readonly property color errorText: "#A5583A"
     readonly property color off: "#D7D7D7"
     readonly property color focus: "#8BC7D8"
 

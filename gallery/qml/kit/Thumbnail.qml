@@ -10,7 +10,8 @@ Item {
     property QtObject document
     property bool large: false
     readonly property string type: document && document.types.length > 0 ? document.types[0] : "file"
-    readonly property string sign: ["folder", "image", "video", "text"].includes(type) ? type : "file"
+    readonly property bool locked: type === "folder" && document.readable === false
+    readonly property string sign: locked ? "locked" : ["folder", "image", "video", "text"].includes(type) ? type : "file"
 
     Image {
         anchors.centerIn: parent

@@ -110,8 +110,8 @@ Demo {
     Label {
         anchors.centerIn: list
         visible: list.count === 0
-        text: "This folder is empty"
-        color: Theme.faintText
+        text: demo.folder.readable ? "This folder is empty" : "This folder cannot be read"
+        color: demo.folder.readable ? Theme.faintText : Theme.errorText
     }
 
     ListView {
@@ -123,15 +123,7 @@ Demo {
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         model: demo.folder.children
-        Controls.ScrollBar.vertical: Controls.ScrollBar {
-            id: bar
-            contentItem: Rectangle {
-                implicitWidth: 6
-                radius: 3
-                color: Theme.strongLine
-                visible: bar.size < 1
-            }
-        }
+        Controls.ScrollBar.vertical: ScrollBar {}
 
         delegate: Item {
             id: entry

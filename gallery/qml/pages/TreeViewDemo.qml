@@ -13,13 +13,14 @@ Demo {
     // A tree reads all that is below its roots, and a folder may hold a whole disk: what is shown is
     // a picture of the folder, breadth first, up to this many documents.
     property int limit: 1000
+    property bool cut: false
     property bool renaming: false
     property int rowCount: 0
 
     function mirrorOf(source, parentDocument) {
         return mirror.createObject(parentDocument || forest, {
             source: source, documentId: source.documentId, name: source.name, types: source.types,
-            url: source.url
+            url: source.url, readable: source.readable
         });
     }
     function showFolder() {
@@ -32,14 +33,20 @@ Demo {
             if (!source.hasType("folder"))
                 continue;
             const children = [];
-            for (let i = 0; i < source.children.length && count < limit; ++i, ++count) {
-                const child = mirrorOf(source.children[i], parentDocument);
+            const sources = Array.from(source.children);
+            for (let i = 0; i < sources.length && count < limit; ++i, ++count) {
+                const child = mirrorOf(sources[i], parentDocument);
                 children.push(child);
                 waiting.push(child);
             }
+            parentDocument.readable = source.readable;
             parentDocument.children = children;
+            if (children.length < sources.length)
+                waiting.unshift(parentDocument);
         }
         show([root]);
+        // What is left waiting had no place any more, with all that it holds.
+        cut = waiting.some(left => left.source.children.length > left.children.length);
     }
     function showThousands() {
         const roots = [];
@@ -57,6 +64,7 @@ Demo {
         show(roots);
     }
     function show(roots) {
+        cut = false;
         const old = [];
         for (let i = 0; i < tree.rootDocuments.length; ++i)
             old.push(tree.rootDocuments[i]);
@@ -84,13 +92,16 @@ Demo {
     }
 
     title: "TreeView"
-    hint: "Click a triangle, or press a row and F2 to rename it. Drag a row onto the field on the right. "
-          + "“Thousands” makes 3,000 rows; collapse one of its shelves."
+    hint: "Click a triangle, or walk with the arrow keys; type the first letters of a name; F2 renames. Drag a "
+          + "row onto the field below the properties. “Thousands” makes 3,000 rows; collapse one of its shelves."
     stageHeight: 460
 
     Component {
         id: mirror
-        Document { property QtObject source: null }
+        Document {
+            property QtObject source: null
+            property bool readable: true
+        }
     }
     Item { id: forest }
 
@@ -103,7 +114,31 @@ Demo {
         Button { text: "Thousands"; width: 96; onClicked: demo.showThousands() }
         Button { text: "None"; width: 70; onClicked: demo.show([]) }
     }
+    Label {
+        anchors { left: commands.right; leftMargin: 12; right: parent.right; rightMargin: 14 }
+        y: 10
+        height: 30
+        verticalAlignment: Text.AlignVCenter
+        horizontalAlignment: Text.AlignRight
+        visible: demo.cut
+        text: "Cut at " + demo.limit.toLocaleString(Qt.locale("C"), "f", 0) + " rows: the folder holds more"
+        color: Theme.softText
+        font.pixelSize: Theme.small
+        elide: Text.ElideLeft
+    }
     Rectangle { y: 48; width: parent.width; height: 1; color: Theme.line }
+    Label {
+        anchors { centerIn: parent; verticalCenterOffset: 24 }
+        visible: tree.rootDocuments.length === 0
+        text: "The tree has no documents"
+        color: Theme.softText
+    }
+    TreeKeys {
+        id: treeKeys
+        tree: tree
+        view: flick
+        stop: stop
+    }
 
     DragZone {
         anchors { fill: parent; topMargin: 49 }
@@ -119,62 +154,94 @@ Demo {
             clip: true
             interactive: false
             boundsBehavior: Flickable.StopAtBounds
-            Controls.ScrollBar.vertical: Controls.ScrollBar { policy: Controls.ScrollBar.AsNeeded }
+            Controls.ScrollBar.vertical: ScrollBar {}
 
-            TreeView {
-                id: tree
+            // A flickable that does not take drags takes no wheel either.
+            MouseArea {
+                z: 1
                 width: flick.width
-                childProperty: "children"
-                rootCanCollapse: true
-                onActiveIndexChanged: { demo.renaming = false; log.note("activeIndexChanged"); }
-                onActiveDocumentChanged: log.note("activeDocumentChanged")
-                onIndexRebuilt: {
-                    demo.rowCount = demo.rowsOf(rootDocuments);
-                    log.note("indexRebuilt");
+                height: Math.max(flick.height, tree.height)
+                acceptedButtons: Qt.NoButton
+                onWheel: {
+                    const before = flick.contentY;
+                    const last = Math.max(0, flick.contentHeight + flick.bottomMargin - flick.height);
+                    flick.contentY = Math.max(-flick.topMargin,
+                                              Math.min(last, before - wheel.angleDelta.y * 0.7));
+                    // At an end it is the page's.
+                    wheel.accepted = flick.contentY !== before;
                 }
-                onEditRequested: { log.note("editRequested"); demo.renaming = activeIndex >= 0; }
+            }
 
-                delegate: Item {
-                    id: rowContent
-                    readonly property bool edited: demo.renaming && TreeView.isActiveItem
-                    readonly property QtObject shown: document
-                    height: 28
+            // The tree is in a module of its own version and has no tab stop of its own.
+            FocusScope {
+                id: stop
+                x: 6
+                width: flick.width - x
+                height: tree.height
+                activeFocusOnTab: true
 
-                    Thumbnail {
-                        id: thumbnail
-                        x: 4
-                        anchors.verticalCenter: parent.verticalCenter
-                        width: 20
-                        height: 20
-                        document: rowContent.shown
+                TreeView {
+                    id: tree
+                    focus: true
+                    width: parent.width
+                    childProperty: "children"
+                    rootCanCollapse: true
+                    Keys.enabled: !demo.renaming
+                    Keys.onPressed: treeKeys.press(event)
+                    onActiveIndexChanged: { demo.renaming = false; log.note("activeIndexChanged"); }
+                    onActiveDocumentChanged: log.note("activeDocumentChanged")
+                    onIndexRebuilt: {
+                        demo.rowCount = demo.rowsOf(rootDocuments);
+                        log.note("indexRebuilt");
                     }
-                    Label {
-                        anchors { left: thumbnail.right; leftMargin: 8; right: parent.right }
-                        anchors.verticalCenter: parent.verticalCenter
-                        visible: !rowContent.edited
-                        text: document ? document.name : ""
-                    }
-                    // One row at most has the field: a row costs what it shows.
-                    Loader {
-                        anchors { left: thumbnail.right; right: parent.right; rightMargin: 16 }
-                        anchors.verticalCenter: parent.verticalCenter
-                        active: rowContent.edited
-                        sourceComponent: Field {
-                            height: 24
-                            text: rowContent.shown.name
-                            onAccepted: demo.rename(rowContent.shown, text)
-                            Keys.onEscapePressed: demo.stopRenaming()
-                            Component.onCompleted: {
-                                forceActiveFocus();
-                                selectAll();
+                    onEditRequested: { log.note("editRequested"); demo.renaming = activeIndex >= 0; }
+
+                    delegate: Item {
+                        id: rowContent
+                        readonly property bool edited: demo.renaming && TreeView.isActiveItem
+                        readonly property QtObject shown: document
+                        height: 28
+
+                        Thumbnail {
+                            id: thumbnail
+                            x: 4
+                            anchors.verticalCenter: parent.verticalCenter
+                            width: 20
+                            height: 20
+                            document: rowContent.shown
+                        }
+                        Label {
+                            readonly property bool readable: !rowContent.shown || rowContent.shown.readable
+                            anchors { left: thumbnail.right; leftMargin: 8; right: parent.right; rightMargin: 16 }
+                            anchors.verticalCenter: parent.verticalCenter
+                            visible: !rowContent.edited
+                            text: !document ? "" : readable ? document.name : document.name + "  –  cannot be read"
+                            color: readable ? Theme.text : Theme.errorText
+                        }
+                        // One row at most has the field: a row costs what it shows.
+                        Loader {
+                            anchors { left: thumbnail.right; right: parent.right; rightMargin: 16 }
+                            anchors.verticalCenter: parent.verticalCenter
+                            active: rowContent.edited
+                            sourceComponent: Field {
+                                height: 24
+                                text: rowContent.shown.name
+                                onAccepted: demo.rename(rowContent.shown, text)
+                                Keys.onEscapePressed: demo.stopRenaming()
+                                Component.onCompleted: {
+                                    forceActiveFocus();
+                                    selectAll();
+                                }
                             }
                         }
                     }
-                }
-                backgroundDelegate: Rectangle {
-                    color: TreeView.isActiveItem ? Theme.accentSoft : "transparent"
-                    // A row lets presses through, and the page below would take the focus and the drag.
-                    MouseArea { anchors.fill: parent }
+                    backgroundDelegate: Rectangle {
+                        color: TreeView.isActiveItem ? Theme.accentSoft : "transparent"
+                        border.width: TreeView.isActiveItem && tree.activeFocus ? 1 : 0
+                        border.color: Theme.focus
+                        // A row lets presses through, and the page below would take the focus and the drag.
+                        MouseArea { anchors.fill: parent }
+                    }
                 }
             }
         }
@@ -184,7 +251,7 @@ Demo {
         ValueRow { label: "rows"; value: demo.rowCount },
         NumberEditor { target: tree; property: "indent"; from: 0; to: 60 },
         BoolEditor { target: tree; property: "rootCanCollapse" },
-        NumberEditor { target: tree; property: "activeIndex"; from: -1; to: 50 },
+        NumberEditor { target: tree; property: "activeIndex"; from: -1; to: Math.max(-1, demo.rowCount - 1) },
         ValueRow { label: "activeDocument"; value: tree.activeDocument ? tree.activeDocument.name : "none" },
         TextEditor { target: tree; property: "childProperty" },
         ValueRow { target: tree; property: "implicitHeight" },
