@@ -140,7 +140,25 @@ void TestExamples::draggableDropHandler()
     QVERIFY2(gesture.run(), gesture.error());
     QCOMPARE(card->parentItem(), zone->parentItem());
     QCOMPARE(card->scale(), 2.0);
-    QCOMPARE(card->mapRectToScene(card->boundingRect()).size(), before.size());
+    const QRectF after = card->mapRectToScene(card->boundingRect());
+    QCOMPARE(after.size(), before.size());
+    // It stays where it was dropped, held by its middle.
+    const QPointF dropped = m_view->window()->mapFromGlobal(over);
+    QVERIFY((after.center() - dropped).manhattanLength() <= 3);
+    const QPointF home = card->property("home").toPointF();
+    QCOMPARE(card->position(), home);
+
+    // Dropped beside the board it flies home.
+    const QPoint beside = positionIn(m_view->root(), 60, 170);
+    Gesture back;
+    back.drag(
+            positionIn(card), beside,
+            [&] { return (positionIn(card) - beside).manhattanLength() <= 3; },
+            "the card leaves the board")
+        .release()
+        .until([&] { return !card->property("isDragged").toBool(); }, "the end of the drag");
+    QVERIFY2(back.run(), back.error());
+    QTRY_COMPARE(card->position(), home);
 }
 
 void TestExamples::hoverArea()
