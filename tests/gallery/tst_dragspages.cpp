@@ -33,9 +33,16 @@ private Q_SLOTS:
     void severalDocumentsOntoATypeOfOneOfThem();
     void noPadTakesADragArea();
     void cardKeepsItsSizeInAnotherColumn();
+    void takenCardStaysWhereItWasDropped_data();
+    void takenCardStaysWhereItWasDropped();
+    void refusedCardFliesHome();
+    void cardDroppedBesideTheColumnsFliesHome();
+    void columnsAreOnTheStageAtTheSmallestSize();
 
 private:
     void load(const char *page);
+    /// Drags the middle of \a card to \a over and lets it go there, with \a ready before.
+    void drop(QQuickItem *card, const QPoint &over, const support::Gesture::Condition &ready);
 
     QTemporaryDir m_folder;
     std::unique_ptr<om::gallery::FolderTree> m_tree;
@@ -173,6 +180,97 @@ void TestDragsPages::cardKeepsItsSizeInAnotherColumn()
     // What was raised for the drag is down again.
     QCOMPARE(card->z(), 0.0);
     QCOMPARE(columns.at(0)->z(), 0.0);
+}
+
+void TestDragsPages::drop(QQuickItem *card, const QPoint &over,
+                          const support::Gesture::Condition &ready)
+{
+    support::Gesture gesture;
+    gesture.drag(support::positionIn(card), over, ready, "what is to hold before the drop")
+        .release()
+        .until([&] { return !card->property("isDragged").toBool(); }, "the end of the drag");
+    QVERIFY2(gesture.run(), gesture.error());
+}
+
+void TestDragsPages::takenCardStaysWhereItWasDropped_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::newRow("its own column") << 0;
+    QTest::newRow("a smaller column") << 1;
+    QTest::newRow("a turned column") << 2;
+}
+
+void TestDragsPages::takenCardStaysWhereItWasDropped()
+{
+    QFETCH(int, column);
+    load("CardsPage.qml");
+    QQuickItem *const demo = support::itemsOf(m_view->root(), "DraggableDemo").value(0);
+    QQuickItem *const card = support::itemsOf(demo, "DragCard").value(0);
+    QQuickItem *const target = support::itemsOf(demo, "CardColumn").value(column);
+    QVERIFY(card && target);
+    QQuickItem *const zone = support::itemsOf(target, "om::controls::DropZone").value(0);
+    const QPoint over = support::positionIn(target);
+    drop(card, over, [&] {
+        return zone->property("containsDrag").toBool()
+            && (support::positionIn(card) - over).manhattanLength() <= 2;
+    });
+    QCOMPARE(card->parentItem(), target);
+    // Turned with its column it keeps its corner.
+    const QPointF corner = card->mapToScene({0, 0});
+    const QPointF expected = over - QPointF(card->width(), card->height()) / 2;
+    QVERIFY2((corner - expected).manhattanLength() <= 4,
+             qPrintable(QStringLiteral("%1, %2 beside the drop")
+                            .arg(corner.x() - expected.x())
+                            .arg(corner.y() - expected.y())));
+}
+
+void TestDragsPages::refusedCardFliesHome()
+{
+    load("CardsPage.qml");
+    QQuickItem *const demo = support::itemsOf(m_view->root(), "DraggableDropHandlerDemo").value(0);
+    const QPointF top = demo->mapToItem(m_view->root(), {0, 0});
+    m_view->root()->setProperty("contentY", top.y() - 20);
+    QQuickItem *const card = support::itemsOf(demo, "DragCard").value(1);
+    QCOMPARE(card->property("dragData").toString(), text("Card"));
+    QQuickItem *const before = card->parentItem();
+    const QPointF home = card->position();
+    const QPoint over = support::positionIn(support::itemsOf(demo, "CardColumn").value(0));
+    drop(card, over, [&] { return (support::positionIn(card) - over).manhattanLength() <= 2; });
+    QCOMPARE(card->parentItem(), before);
+    QTRY_COMPARE(card->position(), home);
+    QTRY_COMPARE(card->z(), 0.0);
+}
+
+void TestDragsPages::cardDroppedBesideTheColumnsFliesHome()
+{
+    load("CardsPage.qml");
+    QQuickItem *const demo = support::itemsOf(m_view->root(), "DraggableDemo").value(0);
+    QQuickItem *const card = support::itemsOf(demo, "DragCard").value(0);
+    QQuickItem *const column = card->parentItem();
+    const QPointF home = card->position();
+    const QPoint over = support::positionIn(demo, 60, 30);
+    drop(card, over, [&] { return (support::positionIn(card) - over).manhattanLength() <= 2; });
+    QVERIFY(card->position() != home);
+    QTRY_COMPARE(card->position(), home);
+    QCOMPARE(card->parentItem(), column);
+    QTRY_COMPARE(column->z(), 0.0);
+}
+
+void TestDragsPages::columnsAreOnTheStageAtTheSmallestSize()
+{
+    load("CardsPage.qml");
+    // What the window leaves a page at its smallest.
+    m_view->window()->resize(592, 480);
+    QQuickItem *const demo = support::itemsOf(m_view->root(), "DraggableDemo").value(0);
+    QTRY_VERIFY(demo->width() < 592);
+    auto *const stage = demo->property("stage").value<QQuickItem *>();
+    const auto columns = support::itemsOf(demo, "CardColumn");
+    QCOMPARE(columns.size(), 3);
+    for (QQuickItem *const column : columns) {
+        const QRectF place = column->mapRectToItem(stage, column->boundingRect());
+        QVERIFY2(QRectF(0, 0, stage->width(), stage->height()).contains(place),
+                 qPrintable(column->property("title").toString()));
+    }
 }
 
 QTEST_MAIN(TestDragsPages)

@@ -23,6 +23,8 @@ Rectangle {
         x: 10
         y: 8
         text: column.title
+        // Scaled and turned, a font's own rendering would come apart.
+        renderType: Text.QtRendering
         color: Theme.faintText
         font.pixelSize: Theme.small / column.scale
     }
@@ -33,7 +35,7 @@ Rectangle {
             id: handler
             key: "card"
             onDropped: {
-                drag.source.parent = column;
+                drag.source.settle(column);
                 column.happened("dropped on " + column.title);
             }
         }

@@ -8,30 +8,36 @@ import "../kit"
 Demo {
     id: demo
     title: "Draggable"
-    hint: "Drag the cards between columns of different scale and rotation: a card keeps its size on the screen where it lands."
-    stageHeight: 320
+    hint: "Drag the cards between columns of different scale and rotation: a card keeps its size on the screen and stays "
+          + "where it is dropped. Let go beside them and it flies home."
+    stageHeight: 300
+
+    // Each in the middle of its third of the stage.
+    readonly property real third: stage.width / 3
+    readonly property real columnWidth: Math.min(190, third - 20)
 
     CardColumn {
         id: plain
-        x: 18
+        x: (demo.third - width) / 2
         y: 30
+        width: demo.columnWidth
         title: "scale 1"
         onHappened: log.note(what)
         DragCard {
             id: card
-            x: 18
+            x: 13
             y: 40
             text: "First card"
             onIsDraggedChanged: log.note("isDragged " + isDragged)
             onDragStarted: log.note("dragStarted")
             onDragEnded: log.note("dragEnded")
         }
-        DragCard { x: 18; y: 96; text: "Second card" }
+        DragCard { x: 13; y: 96; text: "Second card" }
     }
     CardColumn {
-        x: 186
+        x: (3 * demo.third - width * scale) / 2
         y: 30
-        width: 260
+        width: demo.columnWidth / scale
         height: 400
         scale: 0.6
         transformOrigin: Item.TopLeft
@@ -39,8 +45,9 @@ Demo {
         onHappened: log.note(what)
     }
     CardColumn {
-        x: 352
-        y: 24
+        x: (5 * demo.third - width) / 2
+        y: 30
+        width: demo.columnWidth
         scale: 0.8
         rotation: 8
         title: "scale 0.8, turned"

@@ -8,12 +8,13 @@ import "../kit"
 Demo {
     id: demo
     title: "DraggableDropHandler"
-    hint: "A column takes the card whose text is its key, to the letter. Change either and drag again."
-    stageHeight: 320
+    hint: "A column takes the card whose text is its key, to the letter; the other one flies home. Change the key and "
+          + "drag again."
+    stageHeight: 300
 
     CardColumn {
         id: column
-        x: 240
+        x: Math.max(200, parent.width / 2)
         y: 30
         title: "key: " + handler.key
         onHappened: log.note(what)
