@@ -3,8 +3,6 @@
 
 #include "qr/QrStages.h"
 
-#include <cstring>
-
 namespace om::controls::qr {
 
 namespace {
@@ -13,22 +11,26 @@ constexpr int ModeBits = 4;
 constexpr int ByteModeIndicator = 4;
 constexpr int StreamCapacity = 8 * MaximumDataCodewords;
 
-std::uint64_t loadBigEndian(const void *bytes)
+/// Eight bytes as a number, the first the most significant. Written out, so that a compiler sees
+/// one load and, where the processor has the bytes the other way round, one swap.
+std::uint64_t load(const char *bytes)
 {
-    std::uint64_t value;
-    std::memcpy(&value, bytes, sizeof value);
-#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
-    value = __builtin_bswap64(value);
-#endif
-    return value;
+    const auto *next = reinterpret_cast<const unsigned char *>(bytes);
+    return std::uint64_t(next[0]) << 56 | std::uint64_t(next[1]) << 48
+        | std::uint64_t(next[2]) << 40 | std::uint64_t(next[3]) << 32 | std::uint64_t(next[4]) << 24
+        | std::uint64_t(next[5]) << 16 | std::uint64_t(next[6]) << 8 | std::uint64_t(next[7]);
 }
 
-void storeBigEndian(std::uint64_t value, void *bytes)
+void store(std::uint64_t value, unsigned char *bytes)
 {
-#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
-    value = __builtin_bswap64(value);
-#endif
-    std::memcpy(bytes, &value, sizeof value);
+    bytes[0] = static_cast<unsigned char>(value >> 56);
+    bytes[1] = static_cast<unsigned char>(value >> 48);
+    bytes[2] = static_cast<unsigned char>(value >> 40);
+    bytes[3] = static_cast<unsigned char>(value >> 32);
+    bytes[4] = static_cast<unsigned char>(value >> 24);
+    bytes[5] = static_cast<unsigned char>(value >> 16);
+    bytes[6] = static_cast<unsigned char>(value >> 8);
+    bytes[7] = static_cast<unsigned char>(value);
 }
 
 } // namespace
@@ -71,10 +73,9 @@ std::int64_t segmentBits(Mode mode, std::int64_t count, int group)
         return header + 11 * (count / 2) + 6 * (count % 2);
     case EightBit:
         return header + 8 * count;
-    case Kanji:
+    default: // Kanji
         return header + 13 * (count / 2);
     }
-    return header;
 }
 
 int byteCapacity(int level, int version)
@@ -128,8 +129,8 @@ bool BitStream::appendBytes(const char *bytes, int count)
     std::uint64_t begun = used ? std::uint64_t(*place) << 56 : 0;
     int index = 0;
     for (; used && count - index > 8; index += 8, place += 8) {
-        const std::uint64_t next = loadBigEndian(bytes + index);
-        storeBigEndian(begun | next >> used, place);
+        const std::uint64_t next = load(bytes + index);
+        store(begun | next >> used, place);
         begun = next << (64 - used);
     }
     for (; index < count; ++index) {

@@ -5,23 +5,23 @@
 
 #include "qr/QrStages.h"
 
+#ifdef OMBREL_QR_ACCELERATED
+#include "qr/accelerated/Encoder.h"
+#endif
+
 #include <cstring>
 
 namespace om::controls {
 
 namespace {
 
-/// The state of the call in progress: storage of fixed size, overwritten by each call.
+/// What a call works on: storage of fixed size, overwritten by each call.
 struct State
 {
-    int level;
-    int version;
-    int mask; ///< -1 while it is not chosen.
-    int size;
     unsigned char data[qr::MaximumDataCodewords];
-    unsigned char codewords[qr::MaximumCodewords + qr::SpreadExcess];
-    qr::Boards boards;
-    qr::Features features;
+    unsigned char message[qr::MaximumCodewords + 1];
+    qr::Symbol symbol;
+    qr::MaskedSymbol masked;
 };
 
 State state;
@@ -33,51 +33,72 @@ int measure(const char *text, int limit)
     return end ? static_cast<int>(static_cast<const char *>(end) - text) : limit;
 }
 
+/// Sets the bits of a word in the result from bit number \a k on.
+void writeBits(std::uint64_t bits, int k, unsigned char *result)
+{
+    unsigned char *byte = result + k / 8;
+    *byte |= static_cast<unsigned char>(bits >> 56 >> k % 8);
+    for (bits <<= 8 - k % 8; bits; bits <<= 8)
+        *++byte = static_cast<unsigned char>(bits >> 56);
+}
+
+/// Writes the rows one behind the other.
+void writeResult(const qr::MaskedSymbol &masked, unsigned char *result)
+{
+    for (int y = 0; y < masked.size; ++y) {
+        for (int word = 0; word < qr::wordsOf(masked.size); ++word)
+            writeBits(masked.rows.first(word)[y], y * masked.size + 64 * word, result);
+    }
+}
+
 } // namespace
 
-int qr::encode(Instructions instructions, int level, int version, const char *text, int length,
+void qr::makeSymbol(int level, int version, const char *text, int length, unsigned char *result)
+{
+    encodeData(level, version, text, length, state.data);
+    constructMessage(level, version, state.data, state.message);
+
+    placeFunctionPatterns(version, state.symbol);
+    placeCodewords(state.message, versionTable[version].total, state.symbol);
+    transpose(state.symbol);
+
+    const int mask = chooseMask(level, state.symbol, state.masked);
+    applyMask(mask, state.symbol, state.masked);
+    placeFormatInformation(level, mask, state.masked);
+    writeResult(state.masked, result);
+}
+
+int qr::encode(Maker maker, int level, int version, const char *text, int length,
                unsigned char *result)
 {
     if (!result)
         return -1;
     std::memset(result, 0, QrResultBytes);
-    if (level < 0 || level >= qr::LevelCount || version < 0 || version > qr::MaximumVersion
-        || !text)
+    if (level < 0 || level >= LevelCount || version < 0 || version > MaximumVersion || !text)
         return -1;
-
-    state.level = level;
-    state.mask = -1;
     if (length < 1) {
         // One byte more than fits tells enough.
-        length = measure(text, qr::byteCapacity(level, version ? version : qr::MaximumVersion) + 1);
+        length = measure(text, byteCapacity(level, version ? version : MaximumVersion) + 1);
         if (length == 0)
             return -1;
     }
-    const int needed = qr::chooseVersion(level, version, length);
+    const int needed = chooseVersion(level, version, length);
     if (needed == 0 || (version && needed > version))
         return -1;
-    state.version = version ? version : needed;
-    state.size = qr::sizeOf(state.version);
-
-    qr::encodeData(level, state.version, text, length, state.data);
-    qr::interleave(instructions, level, state.version, state.data, state.codewords);
-
-    qr::clearBoards(state.size, state.boards);
-    qr::placeFunctionPatterns(state.version, state.boards);
-    qr::placeCodewords(instructions, state.size, state.codewords,
-                       qr::versionTable[state.version].total, state.boards);
-    qr::cutStrips(state.size, state.boards);
-
-    qr::countFeatures(instructions, level, state.size, state.boards, state.features);
-    state.mask = qr::chooseMask(state.size, state.features);
-    qr::applyMask(level, state.mask, state.size, state.boards);
-    qr::pack(state.size, state.boards.rows, result);
-    return state.size;
+    if (version == 0)
+        version = needed;
+    maker(level, version, text, length, result);
+    return sizeOf(version);
 }
 
 int qrEncode(int level, int version, const char *text, int length, unsigned char *result)
 {
-    return qr::encode(qr::widest(), level, version, text, length, result);
+#ifdef OMBREL_QR_ACCELERATED
+    const qr::Maker maker = qr::accelerated::maker(qr::accelerated::widest());
+#else
+    const qr::Maker maker = qr::makeSymbol;
+#endif
+    return qr::encode(maker, level, version, text, length, result);
 }
 
 } // namespace om::controls

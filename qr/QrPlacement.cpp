@@ -3,489 +3,125 @@
 
 #include "qr/QrStages.h"
 
-#include <cstring>
-
-#if defined(__x86_64__)
-#include <immintrin.h>
-#endif
+#include <algorithm>
 
 namespace om::controls::qr {
 
 namespace {
 
 constexpr int TimingColumn = 6;
-constexpr int StreamWords = (8 * MaximumCodewords + 63) / 64;
 
-/// Two words that are worked on at once.
-typedef std::uint64_t Pair __attribute__((vector_size(16)));
-typedef std::uint32_t Words __attribute__((vector_size(16)));
-
-/// The codewords as bits, whole and split once for pairs of columns: where both are free, one takes
-/// every other bit and the other those between, many rows at a time. A pair of words is for the
-/// left and the right column, as they lie in the board. The first bit is the most significant where
-/// columns are filled downwards, the least significant upwards. There is a word of zeros in front,
-/// since a run of modules is read with what would stand in the rows above (or below) it, and some
-/// behind for the remainder bits.
-struct Stream
+/// The bits of the message, most significant first, and zeros behind them.
+class MessageBits
 {
-    static constexpr int Front = 1;
-
-    alignas(16) std::uint64_t whole[StreamWords + 4]; ///< As they lie in memory.
-    Pair down[StreamWords / 2 + 4]; ///< Odd bits for the left, even bits for the right.
-    Pair up[StreamWords / 2 + 4];
-};
-
-Stream stream;
-
-/// The bytes of each word in reverse order.
-inline Pair swapBytes(Pair value)
-{
-    value = (value >> 8 & 0x00ff00ff00ff00ffull) | (value & 0x00ff00ff00ff00ffull) << 8;
-    typedef std::uint16_t Quarters __attribute__((vector_size(16)));
-    const Quarters quarters = reinterpret_cast<Quarters>(value);
-    return reinterpret_cast<Pair>(
-        __builtin_shufflevector(quarters, quarters, 3, 2, 1, 0, 7, 6, 5, 4));
-}
-
-/// Gathers the bits of 16 bytes, most significant first: the odd ones (counted from 0) in the first
-/// eight bytes, the even ones in the last.
-inline Pair unshuffle(Pair value)
-{
-    // In each byte the even bits to the upper half and the odd ones to the lower.
-    Pair swapped = (value ^ value >> 1) & 0x2222222222222222ull;
-    value ^= swapped ^ swapped << 1;
-    swapped = (value ^ value >> 2) & 0x0c0c0c0c0c0c0c0cull;
-    value ^= swapped ^ swapped << 2;
-    // Of each two bytes the halves that belong together; the second byte is the upper.
-    typedef std::uint16_t Twos __attribute__((vector_size(16)));
-    typedef std::uint8_t Bytes __attribute__((vector_size(16)));
-    const Twos twos = reinterpret_cast<Twos>(value);
-    const Twos odd = (twos << 4 & 0x00f0) | (twos >> 8 & 0x000f);
-    const Twos even = (twos & 0x00f0) | twos >> 12;
-    return reinterpret_cast<Pair>(
-        __builtin_shufflevector(reinterpret_cast<Bytes>(odd), reinterpret_cast<Bytes>(even), 0, 2,
-                                4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30));
-}
-
-template<typename Word>
-inline Word reverseInBytes(Word value)
-{
-    value = (value >> 1 & 0x5555555555555555ull) | (value & 0x5555555555555555ull) << 1;
-    value = (value >> 2 & 0x3333333333333333ull) | (value & 0x3333333333333333ull) << 2;
-    return (value >> 4 & 0x0f0f0f0f0f0f0f0full) | (value & 0x0f0f0f0f0f0f0f0full) << 4;
-}
-
-inline std::uint64_t reverse(std::uint64_t value)
-{
-    return __builtin_bswap64(reverseInBytes(value));
-}
-
-void split(const unsigned char *codewords, int count)
-{
-    const int words = (count + 7) / 8;
-    stream.whole[count / 8] = 0;
-    std::memcpy(stream.whole, codewords, static_cast<std::size_t>(count));
-    for (int index = words; index < words + 4; ++index)
-        stream.whole[index] = 0;
-    // Two words give one of each half; one more of zeros follows.
-    for (int index = 0; index < words + 2; index += 2) {
-        Pair two;
-        std::memcpy(&two, stream.whole + index, sizeof two);
-        const Pair halves = unshuffle(two);
-        stream.down[Stream::Front + index / 2] = swapBytes(halves);
-        stream.up[Stream::Front + index / 2] = reverseInBytes(halves);
-    }
-}
-
-/// 64 bits of all codewords from a position on, the first in the most significant.
-inline std::uint64_t readWhole(int position)
-{
-    const std::uint64_t *word = stream.whole + (position >> 6);
-    const int offset = position & 63;
-    return __builtin_bswap64(word[0]) << offset | __builtin_bswap64(word[1]) >> 1 >> (63 - offset);
-}
-
-/// 64 bits of both halves from a position on, in the order of reading. It may lie up to 64 bits in
-/// front of the first.
-template<bool Upwards>
-inline Pair readHalves(int position)
-{
-    const Pair *words = (Upwards ? stream.up : stream.down) + Stream::Front + (position >> 6);
-    const int offset = position & 63;
-    return Upwards ? words[0] >> offset | words[1] << 1 << (63 - offset)
-                   : words[0] << offset | words[1] >> 1 >> (63 - offset);
-}
-
-/// What a pair of columns takes from \a position on, where the bit numbered \a bit is the first.
-template<bool Upwards>
-inline Pair readPair(int position, int bit)
-{
-    const int half = (position >> 1) - bit;
-    const Pair bits = readHalves<Upwards>(half);
-    if ((position & 1) == 0)
-        return bits;
-    // The right column begins with an odd bit, the left one with the even bit behind it.
-    return __builtin_shufflevector(readHalves<Upwards>(half + 1), bits, 1, 2);
-}
-
-/// 64 bits of a stream from \a position on, the first in the most significant.
-inline std::uint64_t readDown(const std::uint64_t *bits, int position)
-{
-    const std::uint64_t *word = bits + (position >> 6);
-    const int offset = position & 63;
-    return word[0] << offset | word[1] >> 1 >> (63 - offset);
-}
-
-/// The same with the first in the least significant.
-inline std::uint64_t readUp(const std::uint64_t *bits, int position)
-{
-    const std::uint64_t *word = bits + (position >> 6);
-    const int offset = position & 63;
-    return word[0] >> offset | word[1] << 1 << (63 - offset);
-}
-
-/// How many of \a bits are set from \a bit on, in the direction of reading: upwards, the first
-/// module is the least significant bit.
-template<bool Upwards>
-inline int runLength(std::uint64_t bits, int bit)
-{
-    const std::uint64_t end = Upwards ? ~(bits >> bit) : ~(bits << bit);
-    if (!end)
-        return 64;
-    return Upwards ? __builtin_ctzll(end) : __builtin_clzll(end);
-}
-
-/// The bits of a run of \a count modules.
-template<bool Upwards>
-inline std::uint64_t runBits(int bit, int count)
-{
-    return Upwards ? ~0ull >> (64 - count) << bit : ~0ull << (64 - count) >> bit;
-}
-
-/// Whether the set bits, if any, follow one another.
-inline bool isRun(std::uint64_t bits)
-{
-    return bits && (bits & (bits + (bits & -bits))) == 0;
-}
-
-/// Fills one word of a pair of columns, run by run of modules that are free alike. Returns the
-/// position in the stream behind it.
-template<bool Upwards>
-inline int fillWord(std::uint64_t freeRight, std::uint64_t freeLeft, std::uint64_t *modules,
-                    int position)
-{
-    Pair dark;
-    std::memcpy(&dark, modules - 1, sizeof dark);
-    const std::uint64_t both = freeRight & freeLeft;
-    std::uint64_t waiting = freeRight | freeLeft;
-    if (both == waiting && isRun(both)) { // Most words.
-        const int bit = Upwards ? __builtin_ctzll(both) : __builtin_clzll(both);
-        const int behind = Upwards ? __builtin_clzll(both) : __builtin_ctzll(both);
-        dark |= readPair<Upwards>(position, bit) & (Pair{} + both);
-        std::memcpy(modules - 1, &dark, sizeof dark);
-        return position + 2 * (64 - bit - behind);
-    }
-    while (waiting) {
-        const int bit = Upwards ? __builtin_ctzll(waiting) : __builtin_clzll(waiting);
-        const std::uint64_t here = Upwards ? 1ull << bit : 1ull << 63 >> bit;
-        int count;
-        std::uint64_t run;
-        if (both & here) {
-            count = runLength<Upwards>(both, bit);
-            run = runBits<Upwards>(bit, count);
-            dark |= readPair<Upwards>(position, bit) & (Pair{} + run);
-            position += 2 * count;
-        } else {
-            const bool rightOnly = freeRight & here;
-            count = runLength<Upwards>((rightOnly ? freeRight : freeLeft) & ~both, bit);
-            run = runBits<Upwards>(bit, count);
-            std::uint64_t bits = readWhole(position);
-            bits = (Upwards ? reverse(bits) << bit : bits >> bit) & run;
-            dark |= rightOnly ? Pair{0, bits} : Pair{bits, 0};
-            position += count;
-        }
-        waiting &= ~run;
-    }
-    std::memcpy(modules - 1, &dark, sizeof dark);
-    return position;
-}
-
-/// The rows of each word that belong to the symbol.
-struct Inside
-{
-    std::uint64_t words[3];
-
-    explicit Inside(int size)
+public:
+    MessageBits(const unsigned char *message, int count)
+        : m_next(message)
+        , m_end(message + count)
     {
-        for (int word = 0; word < 3; ++word) {
-            const int rows = size - 64 * word;
-            words[word] = rows <= 0 ? 0 : rows >= 64 ? ~0ull : ~(~0ull >> rows);
-        }
     }
+
+    /// The next one, 0 or 1.
+    std::uint64_t take()
+    {
+        if (m_left == 0)
+            load();
+        --m_left;
+        const std::uint64_t bit = m_bits >> 63;
+        m_bits <<= 1;
+        return bit;
+    }
+
+private:
+    void load()
+    {
+        for (int byte = 0; byte < 8; ++byte)
+            m_bits = m_bits << 8 | (m_next < m_end ? *m_next++ : 0u);
+        m_left = 64;
+    }
+
+    const unsigned char *m_next;
+    const unsigned char *m_end;
+    std::uint64_t m_bits = 0; ///< The next ones, of which m_left are not taken.
+    int m_left = 0;
 };
 
-void placeRuns(int size, const unsigned char *codewords, int count, Boards &boards)
+/// Fills one word of a pair of columns, row by row: the module of the right one, then of the left.
+/// The words given are those of the right one; those of the left lie in front of them.
+void placeInPair(MessageBits &bits, bool upwards, int rows, const std::uint64_t *function,
+                 std::uint64_t *columns)
 {
-    split(codewords, count);
+    MessageBits next = bits; // A copy that the processor's registers can hold.
+    const std::uint64_t functionRight = function[0];
+    const std::uint64_t functionLeft = function[-1];
+    std::uint64_t right = 0;
+    std::uint64_t left = 0;
+    int shift = upwards ? 64 - rows : 63;
+    const int step = upwards ? 1 : -1;
+    for (int row = 0; row < rows; ++row, shift += step) {
+        if (!(functionRight >> shift & 1))
+            right |= next.take() << shift;
+        if (!(functionLeft >> shift & 1))
+            left |= next.take() << shift;
+    }
+    columns[0] |= right;
+    columns[-1] |= left;
+    bits = next;
+}
 
-    const Inside inside(size);
-    const int words = (size + 63) / 64;
-    int position = 0;
+/// Exchanges, in all squares of twice as many modules a side, the upper right and the lower left
+/// quarter of \a distance modules a side. \a left has the left halves of all squares set.
+void exchangeQuarters(std::uint64_t (&lines)[64], int distance, std::uint64_t left)
+{
+    for (int line = 0; line < 64; ++line) {
+        if (line & distance)
+            continue;
+        const std::uint64_t changed = (lines[line] << distance ^ lines[line + distance]) & left;
+        lines[line] ^= changed >> distance;
+        lines[line + distance] ^= changed;
+    }
+}
+
+} // namespace
+
+void placeCodewords(const unsigned char *message, int count, Symbol &symbol)
+{
+    MessageBits bits(message, count);
+    const int words = wordsOf(symbol.size);
     bool upwards = true;
-    for (int column = size - 1; column > 0; column -= 2, upwards = !upwards) {
-        if (column == TimingColumn)
-            --column;
+    for (int right = symbol.size - 1; right > 0; right -= 2, upwards = !upwards) {
+        if (right == TimingColumn) // The pairs step over it.
+            --right;
         for (int step = 0; step < words; ++step) {
             const int word = upwards ? words - 1 - step : step;
-            const std::uint64_t *function = boards.function.words[word] + column;
-            const std::uint64_t freeRight = ~function[0] & inside.words[word];
-            const std::uint64_t freeLeft = ~function[-1] & inside.words[word];
-            std::uint64_t *modules = boards.modules.words[word] + column;
-            position = upwards ? fillWord<true>(freeRight, freeLeft, modules, position)
-                               : fillWord<false>(freeRight, freeLeft, modules, position);
+            const int rows = std::min(symbol.size - 64 * word, 64);
+            placeInPair(bits, upwards, rows, symbol.function.first(word) + right,
+                        symbol.columns.first(word) + right);
         }
     }
 }
 
-#if defined(__x86_64__)
-
-#define QR_DEPOSIT __attribute__((target("bmi2,popcnt")))
-
-/// The codewords as bits for both directions of reading, with zeros behind them.
-struct WholeStream
+void transpose(Symbol &symbol)
 {
-    alignas(16) std::uint64_t down[StreamWords + 4];
-    alignas(16) std::uint64_t up[StreamWords + 4];
-};
-
-WholeStream wholeStream;
-
-void turn(const unsigned char *codewords, int count)
-{
-    const int words = (count + 7) / 8;
-    wholeStream.up[count / 8] = 0;
-    std::memcpy(wholeStream.up, codewords, static_cast<std::size_t>(count));
-    for (int index = words; index < words + 4; ++index)
-        wholeStream.up[index] = 0;
-    for (int index = 0; index < words + 2; index += 2) {
-        Pair two;
-        std::memcpy(&two, wholeStream.up + index, sizeof two);
-        const Pair down = swapBytes(two);
-        const Pair up = reverseInBytes(two);
-        std::memcpy(wholeStream.down + index, &down, sizeof down);
-        std::memcpy(wholeStream.up + index, &up, sizeof up);
-    }
-}
-
-/// Fills 32 rows of a pair of columns, given in the lower half of the words: the modules of both
-/// side by side, in the order of the stream, take the next bits of the stream where they are free.
-/// Returns the position in the stream behind it.
-template<bool Upwards>
-QR_DEPOSIT inline int depositRows(std::uint64_t freeRight, std::uint64_t freeLeft,
-                                  std::uint64_t &right, std::uint64_t &left, int position)
-{
-    constexpr std::uint64_t rightPlaces = Upwards ? 0x5555555555555555ull : 0xaaaaaaaaaaaaaaaaull;
-    const std::uint64_t free =
-        _pdep_u64(freeRight, rightPlaces) | _pdep_u64(freeLeft, ~rightPlaces);
-    const int count = __builtin_popcountll(free);
-    // Downwards the next bits are the highest of a word but the lowest of it are deposited. Of no
-    // bits it does not matter which.
-    const std::uint64_t bits = Upwards
-        ? readUp(wholeStream.up, position)
-        : readDown(wholeStream.down, position) >> ((64 - count) & 63);
-    const std::uint64_t dark = _pdep_u64(bits, free);
-    right = _pext_u64(dark, rightPlaces);
-    left = _pext_u64(dark, ~rightPlaces);
-    return position + count;
-}
-
-/// Fills a pair of columns, of which \a column is the right one. \a Halves is how many of a word
-/// there are, 1 or 2.
-template<bool Upwards, int Halves>
-QR_DEPOSIT inline int depositPair(const Inside &inside, int words, int column, int position,
-                                  Boards &boards)
-{
-    constexpr std::uint64_t lowerHalf = 0xffffffff;
-    for (int step = 0; step < words; ++step) {
-        const int word = Upwards ? words - 1 - step : step;
-        const std::uint64_t *function = boards.function.words[word] + column;
-        const std::uint64_t freeRight = ~function[0] & inside.words[word];
-        const std::uint64_t freeLeft = ~function[-1] & inside.words[word];
-        std::uint64_t right = 0;
-        std::uint64_t left = 0;
-#pragma GCC unroll 2
-        for (int half = 0; half < Halves; ++half) {
-            const bool upper = half == (Upwards ? Halves - 1 : 0);
-            const int shift = upper ? 32 : 0;
-            std::uint64_t rows[2];
-            position =
-                depositRows<Upwards>(freeRight >> shift & lowerHalf, freeLeft >> shift & lowerHalf,
-                                     rows[0], rows[1], position);
-            right |= rows[0] << shift;
-            left |= rows[1] << shift;
+    const int words = wordsOf(symbol.size);
+    for (int across = 0; across < words; ++across) {
+        for (int down = 0; down < words; ++down) {
+            // A square of 64 x 64 modules. The margin and, in the last square, what lies behind it
+            // is 0 or overwritten.
+            std::uint64_t lines[64];
+            for (int line = 0; line < 64; ++line) {
+                const int x = 64 * across + line;
+                lines[line] = x < symbol.size ? symbol.columns.first(down)[x] : 0;
+            }
+            exchangeQuarters(lines, 32, 0xffffffff00000000);
+            exchangeQuarters(lines, 16, 0xffff0000ffff0000);
+            exchangeQuarters(lines, 8, 0xff00ff00ff00ff00);
+            exchangeQuarters(lines, 4, 0xf0f0f0f0f0f0f0f0);
+            exchangeQuarters(lines, 2, 0xcccccccccccccccc);
+            exchangeQuarters(lines, 1, 0xaaaaaaaaaaaaaaaa);
+            for (int line = 0; line < 64 && 64 * down + line < symbol.size; ++line)
+                symbol.rows.first(across)[64 * down + line] = lines[line];
         }
-        std::uint64_t *modules = boards.modules.words[word] + column;
-        modules[0] |= right;
-        modules[-1] |= left;
-    }
-    return position;
-}
-
-template<int Halves>
-QR_DEPOSIT inline void depositPairs(int size, Boards &boards)
-{
-    const Inside inside(size);
-    const int words = (size + 63) / 64;
-    int position = 0;
-    bool upwards = true;
-    for (int column = size - 1; column > 0; column -= 2, upwards = !upwards) {
-        if (column == TimingColumn)
-            --column;
-        position = upwards ? depositPair<true, Halves>(inside, words, column, position, boards)
-                           : depositPair<false, Halves>(inside, words, column, position, boards);
-    }
-}
-
-QR_DEPOSIT void placeDeposits(int size, const unsigned char *codewords, int count, Boards &boards)
-{
-    turn(codewords, count);
-    if (size <= 32) {
-        depositPairs<1>(size, boards);
-    } else {
-        depositPairs<2>(size, boards);
-    }
-}
-
-#undef QR_DEPOSIT
-
-#endif
-
-} // namespace
-
-void placeCodewords(Instructions instructions, int size, const unsigned char *codewords, int count,
-                    Boards &boards)
-{
-#if defined(__x86_64__)
-    // The first processors with these instructions take a hundred cycles for one.
-    if (instructions != Baseline && !__builtin_cpu_is("znver1") && !__builtin_cpu_is("znver2"))
-        return placeDeposits(size, codewords, count, boards);
-#endif
-    (void)instructions;
-    placeRuns(size, codewords, count, boards);
-}
-
-namespace {
-
-/// The lower halves of the words of two pairs.
-inline Words lowerHalves(const Pair &first, const Pair &second)
-{
-    return __builtin_shufflevector(reinterpret_cast<Words>(first), reinterpret_cast<Words>(second),
-                                   0, 2, 4, 6);
-}
-
-/// The 32 bits from a row on, of the two columns from \a column on, in the lower halves.
-inline Pair cutTwo(const Columns &board, int row, int column)
-{
-    const int offset = row & 63;
-    Pair above;
-    Pair below;
-    std::memcpy(&above, &board.words[row >> 6][column], sizeof above);
-    if (offset <= 32)
-        return above >> (32 - offset);
-    std::memcpy(&below, &board.words[(row >> 6) + 1][column], sizeof below);
-    return above << (offset - 32) | below >> (96 - offset);
-}
-
-/// The 32 bits from a row on, of the four columns from \a column on.
-inline Words cutFour(const Columns &board, int row, int column)
-{
-    return lowerHalves(cutTwo(board, row, column), cutTwo(board, row, column + 2));
-}
-
-/// Exchanges, in squares of 8 or more lines, the upper right and the lower left quarter. A vector
-/// is four lines.
-template<int Vectors>
-inline void exchangeVectors(Words (&lines)[8], std::uint32_t right)
-{
-    constexpr int distance = 4 * Vectors;
-#pragma GCC unroll 8
-    for (int index = 0; index < 8; ++index) {
-        if (index & Vectors)
-            continue;
-        const Words swapped =
-            (lines[index] ^ lines[index + Vectors] >> distance) & (Words{} + right);
-        lines[index] ^= swapped;
-        lines[index + Vectors] ^= swapped << distance;
-    }
-}
-
-/// The same within a vector, for lines that \a other has in each other's places: the upper ones
-/// take their right part from the left of the lower, the lower ones the other way.
-inline Words exchanged(Words lines, Words other, int distance, Words upper, std::uint32_t left)
-{
-    const Words keep = (upper & (Words{} + left)) | (~upper & (Words{} + ~left));
-    return (lines & keep) | (upper & ~keep & other >> distance)
-        | (~upper & ~keep & other << distance);
-}
-
-/// Transposes a square of 32 x 32 modules: what was a line becomes a bit.
-inline void transpose(Words (&lines)[8])
-{
-    exchangeVectors<4>(lines, 0x0000ffffu);
-    exchangeVectors<2>(lines, 0x00ff00ffu);
-    exchangeVectors<1>(lines, 0x0f0f0f0fu);
-#pragma GCC unroll 8
-    for (int index = 0; index < 8; ++index) {
-        Words four = lines[index];
-        four = exchanged(four, Words{four[2], four[3], four[0], four[1]}, 2, Words{~0u, ~0u, 0, 0},
-                         0xccccccccu);
-        four = exchanged(four, Words{four[1], four[0], four[3], four[2]}, 1, Words{~0u, 0, ~0u, 0},
-                         0xaaaaaaaau);
-        lines[index] = four;
-    }
-}
-
-} // namespace
-
-void cutStrips(int size, Boards &boards)
-{
-    const int strips = stripsOf(size);
-    for (int strip = 0; strip < strips; ++strip) {
-        const int first = strip * StripWidth;
-        // Behind the symbol nothing is free: those positions stay light in all masks.
-        const int width = size - first;
-        const Words inside = Words{} + (width < 32 ? ~(~0u >> width) : ~0u);
-        for (int column = 0; column < size; column += 4) {
-            const Words modules = cutFour(boards.modules, first, column);
-            const Words free = inside & ~cutFour(boards.function, first, column);
-            std::memcpy(boards.columns.lines[strip] + column, &modules, sizeof modules);
-            std::memcpy(boards.free.lines[strip] + column, &free, sizeof free);
-        }
-
-        // The columns of this strip, 32 rows at a time, become the lines of its rows.
-        for (int row = 0; row < size; row += 32) {
-            Words lines[8];
-            for (int index = 0; index < 8; ++index)
-                lines[index] = cutFour(boards.modules, row, first + 4 * index);
-            transpose(lines);
-            std::memcpy(boards.rows.lines[strip] + row, lines, sizeof lines);
-        }
-    }
-
-    const int last = strips - 1;
-    if (!isShared(size, last))
-        return;
-    for (int line = 0; line < size; line += 4) {
-        Words rows;
-        Words columns;
-        Words free;
-        std::memcpy(&rows, boards.rows.lines[last] + line, sizeof rows);
-        std::memcpy(&columns, boards.columns.lines[last] + line, sizeof columns);
-        std::memcpy(&free, boards.free.lines[last] + line, sizeof free);
-        rows |= columns >> SharedShift;
-        free |= free >> SharedShift;
-        std::memcpy(boards.shared.modules + line, &rows, sizeof rows);
-        std::memcpy(boards.shared.free + line, &free, sizeof free);
     }
 }
 

@@ -12,23 +12,7 @@
 
 namespace om::controls::qr {
 
-// Processors -----------------------------------------------------------------------------------
-
-/// The sets of instructions to choose from, from the one that runs everywhere to the widest.
-enum Instructions {
-    Baseline,
-    Avx2,
-    Avx512,
-    InstructionSets
-};
-
-/// Whether this processor has them.
-bool available(Instructions instructions);
-
-/// The widest that it has.
-Instructions widest();
-
-// Data encodation -------------------------------------------------------------------------------
+// Data analysis ---------------------------------------------------------------------------------
 
 /// The value of a character in alphanumeric mode; every character outside the set has that of ':'.
 int alphanumericValue(char character);
@@ -43,6 +27,8 @@ int byteCapacity(int level, int version);
 /// The smallest version that holds \a length bytes at \a level, looked for from the group of the
 /// requested version on, each group with its own count width; 0 when there is none.
 int chooseVersion(int level, int requested, std::int64_t length);
+
+// Data encodation -------------------------------------------------------------------------------
 
 /// Appends bits, most significant first, to a buffer that holds a symbol's data codewords.
 class BitStream
@@ -72,192 +58,142 @@ private:
 /// The data codewords of a version that holds the text: mode, count, bytes, terminator, padding.
 void encodeData(int level, int version, const char *text, int length, unsigned char *codewords);
 
-// Error correction ------------------------------------------------------------------------------
+// Error correction coding -----------------------------------------------------------------------
 
-/// Room for the error-correction codewords of one block.
-constexpr int CorrectionStride = 32;
+/// The error correction codewords of one block: the remainder of its \a count data codewords,
+/// shifted by \a degree, divided by the generator polynomial of that degree, which is one of the
+/// version table's.
+void correctionCodewords(const unsigned char *data, int count, int degree,
+                         unsigned char *correction);
 
-/// The error-correction codewords of \a blocks blocks that follow one another, each the remainder
-/// of its \a count data codewords, shifted by \a degree, divided by the generator polynomial of
-/// that degree. Of each, CorrectionStride bytes are written to \a results, of which those behind
-/// the first \a degree are zero.
-void correctionCodewords(Instructions instructions, const unsigned char *data, int count,
-                         int degree, int blocks, unsigned char *results);
+/// The final message: the data codewords of the blocks column by column, then the same of their
+/// error correction codewords.
+void constructMessage(int level, int version, const unsigned char *data, unsigned char *message);
 
-/// What interleave() may overwrite behind the last codeword.
-constexpr int SpreadExcess = 7;
+// Module placement ------------------------------------------------------------------------------
 
-/// All codewords in their final order: the data of the blocks column by column, then the same of
-/// their error correction.
-void interleave(Instructions instructions, int level, int version, const unsigned char *data,
-                unsigned char *codewords);
-
-// Boards ----------------------------------------------------------------------------------------
-
-/// Modules are scored in strips of 31: a line of a strip is a word of 32 bits, most significant
-/// first, whose last bit is the first of the next strip, so that each square of 2 x 2 modules lies
-/// in one strip.
-constexpr int StripWidth = 31;
-constexpr int MaximumStrips = (MaximumSize + StripWidth - 1) / StripWidth;
-constexpr int PaddedSize = 192;
-
-constexpr int stripsOf(int size)
+/// A bit for each module of a symbol. A line, which is a row or a column as its owner says, is a
+/// few words of 64 places, the first place in the most significant bit. The words that hold the
+/// same places of all lines lie side by side: next to a module's word is that of the module in the
+/// next line. In front of the first line and behind the last lie some whose bits are 0.
+struct BitMatrix
 {
-    return (size + StripWidth - 1) / StripWidth;
-}
+    static constexpr int Words = (MaximumSize + 63) / 64;
+    static constexpr int Margin = 4;
 
-/// Where the last strip has 15 places or less, those of both boards are scored as one: the one by
-/// rows in the upper half of the words, the one by columns in the lower.
-constexpr int SharedShift = 16;
+    std::uint64_t words[Words][Margin + MaximumSize + Margin];
 
-constexpr bool isShared(int size, int strip)
-{
-    return size - strip * StripWidth < SharedShift;
-}
+    /// The word of these places in line 0.
+    std::uint64_t *first(int word) { return words[word] + Margin; }
+    const std::uint64_t *first(int word) const { return words[word] + Margin; }
 
-struct SharedStrip
-{
-    alignas(32) std::uint32_t modules[PaddedSize];
-    alignas(32) std::uint32_t free[PaddedSize];
-};
-
-struct Strips
-{
-    alignas(32) std::uint32_t lines[MaximumStrips][PaddedSize];
-
-    bool at(int line, int position) const
+    bool at(int line, int place) const
     {
-        const int strip = position / StripWidth;
-        return lines[strip][line] >> (31 - (position - strip * StripWidth)) & 1;
+        return first(place >> 6)[line] >> (63 - (place & 63)) & 1;
     }
+
+    void set(int line, int place) { first(place >> 6)[line] |= 1ull << (63 - (place & 63)); }
+
+    /// Clears the lines and the margins of a symbol of \a size.
+    void clear(int size);
 };
 
-/// A board as columns of 64 rows a word, row 0 in the most significant bit of the first word. The
-/// columns of a word lie side by side. Bits behind the last row are 0.
-struct Columns
+/// The words of a line that a symbol of \a size uses.
+constexpr int wordsOf(int size)
 {
-    static constexpr int Words = 4; ///< Three are used; the last is read and always zero.
-
-    alignas(32) std::uint64_t words[Words][PaddedSize];
-
-    bool at(int x, int y) const { return words[y >> 6][x] >> (63 - (y & 63)) & 1; }
-};
-
-/// A symbol under construction.
-struct Boards
-{
-    Columns function; ///< The modules that are no data.
-    Columns modules; ///< Dark modules before masking, without the format information.
-    Strips free; ///< The data modules; alike by columns and by rows.
-    Strips columns; ///< The modules, a line a column.
-    Strips rows; ///< The modules, a line a row.
-    SharedStrip shared; ///< The last of both, where it is shared.
-};
-
-/// Clears the columns that a symbol of \a size uses.
-void clearBoards(int size, Boards &boards);
-
-/// Finder patterns with separators, timing and alignment patterns, version information, the dark
-/// module, and the area of the format information, which is left light.
-void placeFunctionPatterns(int version, Boards &boards);
-
-/// Places the bits of the codewords in the zigzag of two columns from the lower right corner.
-void placeCodewords(Instructions instructions, int size, const unsigned char *codewords, int count,
-                    Boards &boards);
-
-/// Fills the strips, both ways, from the columns.
-void cutStrips(int size, Boards &boards);
-
-// Masks -----------------------------------------------------------------------------------------
-
-/// Whether \a mask, 0 to 7, inverts the data module in this column and row.
-constexpr bool maskCondition(int mask, int x, int y)
-{
-    switch (mask) {
-    case 0:
-        return (x + y) % 2 == 0;
-    case 1:
-        return y % 2 == 0;
-    case 2:
-        return x % 3 == 0;
-    case 3:
-        return (x + y) % 3 == 0;
-    case 4:
-        return (y / 2 + x / 3) % 2 == 0;
-    case 5:
-        return x * y % 2 + x * y % 3 == 0;
-    case 6:
-        return (x * y % 2 + x * y % 3) % 2 == 0;
-    default:
-        return ((x + y) % 2 + x * y % 3) % 2 == 0;
-    }
+    return (size + 63) / 64;
 }
 
-/// All conditions repeat after twelve lines.
-constexpr int MaskPeriod = 12;
-
-/// The conditions for one strip: a word of each mask for each line of the period.
-struct alignas(32) MaskPattern
+/// A word with its first \a count places set: none for 0 or less, all for 64 or more.
+constexpr std::uint64_t firstPlaces(int count)
 {
-    std::uint32_t lines[MaskPeriod][MaskCount] = {};
+    return count <= 0 ? 0 : count >= 64 ? ~0ull : ~(~0ull >> count);
+}
+
+/// A symbol before masking, without the format information.
+struct Symbol
+{
+    int size;
+    BitMatrix function; ///< The modules that are no data; alike by rows and by columns.
+    BitMatrix columns; ///< The dark modules, a line a column.
+    BitMatrix rows; ///< The same, a line a row.
 };
 
-/// The pattern of a strip of the board by columns or by rows.
-const MaskPattern &maskPattern(bool byRows, int strip);
+/// Starts a symbol: finder patterns with separators, timing and alignment patterns, version
+/// information, the dark module, and the area of the format information, which is left light. Of
+/// the dark modules only the columns are filled.
+void placeFunctionPatterns(int version, Symbol &symbol);
 
-/// The pattern of a strip that both boards share.
-const MaskPattern &sharedMaskPattern(int strip);
+/// Places the bits of the message, \a count codewords, in pairs of columns, upwards and downwards
+/// in turn, from the lower right corner; modules that remain stay light. Of the dark modules only
+/// the columns are filled.
+void placeCodewords(const unsigned char *message, int count, Symbol &symbol);
 
-/// Both copies of the format information lie in the column and the row 8: one within the first nine
-/// lines, the other within the last eight.
-constexpr int FormatPlace = 8;
-constexpr int FormatNear = 9;
-constexpr int FormatFar = 8;
+/// Fills the rows of the symbol from its columns.
+void transpose(Symbol &symbol);
 
-/// The format information of a level as words to be added to a board by columns or by rows, a word
-/// of each mask.
-struct alignas(32) FormatLines
+// Data masking ----------------------------------------------------------------------------------
+
+/// A symbol with a mask and its format information: its dark modules.
+struct MaskedSymbol
 {
-    std::uint32_t near[FormatNear][MaskCount] = {}; ///< Of the first strip, the first lines.
-    std::uint32_t far[FormatFar][MaskCount] = {}; ///< Of the first strip, the last lines.
-    std::uint32_t across[MaskCount] = {}; ///< Of the line 8, the last places of the symbol, moved
-                                          ///< to the first of the word.
+    int size;
+    BitMatrix columns; ///< A line a column.
+    BitMatrix rows; ///< A line a row.
 };
 
-const FormatLines &formatLines(int level, bool byRows);
+/// Inverts the data modules that meet the condition of \a mask, 0 to 7.
+void applyMask(int mask, const Symbol &symbol, MaskedSymbol &masked);
 
-/// What the penalty rules count, for each mask.
+/// Places both copies of the format information.
+void placeFormatInformation(int level, int mask, MaskedSymbol &masked);
+
+/// What the penalty rules count.
 struct Features
 {
-    std::uint32_t runs[MaskCount]; ///< Points for runs of five and more, both ways.
-    std::uint32_t blocks[MaskCount]; ///< Squares of 2 x 2 modules of one colour.
-    std::uint32_t finderLike[MaskCount]; ///< Patterns 1:1:3:1:1 with light around, both ways.
-    std::uint32_t dark[MaskCount]; ///< Dark modules.
+    int runs; ///< Points for runs of five and more, both ways.
+    int blocks; ///< Squares of 2 x 2 modules of one colour.
+    int finderLike; ///< Patterns 1:1:3:1:1 with light around, both ways.
+    int dark; ///< Dark modules.
 };
 
-/// Applies each of the eight masks with its format and version information and counts all of the
-/// symbol's features.
-void countFeatures(Instructions instructions, int level, int size, const Boards &boards,
-                   Features &features);
+/// Counts all features of a symbol.
+Features countFeatures(const MaskedSymbol &masked);
 
-/// The points of one mask for a symbol of \a size.
-int penalty(int size, const Features &features, int mask);
+/// The penalty points of a symbol of \a size with these features.
+constexpr int penalty(int size, const Features &features)
+{
+    const int percent = 100 * features.dark / (size * size);
+    const int imbalance = (percent < 50 ? 50 - percent : percent - 50) / 5;
+    return features.runs + 3 * features.blocks + 40 * features.finderLike + 10 * imbalance;
+}
 
 /// The mask with the lowest penalty, the lowest number of equals.
-int chooseMask(int size, const Features &features);
+constexpr int lowestPenalty(const int (&penalties)[MaskCount])
+{
+    int best = 0;
+    for (int mask = 1; mask < MaskCount; ++mask) {
+        if (penalties[mask] < penalties[best])
+            best = mask;
+    }
+    return best;
+}
 
-/// Applies one mask with its format information to the board by rows.
-void applyMask(int level, int mask, int size, Boards &boards);
-
-// Result ----------------------------------------------------------------------------------------
-
-/// Writes the board by rows into the result, which has been cleared.
-void pack(int size, const Strips &rows, unsigned char *result);
+/// Applies each of the eight masks in turn and chooses the one with the lowest penalty. \a masked
+/// is where the masked symbols are made, one after the other.
+int chooseMask(int level, const Symbol &symbol, MaskedSymbol &masked);
 
 // All stages ------------------------------------------------------------------------------------
 
-/// What qrEncode() does, with one set of instructions.
-int encode(Instructions instructions, int level, int version, const char *text, int length,
+/// Makes a symbol from a text that fits the version: all stages behind the choice of the version.
+/// \a result, which has been cleared, gets the modules, row by row.
+using Maker = void (*)(int level, int version, const char *text, int length, unsigned char *result);
+
+/// The plain one.
+void makeSymbol(int level, int version, const char *text, int length, unsigned char *result);
+
+/// What qrEncode() does, with a maker of choice.
+int encode(Maker maker, int level, int version, const char *text, int length,
            unsigned char *result);
 
 } // namespace om::controls::qr

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 namespace om::controls::qr {
@@ -70,6 +71,22 @@ constexpr int formatInformation(int level, int mask)
     return bchCode(levelCodes[level] << 3 | mask, 5, 0x537, 10) ^ 0x5412;
 }
 
+struct Place
+{
+    int x;
+    int y;
+};
+
+/// Where a bit of the format information stands, 0 being the lowest, in its two copies: one around
+/// the upper left finder pattern, stepping over the timing patterns, the other below the upper
+/// right one from the right and then downwards beside the lower left one.
+constexpr std::array<Place, 2> formatPlaces(int bit, int size)
+{
+    if (bit < 8)
+        return {{{8, bit < 6 ? bit : bit + 1}, {size - 1 - bit, 8}}};
+    return {{{bit == 8 ? 7 : 14 - bit, 8}, {8, size - 15 + bit}}};
+}
+
 /// The version information of versions 7 to 40: BCH(18,6).
 constexpr int versionInformation(int version)
 {
@@ -86,5 +103,31 @@ constexpr int groupOf(int version)
 {
     return version < 10 ? 0 : version < 27 ? 1 : 2;
 }
+
+/// Whether \a mask, 0 to 7, inverts the data module in this column and row.
+constexpr bool maskCondition(int mask, int x, int y)
+{
+    switch (mask) {
+    case 0:
+        return (x + y) % 2 == 0;
+    case 1:
+        return y % 2 == 0;
+    case 2:
+        return x % 3 == 0;
+    case 3:
+        return (x + y) % 3 == 0;
+    case 4:
+        return (y / 2 + x / 3) % 2 == 0;
+    case 5:
+        return x * y % 2 + x * y % 3 == 0;
+    case 6:
+        return (x * y % 2 + x * y % 3) % 2 == 0;
+    default:
+        return ((x + y) % 2 + x * y % 3) % 2 == 0;
+    }
+}
+
+/// All conditions repeat after twelve lines.
+constexpr int MaskPeriod = 12;
 
 } // namespace om::controls::qr

@@ -3,6 +3,7 @@
 
 #include "qr/QrEncoder.h"
 #include "qr/QrStages.h"
+#include "tests/qr/Makers.h"
 #include "tests/qr/SlowEncoder.h"
 
 #include <QByteArray>
@@ -113,15 +114,12 @@ void TestEncoder::everyVersionAndLevel()
         for (int length : {1, 1 + random.bounded(capacity), capacity}) {
             const std::string text = randomText(random, length);
             const slow::Symbol expected = slow::encode(level, version, text);
-            for (int set = 0; set < qr::InstructionSets; ++set) {
-                if (!qr::available(qr::Instructions(set)))
-                    continue;
+            for (const NamedMaker &way : makers()) {
                 Result result;
-                QCOMPARE(qr::encode(qr::Instructions(set), level, version, text.data(), length,
-                                    result.data()),
+                QCOMPARE(qr::encode(way.maker, level, version, text.data(), length, result.data()),
                          expected.size);
                 QVERIFY2(result.equals(expected.result),
-                         (dump(expected.size, result.data())
+                         (QByteArray(way.name) + dump(expected.size, result.data())
                           + dump(expected.size, expected.result.data()))
                              .constData());
             }
@@ -136,9 +134,12 @@ void TestEncoder::randomTexts()
         const int level = random.bounded(4);
         const std::string text = randomText(random, 1 + random.bounded(turn % 10 ? 60 : 300));
         const slow::Symbol expected = slow::encode(level, 0, text);
-        Result result;
-        QCOMPARE(qrEncode(level, 0, text.data(), int(text.size()), result.data()), expected.size);
-        QVERIFY(result.equals(expected.result));
+        for (const NamedMaker &way : makers()) {
+            Result result;
+            QCOMPARE(qr::encode(way.maker, level, 0, text.data(), int(text.size()), result.data()),
+                     expected.size);
+            QVERIFY2(result.equals(expected.result), way.name);
+        }
     }
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "qr/QrStages.h"
+#include "tests/qr/Grids.h"
 #include "tests/qr/SlowEncoder.h"
 
 #include <QByteArray>
@@ -10,103 +11,52 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 #include <string>
 
 using namespace om::controls;
+using grids::randomText;
 
 namespace {
 
-qr::Boards boards;
+qr::Symbol symbol;
+qr::MaskedSymbol masked;
 
-std::string randomText(QRandomGenerator &random, int length)
-{
-    std::string text;
-    for (int index = 0; index < length; ++index)
-        text.push_back(static_cast<char>(random.bounded(256)));
-    return text;
-}
-
-slow::Matrix functionPatterns(int version)
-{
-    slow::Matrix matrix(qr::sizeOf(version));
-    slow::placeFunctionPatterns(version, matrix);
-    return matrix;
-}
-
-/// The symbol before masking, the slow way.
-slow::Matrix unmasked(int level, int version, const std::string &text)
-{
-    slow::Matrix matrix = functionPatterns(version);
-    slow::placeCodewords(
-        slow::allCodewords(level, version, slow::dataCodewords(level, version, text)), matrix);
-    return matrix;
-}
-
-/// Fills the boards with the modules of a matrix before masking.
+/// Fills the symbol with the modules of a matrix before masking.
 void fill(const slow::Matrix &matrix)
 {
-    qr::clearBoards(matrix.size, boards);
+    symbol.size = matrix.size;
+    symbol.function.clear(matrix.size);
+    symbol.columns.clear(matrix.size);
     for (int x = 0; x < matrix.size; ++x) {
         for (int y = 0; y < matrix.size; ++y) {
-            const std::uint64_t bit = 1ull << (63 - y % 64);
             if (matrix.at(x, y) & slow::Function)
-                boards.function.words[y / 64][x] |= bit;
+                symbol.function.set(x, y);
             if (matrix.at(x, y) & (slow::Dark | slow::Data))
-                boards.modules.words[y / 64][x] |= bit;
+                symbol.columns.set(x, y);
         }
     }
-    qr::cutStrips(matrix.size, boards);
+    qr::transpose(symbol);
 }
 
-/// Both grids side by side, where they differ; empty when they do not.
-template<typename Actual, typename Expected>
-QString difference(int size, Actual actual, Expected expected)
+/// Fills the masked symbol with the dark modules of a matrix.
+void fillMasked(const slow::Matrix &matrix)
 {
-    QString text;
-    bool same = true;
-    for (int y = 0; y < size; ++y) {
-        for (int x = 0; x < size; ++x)
-            text += QLatin1Char(actual(x, y) ? '#' : '.');
-        text += QLatin1Char(' ');
-        for (int x = 0; x < size; ++x) {
-            const bool equal = actual(x, y) == expected(x, y);
-            same = same && equal;
-            text += QLatin1Char(equal ? (expected(x, y) ? '#' : '.') : 'X');
+    masked.size = matrix.size;
+    masked.columns.clear(matrix.size);
+    masked.rows.clear(matrix.size);
+    for (int x = 0; x < matrix.size; ++x) {
+        for (int y = 0; y < matrix.size; ++y) {
+            if (matrix.dark(x, y)) {
+                masked.columns.set(x, y);
+                masked.rows.set(y, x);
+            }
         }
-        text += QLatin1Char('\n');
-    }
-    return same ? QString() : text;
-}
-
-/// A matrix from a drawing: '#' is dark. All modules are data, as if nothing were a function.
-slow::Matrix drawn(int size, const std::function<bool(int, int)> &dark)
-{
-    slow::Matrix matrix(size);
-    for (int y = 0; y < size; ++y) {
-        for (int x = 0; x < size; ++x)
-            matrix.at(x, y) = dark(x, y) ? slow::Function | slow::Dark : slow::Function;
-    }
-    return matrix;
-}
-
-/// Calls \a test with each set of instructions that this processor has.
-void forEachSet(const std::function<void(qr::Instructions)> &test)
-{
-    for (int set = 0; set < qr::InstructionSets; ++set) {
-        if (qr::available(qr::Instructions(set)))
-            test(qr::Instructions(set));
     }
 }
-
-#define COMPARE_GRIDS(size, actual, expected) \
-    do { \
-        const QString text = difference(size, actual, expected); \
-        QVERIFY2(text.isEmpty(), qPrintable(QLatin1Char('\n') + text)); \
-    } while (false)
 
 } // namespace
 
+/// The stages of the plain path, and what both paths share.
 class TestStages : public QObject
 {
     Q_OBJECT
@@ -126,16 +76,17 @@ private Q_SLOTS:
     void dataOfEveryVersion();
     void correction();
     void correctionOfKnownBlock();
-    void interleaving();
+    void finalMessage();
     void formatInformation();
     void versionInformation();
     void functionPatterns_data();
     void functionPatterns();
     void functionAreaIsSymmetric();
+    void formatPlaces();
     void placement_data();
     void placement();
-    void strips();
-    void maskPatterns();
+    void remainderStaysLight();
+    void maskConditions();
     void everyMask();
     void penaltyRules_data();
     void penaltyRules();
@@ -143,8 +94,6 @@ private Q_SLOTS:
     void penaltyOfRandomSymbols();
     void balanceFloorsFirst();
     void lowerMaskOnTies();
-    void packing_data();
-    void packing();
 };
 
 void TestStages::tablesAreConsistent()
@@ -167,7 +116,7 @@ void TestStages::tablesAreConsistent()
             QCOMPARE(int(row.alignments[row.alignmentCount - 1]), qr::sizeOf(version) - 7);
 
         // What is no function module holds the codewords and less than one more.
-        const slow::Matrix matrix = ::functionPatterns(version);
+        const slow::Matrix matrix = grids::functionPatterns(version);
         int free = 0;
         for (unsigned char flags : matrix.flags)
             free += !(flags & slow::Function);
@@ -379,31 +328,13 @@ void TestStages::correction()
     QRandomGenerator random(3);
     for (int degree : {7, 10, 13, 15, 16, 17, 18, 20, 22, 24, 26, 28, 30}) {
         for (int count = 1; count <= 123; ++count) {
-            // As many blocks as show each of them computed alone and beside another.
-            constexpr int blocks = 5;
-            slow::Bytes data;
-            slow::Bytes expected;
-            for (int block = 0; block < blocks; ++block) {
-                const std::string text = randomText(random, count);
-                data.insert(data.end(), text.begin(), text.end());
-                const slow::Bytes correction =
-                    slow::correction(slow::Bytes(text.begin(), text.end()), degree);
-                QCOMPARE(int(correction.size()), degree);
-                expected.insert(expected.end(), correction.begin(), correction.end());
-                expected.resize(std::size_t(block + 1) * qr::CorrectionStride, 0);
-            }
-            forEachSet([&](qr::Instructions instructions) {
-                for (int used = 0; used <= blocks; ++used) {
-                    const std::size_t end = std::size_t(used) * qr::CorrectionStride;
-                    slow::Bytes result(expected.size(), 0xff);
-                    qr::correctionCodewords(instructions, data.data(), count, degree, used,
-                                            result.data());
-                    QVERIFY2(std::memcmp(result.data(), expected.data(), end) == 0,
-                             qPrintable(QString::number(degree)));
-                    QVERIFY(std::all_of(result.begin() + std::ptrdiff_t(end), result.end(),
-                                        [](unsigned char byte) { return byte == 0xff; }));
-                }
-            });
+            const std::string text = randomText(random, count);
+            const slow::Bytes data(text.begin(), text.end());
+            slow::Bytes result(std::size_t(degree + 1), 0xff);
+            qr::correctionCodewords(data.data(), count, degree, result.data());
+            QCOMPARE(int(result.back()), 0xff);
+            result.pop_back();
+            QVERIFY2(result == slow::correction(data, degree), qPrintable(QString::number(degree)));
         }
     }
 }
@@ -416,31 +347,25 @@ void TestStages::correctionOfKnownBlock()
     for (int index = 1; index < 256; ++index)
         powers[index] = slow::multiply(powers[index - 1], 2);
     const unsigned char one = 1;
-    unsigned char result[qr::CorrectionStride];
-    qr::correctionCodewords(qr::Baseline, &one, 1, 7, 1, result);
+    unsigned char result[7];
+    qr::correctionCodewords(&one, 1, 7, result);
     const int exponents[7] = {87, 229, 146, 149, 238, 102, 21};
     for (int index = 0; index < 7; ++index)
         QCOMPARE(int(result[index]), powers[exponents[index]]);
 }
 
-void TestStages::interleaving()
+void TestStages::finalMessage()
 {
     QRandomGenerator random(4);
     for (int version = 1; version <= 40; ++version) {
         for (int level = 0; level < 4; ++level) {
             const std::string text = randomText(random, qr::versionTable[version].data[level]);
             const slow::Bytes data(text.begin(), text.end());
-            const slow::Bytes expected = slow::allCodewords(level, version, data);
-            QCOMPARE(int(expected.size()), int(qr::versionTable[version].total));
-            forEachSet([&](qr::Instructions instructions) {
-                constexpr int room = qr::MaximumCodewords + qr::SpreadExcess;
-                slow::Bytes codewords(room + 1, 0x5a);
-                qr::interleave(instructions, level, version, data.data(), codewords.data());
-                QCOMPARE(std::memcmp(codewords.data(), expected.data(), expected.size()), 0);
-                QVERIFY(std::all_of(
-                    codewords.begin() + qr::versionTable[version].total + qr::SpreadExcess,
-                    codewords.end(), [](unsigned char byte) { return byte == 0x5a; }));
-            });
+            slow::Bytes message(std::size_t(qr::versionTable[version].total + 1), 0x5a);
+            qr::constructMessage(level, version, data.data(), message.data());
+            QCOMPARE(int(message.back()), 0x5a);
+            message.pop_back();
+            QVERIFY(message == slow::allCodewords(level, version, data));
         }
     }
 }
@@ -470,27 +395,48 @@ void TestStages::functionPatterns_data()
 void TestStages::functionPatterns()
 {
     QFETCH(int, version);
-    const slow::Matrix matrix = ::functionPatterns(version);
-    qr::clearBoards(matrix.size, boards);
-    qr::placeFunctionPatterns(version, boards);
+    const slow::Matrix matrix = grids::functionPatterns(version);
+    // What an earlier symbol left behind must not matter.
+    std::memset(static_cast<void *>(&symbol), 0xff, sizeof symbol);
+    qr::placeFunctionPatterns(version, symbol);
+    QCOMPARE(symbol.size, matrix.size);
     COMPARE_GRIDS(
-        matrix.size, [](int x, int y) { return boards.function.at(x, y); },
+        matrix.size, [](int x, int y) { return symbol.function.at(x, y); },
         [&](int x, int y) { return (matrix.at(x, y) & slow::Function) != 0; });
     COMPARE_GRIDS(
-        matrix.size, [](int x, int y) { return boards.modules.at(x, y); },
+        matrix.size, [](int x, int y) { return symbol.columns.at(x, y); },
         [&](int x, int y) { return (matrix.at(x, y) & slow::Dark) != 0; });
 }
 
 void TestStages::functionAreaIsSymmetric()
 {
-    // One set of strips says for both boards what is free.
+    // The same lines say for rows and for columns what is free.
     for (int version = 1; version <= 40; ++version) {
-        const slow::Matrix matrix = ::functionPatterns(version);
+        const slow::Matrix matrix = grids::functionPatterns(version);
         for (int x = 0; x < matrix.size; ++x) {
             for (int y = 0; y < x; ++y)
                 QCOMPARE(matrix.at(x, y) & slow::Function, matrix.at(y, x) & slow::Function);
         }
     }
+}
+
+void TestStages::formatPlaces()
+{
+    // The lowest bit and the highest, and where the timing patterns are stepped over.
+    const auto check = [](int bit, qr::Place first, qr::Place second) {
+        const auto places = qr::formatPlaces(bit, 21);
+        QCOMPARE(places[0].x, first.x);
+        QCOMPARE(places[0].y, first.y);
+        QCOMPARE(places[1].x, second.x);
+        QCOMPARE(places[1].y, second.y);
+    };
+    check(0, {8, 0}, {20, 8});
+    check(5, {8, 5}, {15, 8});
+    check(6, {8, 7}, {14, 8});
+    check(7, {8, 8}, {13, 8});
+    check(8, {7, 8}, {8, 14});
+    check(9, {5, 8}, {8, 15});
+    check(14, {0, 8}, {8, 20});
 }
 
 void TestStages::placement_data()
@@ -505,130 +451,79 @@ void TestStages::placement()
     const int count = qr::versionTable[version].total;
     const std::string bytes = randomText(random, count);
     const slow::Bytes codewords(bytes.begin(), bytes.end());
-    slow::Matrix matrix = ::functionPatterns(version);
+    slow::Matrix matrix = grids::functionPatterns(version);
     slow::placeCodewords(codewords, matrix);
 
-    forEachSet([&](qr::Instructions instructions) {
-        qr::clearBoards(matrix.size, boards);
-        qr::placeFunctionPatterns(version, boards);
-        qr::placeCodewords(instructions, matrix.size, codewords.data(), count, boards);
-        COMPARE_GRIDS(
-            matrix.size, [](int x, int y) { return boards.modules.at(x, y); },
-            [&](int x, int y) { return (matrix.at(x, y) & (slow::Dark | slow::Data)) != 0; });
-    });
+    std::memset(static_cast<void *>(&symbol), 0xff, sizeof symbol);
+    qr::placeFunctionPatterns(version, symbol);
+    qr::placeCodewords(codewords.data(), count, symbol);
+    qr::transpose(symbol);
+    const auto dark = [&](int x, int y) {
+        return (matrix.at(x, y) & (slow::Dark | slow::Data)) != 0;
+    };
+    COMPARE_GRIDS(
+        matrix.size, [](int x, int y) { return symbol.columns.at(x, y); }, dark);
+    COMPARE_GRIDS(
+        matrix.size, [](int x, int y) { return symbol.rows.at(y, x); }, dark);
 }
 
-void TestStages::strips()
+void TestStages::remainderStaysLight()
 {
-    for (int version : {1, 2, 3, 4, 12, 27, 28, 40}) {
-        QRandomGenerator random(5);
-        const slow::Matrix matrix = unmasked(1, version, randomText(random, 10));
-        // What an earlier symbol left behind must not matter.
-        std::memset(&boards, 0xff, sizeof boards);
-        fill(matrix);
-        const auto dark = [&](int x, int y) {
-            return (matrix.at(x, y) & (slow::Dark | slow::Data)) != 0;
-        };
-        COMPARE_GRIDS(
-            matrix.size, [](int x, int y) { return boards.columns.at(x, y); }, dark);
-        COMPARE_GRIDS(
-            matrix.size, [](int x, int y) { return boards.rows.at(y, x); }, dark);
-        COMPARE_GRIDS(
-            matrix.size, [](int x, int y) { return boards.free.at(x, y); },
-            [&](int x, int y) { return !(matrix.at(x, y) & slow::Function); });
-
-        // A narrow last strip: by rows in the upper half of a word, by columns in the lower.
-        const int first = matrix.size - matrix.size % qr::StripWidth;
-        QCOMPARE(qr::isShared(matrix.size, first / qr::StripWidth), matrix.size - first < 16);
-        if (matrix.size - first >= 16)
-            continue;
-        const auto bit = [](const std::uint32_t *lines, int line, int place) {
-            return (lines[line] >> (31 - place) & 1) != 0;
-        };
-        const auto isIn = [&](int place) { return place < matrix.size - first; };
-        for (int line = 0; line < matrix.size; ++line) {
-            for (int place = 0; place < 16; ++place) {
-                const int other = first + place;
-                const std::uint32_t *modules = boards.shared.modules;
-                QCOMPARE(bit(modules, line, place), isIn(place) && dark(other, line));
-                QCOMPARE(bit(modules, line, 16 + place), isIn(place) && dark(line, other));
-                const bool free = isIn(place) && !(matrix.at(other, line) & slow::Function);
-                QCOMPARE(bit(boards.shared.free, line, place), free);
-                QCOMPARE(bit(boards.shared.free, line, 16 + place), free);
-            }
-        }
+    // Version 2 has seven modules more than bits; what lies behind the message is not for them.
+    const int count = qr::versionTable[2].total;
+    const slow::Bytes ones(std::size_t(count + 8), 0xff);
+    slow::Matrix matrix = grids::functionPatterns(2);
+    slow::placeCodewords(slow::Bytes(ones.begin(), ones.begin() + count), matrix);
+    qr::placeFunctionPatterns(2, symbol);
+    qr::placeCodewords(ones.data(), count, symbol);
+    int light = 0;
+    for (int x = 0; x < symbol.size; ++x) {
+        for (int y = 0; y < symbol.size; ++y)
+            light += !symbol.function.at(x, y) && !symbol.columns.at(x, y);
     }
+    QCOMPARE(light, 7);
+    COMPARE_GRIDS(
+        matrix.size, [](int x, int y) { return symbol.columns.at(x, y); },
+        [&](int x, int y) { return (matrix.at(x, y) & (slow::Dark | slow::Data)) != 0; });
 }
 
-void TestStages::maskPatterns()
+void TestStages::maskConditions()
 {
     for (int mask = 0; mask < 8; ++mask) {
         for (int y = 0; y < 177; ++y) {
-            for (int x = 0; x < 177; ++x) {
-                const bool expected = slow::condition(mask, x, y);
-                QCOMPARE(qr::maskCondition(mask, x, y), expected);
-                const auto at = [&](bool byRows, int line, int position) {
-                    const int strip = position / qr::StripWidth;
-                    return (qr::maskPattern(byRows, strip).lines[line % qr::MaskPeriod][mask]
-                                >> (31 - position % qr::StripWidth)
-                            & 1)
-                        != 0;
-                };
-                QCOMPARE(at(true, y, x), expected);
-                QCOMPARE(at(false, x, y), expected);
-
-                const auto atShared = [&](int line, int position, int shift) {
-                    const int strip = position / qr::StripWidth;
-                    return (qr::sharedMaskPattern(strip).lines[line % qr::MaskPeriod][mask]
-                                >> (31 - shift - position % qr::StripWidth)
-                            & 1)
-                        != 0;
-                };
-                if (x % qr::StripWidth < 16)
-                    QCOMPARE(atShared(y, x, 0), expected);
-                if (y % qr::StripWidth < 16)
-                    QCOMPARE(atShared(x, y, 16), expected);
-            }
+            for (int x = 0; x < 177; ++x)
+                QCOMPARE(qr::maskCondition(mask, x, y), slow::condition(mask, x, y));
         }
     }
 }
 
 void TestStages::everyMask()
 {
-    for (int version : {1, 4, 5, 7, 22, 40}) {
+    // The largest first: what it leaves behind must not matter to the others.
+    for (int version : {40, 28, 22, 12, 11, 7, 5, 4, 1}) {
         for (int mask = 0; mask < 8; ++mask) {
             QRandomGenerator random(6);
-            slow::Matrix matrix = unmasked(2, version, randomText(random, 9));
+            slow::Matrix matrix = grids::unmasked(2, version, randomText(random, 9));
             fill(matrix);
-            qr::applyMask(2, mask, matrix.size, boards);
+            qr::applyMask(mask, symbol, masked);
+            qr::placeFormatInformation(2, mask, masked);
             slow::applyMask(mask, matrix);
             slow::placeFormat(2, mask, matrix);
+            const auto dark = [&](int x, int y) { return matrix.dark(x, y); };
+            QCOMPARE(masked.size, matrix.size);
             COMPARE_GRIDS(
-                matrix.size, [](int x, int y) { return boards.rows.at(y, x); },
-                [&](int x, int y) { return matrix.dark(x, y); });
+                matrix.size, [](int x, int y) { return masked.columns.at(x, y); }, dark);
+            COMPARE_GRIDS(
+                matrix.size, [](int x, int y) { return masked.rows.at(y, x); }, dark);
+            const qr::Features features = qr::countFeatures(masked);
+            QCOMPARE(qr::penalty(matrix.size, features), slow::score(matrix).points);
         }
     }
 }
 
 void TestStages::penaltyRules_data()
 {
-    QTest::addColumn<QString>("row");
-    QTest::addColumn<int>("runs");
-    QTest::addColumn<int>("finderLike");
-
-    // A row of otherwise alternating modules, in columns 9 on, read by both ways of counting.
-    QTest::newRow("a run of four") << "1111" << 0 << 0;
-    QTest::newRow("a run of five") << "11111" << 3 << 0;
-    QTest::newRow("a run of five light ones") << "00000" << 3 << 0;
-    QTest::newRow("a run of six") << "111111" << 4 << 0;
-    QTest::newRow("two runs") << "1111100000" << 6 << 0;
-    QTest::newRow("finder-like, light before") << "00001011101011" << 0 << 1;
-    QTest::newRow("finder-like, light behind") << "101011101000011" << 0 << 1;
-    QTest::newRow("finder-like, light on both sides counts once") << "0000101110100001" << 0 << 1;
-    QTest::newRow("three light ones before are not enough") << "100010111010110" << 0 << 0;
-    QTest::newRow("dark neighbour before") << "110111010000" << 0 << 0;
-    QTest::newRow("dark neighbour behind") << "00001011101101" << 0 << 0;
-    QTest::newRow("two that share a dark module") << "00001011101011101000011" << 0 << 2;
+    grids::addPenaltyRows();
 }
 
 void TestStages::penaltyRules()
@@ -636,60 +531,25 @@ void TestStages::penaltyRules()
     QFETCH(QString, row);
     QFETCH(int, runs);
     QFETCH(int, finderLike);
-
-    // A checkerboard has no runs, blocks or patterns. The tested line crosses it alone, along a row
-    // and along a column, at places that lie in one strip and at places that span two.
+    // At places that lie in one word and at places that span two.
     for (int size : {21, 49, 97, 177}) {
-        for (int first : {0, 3, 27, size - row.size()}) {
+        for (int first : {0, 3, 27, 58, 120, size - row.size()}) {
             if (first + row.size() > size)
                 continue;
             for (bool across : {true, false}) {
-                const int line = size / 2;
-                const auto dark = [&](int x, int y) {
-                    const int position = across ? x : y;
-                    const int other = across ? y : x;
-                    const int index = position - first;
-                    if (other == line && index >= 0 && index < row.size())
-                        return row[index] == QLatin1Char('1');
-                    // What lies beside the drawing goes on alternating from its ends.
-                    if (other == line && index < 0)
-                        return (row[0] == QLatin1Char('1')) != bool(-index % 2);
-                    if (other == line) {
-                        const int behind = index - row.size() + 1;
-                        return (row[row.size() - 1] == QLatin1Char('1')) != bool(behind % 2);
-                    }
-                    return (x + y) % 2 == 0;
-                };
-                slow::Matrix matrix = drawn(size, dark);
-                if (first == 27 && size == 97) {
+                const slow::Matrix matrix = grids::crossed(size, row, first, across);
+                const slow::Penalty expected = slow::score(matrix);
+                if (first == 27) {
                     // The slow way itself finds what the row's name says.
-                    const slow::Penalty alone = slow::score(matrix);
-                    QCOMPARE(alone.runs, runs);
-                    QCOMPARE(alone.finderLike, finderLike);
+                    QCOMPARE(expected.runs, runs);
+                    QCOMPARE(expected.finderLike, finderLike);
                 }
-                // The format information is placed on light modules.
-                slow::Matrix format(size);
-                slow::placeFormat(0, 0, format);
-                for (int x = 0; x < size; ++x) {
-                    for (int y = 0; y < size; ++y) {
-                        if (format.at(x, y))
-                            matrix.at(x, y) = slow::Function;
-                    }
-                }
-                fill(matrix);
-                for (int set = 0; set < qr::InstructionSets; ++set) {
-                    if (!qr::available(qr::Instructions(set)))
-                        continue;
-                    qr::Features features;
-                    qr::countFeatures(qr::Instructions(set), 0, size, boards, features);
-                    slow::Matrix masked = matrix;
-                    slow::placeFormat(0, 0, masked);
-                    const slow::Penalty expected = slow::score(masked);
-                    QCOMPARE(int(features.runs[0]), expected.runs);
-                    QCOMPARE(int(features.blocks[0]), expected.blocks);
-                    QCOMPARE(int(features.finderLike[0]), expected.finderLike);
-                    QCOMPARE(int(features.dark[0]), expected.darkModules);
-                }
+                fillMasked(matrix);
+                const qr::Features features = qr::countFeatures(masked);
+                QCOMPARE(features.runs, expected.runs);
+                QCOMPARE(features.blocks, expected.blocks);
+                QCOMPARE(features.finderLike, expected.finderLike);
+                QCOMPARE(features.dark, expected.darkModules);
             }
         }
     }
@@ -705,41 +565,35 @@ void TestStages::penaltyOfRandomSymbols()
     QFETCH(int, version);
     QRandomGenerator random(static_cast<quint32>(100 + version));
     const int size = qr::sizeOf(version);
-    // Every density: sparse and dense boards have long runs, many blocks and patterns.
+    // Every density: sparse and dense symbols have long runs, many blocks and patterns.
     for (int percent : {0, 10, 30, 50, 80, 100}) {
-        slow::Matrix matrix = ::functionPatterns(version);
+        slow::Matrix matrix = grids::functionPatterns(version);
         for (unsigned char &flags : matrix.flags) {
             if (!(flags & slow::Function) && random.bounded(100) < percent)
                 flags |= slow::Data;
         }
         const int level = random.bounded(4);
         fill(matrix);
-        for (int set = 0; set < qr::InstructionSets; ++set) {
-            if (!qr::available(qr::Instructions(set)))
-                continue;
-            qr::Features features;
-            qr::countFeatures(qr::Instructions(set), level, size, boards, features);
-            for (int mask = 0; mask < 8; ++mask) {
-                slow::applyMask(mask, matrix);
-                slow::placeFormat(level, mask, matrix);
-                const slow::Penalty expected = slow::score(matrix);
-                QCOMPARE(int(features.runs[mask]), expected.runs);
-                QCOMPARE(int(features.blocks[mask]), expected.blocks);
-                QCOMPARE(int(features.finderLike[mask]), expected.finderLike);
-                QCOMPARE(int(features.dark[mask]), expected.darkModules);
-                QCOMPARE(qr::penalty(size, features, mask), expected.points);
-            }
+        for (int mask = 0; mask < 8; ++mask) {
+            slow::applyMask(mask, matrix);
+            slow::placeFormat(level, mask, matrix);
+            const slow::Penalty expected = slow::score(matrix);
+            qr::applyMask(mask, symbol, masked);
+            qr::placeFormatInformation(level, mask, masked);
+            const qr::Features features = qr::countFeatures(masked);
+            QCOMPARE(features.runs, expected.runs);
+            QCOMPARE(features.blocks, expected.blocks);
+            QCOMPARE(features.finderLike, expected.finderLike);
+            QCOMPARE(features.dark, expected.darkModules);
+            QCOMPARE(qr::penalty(size, features), expected.points);
         }
+        QCOMPARE(qr::chooseMask(level, symbol, masked), slow::bestMask(level, matrix));
     }
 }
 
 void TestStages::balanceFloorsFirst()
 {
-    qr::Features features = {};
-    const auto points = [&](unsigned dark) {
-        features.dark[0] = dark;
-        return qr::penalty(21, features, 0);
-    };
+    const auto points = [&](int dark) { return qr::penalty(21, {0, 0, 0, dark}); };
     QCOMPARE(points(0), 100);
     QCOMPARE(points(441), 100);
     QCOMPARE(points(221), 0);
@@ -751,36 +605,10 @@ void TestStages::balanceFloorsFirst()
 
 void TestStages::lowerMaskOnTies()
 {
-    qr::Features features = {};
-    for (unsigned &dark : features.dark)
-        dark = 221;
-    QCOMPARE(qr::chooseMask(21, features), 0);
-    features.runs[0] = 3;
-    QCOMPARE(qr::chooseMask(21, features), 1);
-    for (int mask = 1; mask < 8; ++mask)
-        features.blocks[mask] = 1;
-    QCOMPARE(qr::chooseMask(21, features), 0);
-    features.blocks[5] = features.blocks[6] = 0;
-    QCOMPARE(qr::chooseMask(21, features), 5);
-    features.finderLike[5] = 1;
-    QCOMPARE(qr::chooseMask(21, features), 6);
-}
-
-void TestStages::packing_data()
-{
-    functionPatterns_data();
-}
-
-void TestStages::packing()
-{
-    QFETCH(int, version);
-    QRandomGenerator random(static_cast<quint32>(version));
-    const int size = qr::sizeOf(version);
-    const slow::Matrix matrix = drawn(size, [&](int, int) { return random.bounded(2) == 1; });
-    fill(matrix);
-    slow::Bytes result(3917, 0);
-    qr::pack(size, boards.rows, result.data());
-    QVERIFY(result == slow::packed(matrix));
+    QCOMPARE(qr::lowestPenalty({7, 7, 7, 7, 7, 7, 7, 7}), 0);
+    QCOMPARE(qr::lowestPenalty({7, 6, 6, 7, 7, 7, 7, 6}), 1);
+    QCOMPARE(qr::lowestPenalty({7, 8, 8, 7, 9, 6, 6, 9}), 5);
+    QCOMPARE(qr::lowestPenalty({7, 7, 7, 7, 7, 7, 7, 6}), 7);
 }
 
 QTEST_GUILESS_MAIN(TestStages)

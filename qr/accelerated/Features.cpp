@@ -1,18 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "qr/QrStages.h"
+#include "qr/accelerated/Stages.h"
 
 #include <cstring>
 
-namespace om::controls::qr {
+namespace om::controls::qr::accelerated {
+
+namespace {
 
 namespace baseline {
 
 #define QR_TARGET
 #define QR_KERNEL __attribute__((always_inline)) inline
 #define QR_LANES 4
-#include "qr/QrFeatureKernels.inc"
+#include "qr/accelerated/FeatureKernels.inc"
 #undef QR_TARGET
 #undef QR_KERNEL
 #undef QR_LANES
@@ -26,7 +28,7 @@ namespace avx2 {
 #define QR_TARGET __attribute__((target("avx2")))
 #define QR_KERNEL __attribute__((target("avx2"), always_inline)) inline
 #define QR_LANES 8
-#include "qr/QrFeatureKernels.inc"
+#include "qr/accelerated/FeatureKernels.inc"
 #undef QR_TARGET
 #undef QR_KERNEL
 #undef QR_LANES
@@ -39,45 +41,19 @@ namespace avx512 {
 #define QR_TARGET __attribute__((target("avx2,avx512f,avx512vl")))
 #define QR_KERNEL __attribute__((target("avx2,avx512f,avx512vl"), always_inline)) inline
 #define QR_LANES 8
-#include "qr/QrFeatureKernels.inc"
+#include "qr/accelerated/FeatureKernels.inc"
 #undef QR_TARGET
 #undef QR_KERNEL
 #undef QR_LANES
 
 } // namespace avx512
 
-bool available(Instructions instructions)
-{
-    switch (instructions) {
-    case Baseline:
-        return true;
-    case Avx2:
-        return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi2")
-            && __builtin_cpu_supports("popcnt");
-    case Avx512:
-        return available(Avx2) && __builtin_cpu_supports("avx512f")
-            && __builtin_cpu_supports("avx512vl");
-    default:
-        return false;
-    }
-}
-
-#else
-
-bool available(Instructions instructions)
-{
-    return instructions == Baseline;
-}
-
 #endif
 
-Instructions widest()
-{
-    return available(Avx512) ? Avx512 : available(Avx2) ? Avx2 : Baseline;
-}
+} // namespace
 
-void countFeatures(Instructions instructions, int level, int size, const Boards &boards,
-                   Features &features)
+void countFeatures([[maybe_unused]] Instructions instructions, int level, int size,
+                   const Boards &boards, MaskFeatures &features)
 {
 #if defined(__x86_64__)
     if (instructions == Avx512)
@@ -85,8 +61,7 @@ void countFeatures(Instructions instructions, int level, int size, const Boards 
     if (instructions == Avx2)
         return avx2::count(level, size, boards, features);
 #endif
-    (void)instructions;
     baseline::count(level, size, boards, features);
 }
 
-} // namespace om::controls::qr
+} // namespace om::controls::qr::accelerated

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "qr/QrStages.h"
+#include "qr/accelerated/Stages.h"
 
 #include <cstring>
 
-namespace om::controls::qr {
+namespace om::controls::qr::accelerated {
 
 namespace {
 
@@ -90,12 +91,10 @@ private:
 
     static constexpr void addBit(FormatLines (&board)[2], int mask, int bit)
     {
-        // Down the column beside the upper left finder, then to the left below it, stepping over
-        // the timing patterns.
-        const int x = bit < 8 ? FormatPlace : bit == 8 ? 7 : 14 - bit;
-        const int y = bit < 6 ? bit : bit < 8 ? bit + 1 : FormatPlace;
-        board[0].near[x][mask] |= at(y);
-        board[1].near[y][mask] |= at(x);
+        // The size does not matter: the first of the places lies in the upper left corner.
+        const Place near = formatPlaces(bit, MaximumSize)[0];
+        board[0].near[near.x][mask] |= at(near.y);
+        board[1].near[near.y][mask] |= at(near.x);
         if (bit < 8) { // From the right, below the upper right finder.
             board[0].far[7 - bit][mask] |= at(FormatPlace);
             board[1].across[mask] |= at(7 - bit);
@@ -125,27 +124,16 @@ const FormatLines &formatLines(int level, bool byRows)
     return allFormatLines.boards[level][byRows];
 }
 
-int penalty(int size, const Features &features, int mask)
+int chooseMask(int size, const MaskFeatures &features)
 {
-    const int percent = static_cast<int>(100 * features.dark[mask]) / (size * size);
-    const int imbalance = (percent < 50 ? 50 - percent : percent - 50) / 5;
-    return static_cast<int>(features.runs[mask] + 3 * features.blocks[mask]
-                            + 40 * features.finderLike[mask])
-        + 10 * imbalance;
-}
-
-int chooseMask(int size, const Features &features)
-{
-    int best = 0;
-    int lowest = penalty(size, features, 0);
-    for (int mask = 1; mask < MaskCount; ++mask) {
-        const int points = penalty(size, features, mask);
-        if (points < lowest) {
-            lowest = points;
-            best = mask;
-        }
+    int penalties[MaskCount];
+    for (int mask = 0; mask < MaskCount; ++mask) {
+        penalties[mask] = penalty(
+            size,
+            {static_cast<int>(features.runs[mask]), static_cast<int>(features.blocks[mask]),
+             static_cast<int>(features.finderLike[mask]), static_cast<int>(features.dark[mask])});
     }
-    return best;
+    return lowestPenalty(penalties);
 }
 
 void applyMask(int level, int mask, int size, Boards &boards)
@@ -212,4 +200,4 @@ void pack(int size, const Strips &rows, unsigned char *result)
         *result++ = static_cast<unsigned char>(pending >> 56);
 }
 
-} // namespace om::controls::qr
+} // namespace om::controls::qr::accelerated
