@@ -29,8 +29,8 @@ if(OMBREL_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
-# The library promises Qt 5.12: what came later must not compile, what was deprecated later
-# must not warn.
+# Hides the API that was deprecated by Qt 5.12 and warns of none that was deprecated later: its
+# replacement need not be in 5.12. Nothing here hides API that came after 5.12.
 add_compile_definitions(
     QT_NO_KEYWORDS
     QT_NO_CAST_TO_ASCII

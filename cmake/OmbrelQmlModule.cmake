@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Ombrel developers
 # SPDX-License-Identifier: MIT
 #
-# ombrel_qml_module(<plugin target> URI <uri> QMLDIR <file> [DEPENDS <target>...])
+# ombrel_qml_module(<plugin target> URI <uri> QMLDIR <file>)
 #
 # Places a plugin target, its qmldir and its type descriptions where a QML engine looks for them:
 # below <build>/qml while building, below OMBREL_QML_DIR when installed. The type descriptions
@@ -9,6 +9,17 @@
 
 find_program(OMBREL_QMLPLUGINDUMP NAMES qmlplugindump
              HINTS /usr/lib/qt5/bin REQUIRED)
+
+# The tool's own document imports QtQuick; without it the build would end with "Component is not
+# ready".
+get_target_property(qmake Qt5::qmake LOCATION)
+execute_process(COMMAND "${qmake}" -query QT_INSTALL_QML
+                OUTPUT_VARIABLE qml_dir OUTPUT_STRIP_TRAILING_WHITESPACE)
+set(OMBREL_QT_QML_DIR "${qml_dir}" CACHE PATH "Where Qt's own QML modules are")
+if(NOT EXISTS "${OMBREL_QT_QML_DIR}/QtQuick.2/qmldir")
+    message(FATAL_ERROR "Qt's QML module QtQuick is not in ${OMBREL_QT_QML_DIR}; "
+                        "Debian has it in the package qml-module-qtquick2.")
+endif()
 
 set(OMBREL_BUILD_QML_DIR "${PROJECT_BINARY_DIR}/qml")
 set(OMBREL_DUMP_SCRIPT "${CMAKE_CURRENT_LIST_DIR}/DumpTypes.cmake")
@@ -20,7 +31,7 @@ if(OMBREL_SANITIZE)
 endif()
 
 function(ombrel_qml_module target)
-    cmake_parse_arguments(arg "" "URI;QMLDIR" "DEPENDS" ${ARGN})
+    cmake_parse_arguments(arg "" "URI;QMLDIR" "" ${ARGN})
     string(REPLACE "." "/" path "${arg_URI}")
     set(dir "${OMBREL_BUILD_QML_DIR}/${path}")
     set_target_properties(${target} PROPERTIES
@@ -34,13 +45,14 @@ function(ombrel_qml_module target)
         COMMAND "${CMAKE_COMMAND}" "-DTOOL=${OMBREL_QMLPLUGINDUMP}" "-DURI=${arg_URI}"
                 "-DIMPORT=${OMBREL_BUILD_QML_DIR}" "-DOUTPUT=${types}" "-DPRELOAD=${OMBREL_DUMP_PRELOAD}"
                 -P "${OMBREL_DUMP_SCRIPT}"
-        DEPENDS ${target} ${arg_DEPENDS} "${dir}/qmldir" "${OMBREL_DUMP_SCRIPT}"
+        DEPENDS ${target} "${dir}/qmldir" "${OMBREL_DUMP_SCRIPT}"
         COMMENT "Describing the types of ${arg_URI}"
         VERBATIM)
     add_custom_target(${target}_types ALL DEPENDS "${types}")
 
-    # The installed plugin finds the data core without help: in the libraries of the same prefix,
-    # wherever that is moved to.
+    # The run path of the installed plugin leads from its folder to the libraries of the prefix, so
+    # it finds the data core that is installed beside it, and the prefix can be moved. With an
+    # absolute OMBREL_QML_DIR outside the prefix the two must keep their places.
     cmake_path(ABSOLUTE_PATH OMBREL_QML_DIR BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}"
                OUTPUT_VARIABLE installed_dir)
     file(RELATIVE_PATH to_libraries "${installed_dir}/${path}" "${CMAKE_INSTALL_FULL_LIBDIR}")
@@ -50,11 +62,11 @@ function(ombrel_qml_module target)
     install(FILES "${dir}/qmldir" "${types}" DESTINATION "${OMBREL_QML_DIR}/${path}")
 endfunction()
 
-# ombrel_qml_submodule(<plugin target> URI <uri> QMLDIR <file>)
+# ombrel_qml_submodule(URI <uri> QMLDIR <file>)
 #
-# A module whose types the plugin of another one registers. It has type descriptions and a qmldir
-# for tools, but no library of its own.
-function(ombrel_qml_submodule target)
+# A module whose types the plugin of another one registers: it has a qmldir, but neither a library
+# nor type descriptions of its own.
+function(ombrel_qml_submodule)
     cmake_parse_arguments(arg "" "URI;QMLDIR" "" ${ARGN})
     string(REPLACE "." "/" path "${arg_URI}")
     set(dir "${OMBREL_BUILD_QML_DIR}/${path}")

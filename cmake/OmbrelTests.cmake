@@ -12,6 +12,8 @@
 #   OFFSCREEN  needs neither pixels nor a window system
 #   ONE_LOOP   has a window, but nothing of it depends on the render loop
 #   LIBRARIES  further targets that each C++ test of the folder links
+#
+# A name that no file has stops the configuration; tst_x.qml is called tst_x_qml.
 
 find_package(Qt5 5.15 REQUIRED COMPONENTS Test QuickTest)
 
@@ -55,19 +57,39 @@ function(ombrel_test_entries test)
     endif()
 endfunction()
 
+# A misspelt name in a list would quietly give the test its defaults.
+function(ombrel_check_test_names)
+    set(tests)
+    foreach(file IN LISTS sources)
+        get_filename_component(test "${file}" NAME_WE)
+        list(APPEND tests "${test}")
+    endforeach()
+    foreach(file IN LISTS documents)
+        get_filename_component(test "${file}" NAME_WE)
+        list(APPEND tests "${test}_qml")
+    endforeach()
+    foreach(name IN LISTS arg_UNPARSED_ARGUMENTS arg_INTERNAL arg_OFFSCREEN arg_ONE_LOOP)
+        if(NOT name IN_LIST tests)
+            message(FATAL_ERROR "ombrel_add_tests: ${CMAKE_CURRENT_SOURCE_DIR} has no test ${name}")
+        endif()
+    endforeach()
+endfunction()
+
 function(ombrel_add_tests)
     cmake_parse_arguments(arg "" "" "INTERNAL;OFFSCREEN;ONE_LOOP;LIBRARIES" ${ARGN})
     get_filename_component(folder "${CMAKE_CURRENT_SOURCE_DIR}" NAME)
 
     file(GLOB sources CONFIGURE_DEPENDS "tst_*.cpp")
+    file(GLOB documents CONFIGURE_DEPENDS "tst_*.qml")
+    ombrel_check_test_names()
     foreach(source IN LISTS sources)
         get_filename_component(test "${source}" NAME_WE)
         add_executable(${folder}_${test} "${source}")
         target_link_libraries(${folder}_${test} PRIVATE ombrel_test_support ${arg_LIBRARIES})
         if(test IN_LIST arg_INTERNAL)
             target_link_libraries(${folder}_${test} PRIVATE ombrel_controls ombrel_logging
-                                  $<TARGET_NAME_IF_EXISTS:ombrel_resources>)
-        elseif(TARGET ombrelcontrolsplugin)
+                                  ombrel_resources)
+        else()
             add_dependencies(${folder}_${test} ombrelcontrolsplugin)
         endif()
         set_target_properties(${folder}_${test} PROPERTIES
@@ -75,7 +97,6 @@ function(ombrel_add_tests)
         ombrel_test_entries(${test} $<TARGET_FILE:${folder}_${test}>)
     endforeach()
 
-    file(GLOB documents CONFIGURE_DEPENDS "tst_*.qml")
     foreach(document IN LISTS documents)
         get_filename_component(test "${document}" NAME_WE)
         ombrel_test_entries(${test}_qml $<TARGET_FILE:ombrel_qmltest> -input "${document}")
