@@ -25,6 +25,7 @@ private Q_SLOTS:
     void examplesAreInTheReference_data();
     void examplesAreInTheReference();
     void changelogNamesEveryType();
+    void readmeNamesThePackages();
 
 private:
     QStringList files(const QString &folder, const QStringList &patterns) const;
@@ -264,6 +265,29 @@ void TestHouse::changelogNamesEveryType()
         const QString name = rows.next().captured(1);
         QVERIFY2(changelog.contains(QLatin1Char('`') + name + QLatin1Char('`')), qPrintable(name));
     }
+}
+
+/// Who only uses the library needs the packages of the first section, and a QML runtime.
+void TestHouse::readmeNamesThePackages()
+{
+    QStringList expected;
+    const QStringList lines = read(QStringLiteral("tools/packages.txt"))
+                                  .section(QStringLiteral("[library]"), 1)
+                                  .section(QStringLiteral("\n["), 0, 0)
+                                  .split(QLatin1Char('\n'));
+    for (const QString &line : lines) {
+        const QString package = line.section(QLatin1Char('#'), 0, 0).simplified();
+        if (!package.isEmpty()) {
+            expected.append(package);
+        }
+    }
+    QVERIFY(!expected.isEmpty());
+    expected.append(QStringLiteral("qmlscene"));
+    const QRegularExpression command(QStringLiteral("apt-get install (.*)"));
+    QStringList named =
+        command.match(read(QStringLiteral("README.md"))).captured(1).split(QLatin1Char(' '));
+    named.removeOne(QStringLiteral("--no-install-recommends"));
+    QCOMPARE(named.join(QLatin1Char(' ')), expected.join(QLatin1Char(' ')));
 }
 
 QTEST_GUILESS_MAIN(TestHouse)
