@@ -7,6 +7,7 @@
 #include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
 #include "tests/support/SignalRecorder.h"
+#include "tests/support/Text.h"
 
 #include <OmbrelDataCore/Document.h>
 
@@ -25,10 +26,7 @@ using support::positionIn;
 
 namespace {
 
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
+using support::text;
 
 /// While it lives, what is allocated may stay: Qt Quick keeps a record of each touch screen for as
 /// long as the process lives.

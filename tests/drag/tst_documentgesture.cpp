@@ -5,7 +5,9 @@
 #include "controls/drag/DragAreaAttachedObject.h"
 #include "controls/drag/DragZone.h"
 #include "controls/drag/DragZoneAttachedObject.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/SignalRecorder.h"
+#include "tests/support/Text.h"
 
 #include <QMouseEvent>
 #include <QPointer>
@@ -18,10 +20,7 @@ using om::data::Document;
 
 namespace {
 
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
+using support::text;
 
 /// A source whose child-event filter can be called with any event. On this platform the drag loop
 /// returns at once, so that each step of the gesture can be looked at.
@@ -192,6 +191,7 @@ void TestDocumentGesture::cleanup()
     m_source.reset();
     m_document.reset();
     m_window.reset();
+    QCOMPARE(support::leftovers(), QString());
 }
 
 /// Counts starts by way of the signal; the loop returns at once.

@@ -7,6 +7,7 @@
 #include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
 #include "tests/support/SignalRecorder.h"
+#include "tests/support/Text.h"
 
 #include <QDropEvent>
 #include <QMimeData>
@@ -19,10 +20,7 @@ using support::positionIn;
 
 namespace {
 
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
+using support::text;
 
 const char *const scene = R"(
 Item {

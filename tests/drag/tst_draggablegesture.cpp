@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "controls/drag/Draggable.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/SignalRecorder.h"
+#include "tests/support/Text.h"
 
 #include <QMouseEvent>
 #include <QPointer>
@@ -16,10 +18,7 @@ using om::controls::Draggable;
 
 namespace {
 
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
+using support::text;
 
 /// A child that takes the mouse and counts the moves that reach it.
 class Child : public QQuickItem
@@ -93,6 +92,7 @@ void TestDraggableGesture::cleanup()
 {
     delete m_card.data();
     m_window.reset();
+    QCOMPARE(support::leftovers(), QString());
 }
 
 void TestDraggableGesture::send(QEvent::Type type, const QPointF &at, Qt::MouseButtons buttons)

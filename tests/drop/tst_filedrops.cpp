@@ -7,6 +7,7 @@
 #include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
 #include "tests/support/SignalRecorder.h"
+#include "tests/support/Text.h"
 
 #include <QDrag>
 #include <QMimeData>
@@ -14,10 +15,7 @@
 
 namespace {
 
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
+using support::text;
 
 QList<QUrl> urls(const char *words)
 {

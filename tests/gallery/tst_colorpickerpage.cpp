@@ -2,18 +2,13 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/Items.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
+#include "tests/support/Text.h"
 
 #include <QTest>
 
-namespace {
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-} // namespace
+using support::text;
 
 /// The colour picker of the gallery, used by hand: fields, strips, square, swatches and buttons.
 class TestColorPickerPage : public QObject
@@ -89,6 +84,7 @@ void TestColorPickerPage::init()
 void TestColorPickerPage::cleanup()
 {
     m_view.reset();
+    QCOMPARE(support::leftovers(), QString());
 }
 
 QQuickItem *TestColorPickerPage::field(const QString &name) const

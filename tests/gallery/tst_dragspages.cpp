@@ -4,21 +4,16 @@
 #include "gallery/FolderTree.h"
 #include "tests/support/Gesture.h"
 #include "tests/support/Items.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
+#include "tests/support/Text.h"
 
 #include <QImage>
 #include <QQmlContext>
 #include <QTemporaryDir>
 #include <QTest>
 
-namespace {
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-} // namespace
+using support::text;
 
 /// The pages of dragged documents and dragged items, used by hand.
 class TestDragsPages : public QObject
@@ -81,6 +76,7 @@ void TestDragsPages::cleanup()
 {
     m_view.reset();
     m_tree.reset();
+    QCOMPARE(support::leftovers(), QString());
 }
 
 void TestDragsPages::severalDocumentsOntoATypeOfOneOfThem()

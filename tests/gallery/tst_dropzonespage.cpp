@@ -5,21 +5,16 @@
 #include "tests/support/ForeignProgram.h"
 #include "tests/support/Gesture.h"
 #include "tests/support/Items.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
+#include "tests/support/Text.h"
 
 #include <QImage>
 #include <QQmlContext>
 #include <QTemporaryDir>
 #include <QTest>
 
-namespace {
-
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-} // namespace
+using support::text;
 
 /// The page of drop zones, used by hand: files of its shelf and of another program are dragged into
 /// its zones.
@@ -84,6 +79,7 @@ void TestDropZonesPage::cleanup()
 {
     m_view.reset();
     m_tree.reset();
+    QCOMPARE(support::leftovers(), QString());
 }
 
 QQuickItem *TestDropZonesPage::allCard() const

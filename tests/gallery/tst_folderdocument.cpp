@@ -3,6 +3,7 @@
 
 #include "gallery/FolderDocument.h"
 #include "gallery/FolderTree.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/PlainUser.h"
 
 #include <QDir>
@@ -68,6 +69,7 @@ void tst_FolderDocument::init()
 void tst_FolderDocument::cleanup()
 {
     m_dir.reset();
+    QCOMPARE(support::leftovers(), QString());
 }
 
 void tst_FolderDocument::write(const QString &name, const QByteArray &content)

@@ -4,8 +4,10 @@
 #include "gallery/FolderTree.h"
 #include "tests/support/Gesture.h"
 #include "tests/support/Items.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/PlainUser.h"
 #include "tests/support/QmlView.h"
+#include "tests/support/Text.h"
 
 #include <OmbrelDataCore/Document.h>
 
@@ -23,10 +25,7 @@ using support::positionIn;
 
 namespace {
 
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
+using support::text;
 
 /// Remembers what the last drag that entered a window carries.
 class DragWatch : public QObject
@@ -136,6 +135,7 @@ void TestTreePage::cleanup()
     m_view.reset();
     m_tree.reset();
     m_folder.reset();
+    QCOMPARE(support::leftovers(), QString());
 }
 
 QQuickItem *TestTreePage::row(const char *name) const

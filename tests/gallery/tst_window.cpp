@@ -3,6 +3,7 @@
 
 #include "gallery/FolderTree.h"
 #include "tests/support/Items.h"
+#include "tests/support/Leftovers.h"
 
 #include <OmbrelDataCore/Document.h>
 
@@ -82,6 +83,7 @@ void tst_Window::cleanup()
     m_engine.reset();
     m_tree.reset();
     m_dir.reset();
+    QCOMPARE(support::leftovers(), QString());
 }
 
 void tst_Window::write(const QString &name)

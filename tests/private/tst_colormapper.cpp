@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Leftovers.h"
 #include "tests/support/SignalRecorder.h"
 
 #include <QColor>
@@ -56,6 +57,7 @@ void TestColorMapper::cleanup()
 {
     m_recorder.reset();
     m_mapper.reset();
+    QCOMPARE(support::leftovers(), QString());
 }
 
 void TestColorMapper::call(const char *method, const QVariant &argument)

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Leftovers.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/QmlView.h"
 #include "tests/support/SignalRecorder.h"
@@ -79,6 +80,7 @@ void TestPickerBoxes::init()
 void TestPickerBoxes::cleanup()
 {
     m_view.reset();
+    QCOMPARE(support::leftovers(), QString());
 }
 
 void TestPickerBoxes::defaults()

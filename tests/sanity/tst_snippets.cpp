@@ -18,6 +18,7 @@ class TestSnippets : public QObject
 private Q_SLOTS:
     void loads_data();
     void loads();
+    void cleanup();
 };
 
 void TestSnippets::loads_data()
@@ -56,9 +57,10 @@ void TestSnippets::loads()
     if (shell) {
         object.reset();
     }
-    window = nullptr;
-    shell.reset();
-    object.reset();
+}
+
+void TestSnippets::cleanup()
+{
     QCOMPARE(support::leftovers(), QString());
 }
 

@@ -5,6 +5,7 @@
 #include "tests/support/DragWatch.h"
 #include "tests/support/ForeignProgram.h"
 #include "tests/support/Gesture.h"
+#include "tests/support/Text.h"
 
 #include <QDrag>
 #include <QDragEnterEvent>
@@ -14,10 +15,7 @@
 
 namespace {
 
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
+using support::text;
 
 /// Drags when it is pressed, takes every drop, keeps what it saw.
 class Window : public QRasterWindow

@@ -3,14 +3,20 @@
 
 #include "tests/support/Items.h"
 #include "tests/support/Leftovers.h"
+#include "tests/support/ObjectCensus.h"
 #include "tests/support/Pixels.h"
+#include "tests/support/QmlView.h"
 #include "tests/support/SignalRecorder.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
+#include <QQuickWindow>
+#include <QSGTexture>
 #include <QTest>
 #include <QWindow>
+
+#include <memory>
 
 /// The helpers are held to their promises first: a comparer that accepts anything makes every
 /// test above it worthless.
@@ -26,6 +32,17 @@ private Q_SLOTS:
     void recorderKeepsOrderAndArguments();
     void itemsAreFoundByTypePropertyAndText();
     void leftoversNameVisibleWindows();
+    void leftoversNameObjects();
+    void leftoversNameObjectsOfTheLibrary();
+    void leftoversNameTextures();
+    void leftoversNameEventFilters();
+    void leftoversCountOpenDialogs();
+    void leftoversForgetEarlierTests_data();
+    void leftoversForgetEarlierTests();
+
+private:
+    /// Lives from one row to the next.
+    std::unique_ptr<QQuickItem> m_earlier;
 };
 
 void TestSupport::pixelErrorRejectsEachChannel_data()
@@ -120,7 +137,92 @@ void TestSupport::leftoversNameVisibleWindows()
     window.show();
     QVERIFY(support::leftovers().contains(QStringLiteral("'left'")));
     window.hide();
+    window.destroy();
+    QCOMPARE(support::leftovers(), QStringLiteral("an object QWindow"));
+}
+
+void TestSupport::leftoversNameObjects()
+{
+    auto item = std::make_unique<QQuickItem>();
+    auto second = std::make_unique<QQuickItem>();
+    QCOMPARE(support::leftovers(), QStringLiteral("an object QQuickItem (2 times)"));
+    second.release()->deleteLater();
+    QCOMPARE(support::leftovers(), QStringLiteral("an object QQuickItem"));
+    item.reset();
     QCOMPARE(support::leftovers(), QString());
+}
+
+void TestSupport::leftoversNameObjectsOfTheLibrary()
+{
+    auto engine = std::make_unique<QQmlEngine>();
+    auto component = std::make_unique<QQmlComponent>(engine.get());
+    component->setData("import ombrel.Controls 1.0; FileDropHandler {}", QUrl());
+    std::unique_ptr<QObject> handler(component->create());
+    QVERIFY2(handler, qPrintable(component->errorString()));
+    component.reset();
+    engine.reset();
+    QCOMPARE(support::leftovers(), QStringLiteral("an object om::controls::FileDropHandler"));
+    handler.reset();
+    QCOMPARE(support::leftovers(), QString());
+}
+
+void TestSupport::leftoversNameTextures()
+{
+    support::QmlView view;
+    view.load("Rectangle { width: 20; height: 20 }");
+    view.show();
+    QImage image(2, 2, QImage::Format_ARGB32);
+    image.fill(Qt::red);
+    const int before = support::livingTextures().size();
+    std::unique_ptr<QSGTexture> texture(view.window()->createTextureFromImage(image));
+    QCOMPARE(support::livingTextures().size(), before + 1);
+    QVERIFY2(support::leftovers().contains(QStringLiteral("a texture ")),
+             qPrintable(support::leftovers()));
+    texture.reset();
+    view.close();
+    QCOMPARE(support::leftovers(), QString());
+}
+
+void TestSupport::leftoversNameEventFilters()
+{
+    QObject watched;
+    auto filter = std::make_unique<QObject>();
+    QCOMPARE(support::leftovers(), QString());
+    watched.installEventFilter(filter.get());
+    QCOMPARE(support::leftovers(), QStringLiteral("an event filter QObject on QObject"));
+    watched.removeEventFilter(filter.get());
+    QCOMPARE(support::leftovers(), QString());
+    watched.installEventFilter(filter.get());
+    filter.reset();
+    QCOMPARE(support::leftovers(), QString());
+}
+
+void TestSupport::leftoversCountOpenDialogs()
+{
+    support::QmlView view;
+    view.load("DialogItem {}");
+    QCOMPARE(support::openDialogs(), 0);
+    QMetaObject::invokeMethod(view.root(), "show");
+    QCOMPARE(support::openDialogs(), 1);
+    QVERIFY(support::leftovers().contains(QStringLiteral("1 open dialogs")));
+    view.close();
+    QCOMPARE(support::leftovers(), QString());
+}
+
+void TestSupport::leftoversForgetEarlierTests_data()
+{
+    QTest::addColumn<QString>("left");
+    QTest::newRow("the row that makes an object") << QStringLiteral("an object QQuickItem");
+    QTest::newRow("the row after it") << QString();
+}
+
+void TestSupport::leftoversForgetEarlierTests()
+{
+    QFETCH(QString, left);
+    if (!m_earlier) {
+        m_earlier = std::make_unique<QQuickItem>();
+    }
+    QCOMPARE(support::leftovers(), left);
 }
 
 QTEST_MAIN(TestSupport)

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Leftovers.h"
+
 #include <OmbrelDataCore/Country.h>
 
 #include <QColor>
@@ -135,6 +137,7 @@ void TestTheme::initTestCase()
 void TestTheme::cleanup()
 {
     QGuiApplication::setFont(m_font);
+    QCOMPARE(support::leftovers(), QString());
 }
 
 QVariant TestTheme::evaluate(const QString &expression)
