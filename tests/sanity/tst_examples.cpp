@@ -187,7 +187,7 @@ void TestExamples::keyEventSource()
     load("KeyEventSource");
     click(saying("b"));
     click(saying("a"));
-    QVERIFY(saying("ba") || saying("Type here: ba") || saying("baType here: "));
+    QCOMPARE(textsOn(m_view->root()).constFirst(), QStringLiteral("Type here: ba"));
 }
 
 void TestExamples::popup()

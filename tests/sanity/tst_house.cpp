@@ -7,6 +7,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <algorithm>
+
 /// The house rules that a reader of the code relies on, as tests.
 class TestHouse : public QObject
 {
@@ -19,9 +21,12 @@ private Q_SLOTS:
     void everyRoomHasItsRow();
     void everyNameHasItsFiles_data();
     void everyNameHasItsFiles();
+    void onlyRealUseCounts_data();
+    void onlyRealUseCounts();
     void everySourceIsLicensed();
     void testFilesAreFound();
     void testCaseFunctionsRun();
+    void cleanupsLookForLeftovers();
     void examplesAreInTheReference_data();
     void examplesAreInTheReference();
     void changelogNamesEveryType();
@@ -135,6 +140,22 @@ void TestHouse::everyRoomHasItsRow()
              "a file of controls/ is in no room");
 }
 
+/// Whether \a text, a C++ test or a QML document, uses the type \a name: declares an object of it,
+/// asks it by name (a singleton, something attached, an enumeration) or includes its header. What
+/// stands in comments is no use.
+static bool uses(const QString &text, const QString &name)
+{
+    static const QRegularExpression stringOrComment(
+        QStringLiteral("(\"(?:[^\"\\\\\\n]|\\\\.)*\")|//[^\\n]*|/\\*.*?\\*/"),
+        QRegularExpression::DotMatchesEverythingOption);
+    const QString code = QString(text)
+                             .replace(stringOrComment, QStringLiteral("\\1"))
+                             .replace(QStringLiteral("\\n"), QStringLiteral("\n"));
+    const QRegularExpression use(
+        QStringLiteral("\\b%1 *\\{|\\b%1\\.\\w|/%1\\.h\"|[(,]\"%1\"[),]").arg(name));
+    return code.contains(use);
+}
+
 /// The names registered, as rows with the class (the same word) and the kind of registration.
 void TestHouse::everyNameHasItsFiles_data()
 {
@@ -170,19 +191,41 @@ void TestHouse::everyNameHasItsFiles()
     }
 
     const QStringList tests =
-        files(QStringLiteral("tests"), {QStringLiteral("tst_*.cpp"), QStringLiteral("tst_*.qml")});
-    const QRegularExpression word(QStringLiteral("\\b%1\\b").arg(name));
-    int mentioned = 0;
-    for (const QString &test : tests) {
-        if (!test.startsWith(QLatin1String("tests/sanity"))
-            && !test.startsWith(QLatin1String("tests/plugin")) && read(test).contains(word)) {
-            ++mentioned;
-        }
-    }
-    QVERIFY2(mentioned > 0, "no test mentions it");
+        files(QStringLiteral("tests"), {QStringLiteral("tst_*.cpp"), QStringLiteral("*.qml")});
+    const bool used = std::any_of(tests.cbegin(), tests.cend(), [this, &name](const QString &test) {
+        return !test.startsWith(QLatin1String("tests/sanity"))
+            && !test.startsWith(QLatin1String("tests/plugin")) && uses(read(test), name);
+    });
+    QVERIFY2(used, "no test uses it");
     QVERIFY2(read(QStringLiteral("docs/README.md"))
                  .contains(QStringLiteral("(reference/%1.md)").arg(name)),
              "docs/README.md does not link its page");
+}
+
+void TestHouse::onlyRealUseCounts_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("counts");
+    const auto row = [](const char *name, const char *text, bool counts) {
+        QTest::newRow(name) << QString::fromLatin1(text) << counts;
+    };
+    row("an object", "Item {\n    Popup { id: p }\n}", true);
+    row("an object in a string", "load(\"Item { Popup { } }\");", true);
+    row("an object in a line of a string", "load(\"import A 1.0\\nPopup {}\");", true);
+    row("asked by name", "x: Popup.open", true);
+    row("its header", "#include \"controls/popups/Popup.h\"", true);
+    row("a class to look for", "the(\"Popup\")", true);
+    row("a comment at the end of a line", "int a; // a Popup { } is made", false);
+    row("a comment over lines", "/* Popup {\n} Popup.open */", false);
+    row("a comment after a string with slashes", "f(\"qrc://a\"); // Popup {}", false);
+    row("a word in a message", "QVERIFY2(a, \"the Popup stays\");", false);
+    row("another type", "PopupAnchorItem { } MyPopup { }", false);
+}
+
+void TestHouse::onlyRealUseCounts()
+{
+    QFETCH(QString, text);
+    QTEST(uses(text, QStringLiteral("Popup")), "counts");
 }
 
 void TestHouse::everySourceIsLicensed()
@@ -232,6 +275,24 @@ void TestHouse::testCaseFunctionsRun()
         const auto match = misnamed.match(read(test));
         QVERIFY2(!match.hasMatch(), qPrintable(test + QLatin1Char(' ') + match.captured(1)));
     }
+}
+
+/// What a test leaves behind is found at its own end, not by the test after it.
+void TestHouse::cleanupsLookForLeftovers()
+{
+    const QStringList tests = files(QStringLiteral("tests"), {QStringLiteral("tst_*.cpp")});
+    const QRegularExpression cleanup(
+        QStringLiteral("^void \\w+::cleanup\\(\\)|void cleanup\\(\\) \\{"),
+        QRegularExpression::MultilineOption);
+    int found = 0;
+    for (const QString &test : tests) {
+        const QString text = read(test);
+        if (text.contains(cleanup)) {
+            QVERIFY2(text.contains(QStringLiteral("leftovers()")), qPrintable(test));
+            ++found;
+        }
+    }
+    QVERIFY(found > 10);
 }
 
 void TestHouse::examplesAreInTheReference_data()
