@@ -2,11 +2,20 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick 2.12
+import QtQuick.Window 2.12
 import ombrel.Controls 1.0
 
+// A press on the button asks for a name; Escape closes, and what had the focus has it again.
 Item {
+    id: root
     width: 320
     height: 240
+    property Item before
+
+    function giveFocusBack() {
+        if (before)
+            before.forceActiveFocus();
+    }
 
     Rectangle {
         anchors.centerIn: parent
@@ -20,7 +29,11 @@ Item {
         }
         MouseArea {
             anchors.fill: parent
-            onClicked: dialog.show()
+            onClicked: {
+                forceActiveFocus();
+                root.before = Window.activeFocusItem;
+                dialog.show();
+            }
         }
     }
 
@@ -31,7 +44,12 @@ Item {
         width: 200
         height: 100
         visible: open
-        onAccepted: answer.text = result
+        onAccepted: {
+            answer.text = result;
+            root.giveFocusBack();
+        }
+        onRejected: root.giveFocusBack()
+        Keys.onEscapePressed: reject()
 
         Rectangle {
             anchors.fill: parent
@@ -42,6 +60,7 @@ Item {
             y: 20
             width: 160
             focus: true
+            activeFocusOnTab: true
             text: "New name"
             onAccepted: dialog.accept(text)
         }

@@ -88,6 +88,15 @@ void TestExamples::dialogItem()
     click(saying("New namex"));
     click(saying("Cancel"));
     QVERIFY(!saying("Cancel"));
+    // The button was pressed, and has the focus again.
+    QQuickItem *const button = m_view->window()->activeFocusItem();
+    QVERIFY(button);
+    QCOMPARE(QByteArray(button->metaObject()->className()), QByteArray("QQuickMouseArea"));
+    click(saying("New namex"));
+    QVERIFY(m_view->window()->activeFocusItem() != button);
+    QTest::keyClick(m_view->window(), Qt::Key_Escape);
+    QVERIFY(!saying("Cancel"));
+    QCOMPARE(m_view->window()->activeFocusItem(), button);
 }
 
 void TestExamples::documentDropHandler()
