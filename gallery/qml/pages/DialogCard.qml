@@ -11,25 +11,43 @@ DialogItem {
     id: dialog
 
     property int level: 1
+    // What had the focus before: closing leaves it to nobody.
+    property Item before: null
     signal anotherWanted()
 
+    function giveFocusBack() {
+        if (before)
+            before.forceActiveFocus();
+    }
+    function takeMain() { accept(isQuestion ? field.text : look.main); }
+
+    readonly property bool isQuestion: type === DialogItem.TypeNormal
     readonly property var look: {
         switch (type) {
-        case DialogItem.TypeWarning: return { word: "Warning", tone: Theme.warning, text: "The file was changed by another program." };
-        case DialogItem.TypeError: return { word: "Error", tone: Theme.error, text: "The file could not be written." };
-        case DialogItem.TypeOk: return { word: "Done", tone: Theme.positive, text: "The file has been written." };
+        case DialogItem.TypeWarning: return { word: "Warning", tone: Theme.warning, main: "Overwrite", cancel: true,
+                                            text: "“Draft” was changed by another program. What it wrote there is lost when you overwrite it." };
+        case DialogItem.TypeError: return { word: "Error", tone: Theme.error, main: "Try again", cancel: true,
+                                          text: "“Draft” could not be written: there is no space left on the disk. Nothing was lost." };
+        case DialogItem.TypeOk: return { word: "Done", tone: Theme.positive, main: "OK", cancel: false, text: "“Draft” has been written." };
         }
-        return { word: "Question", tone: Theme.accent, text: "Which name should the file have?" };
+        return { word: "Question", tone: Theme.accent, main: "Save", cancel: true, text: "Which name should the file have?" };
     }
 
-    x: parent ? Math.round((parent.width - width) / 2) + (level - 1) * 28 : 0
-    y: parent ? Math.round((parent.height - height) / 2) + (level - 1) * 28 : 0
-    width: 360
-    height: 196
+    // Each a step below the one before, and from the top again where the window ends.
+    readonly property int room: parent ? Math.max(0, Math.min(parent.width - width, parent.height - height) / 2 - 8) : 0
+    readonly property int stepOff: room > 28 ? (level - 1) * 28 % room : 0
+    x: parent ? Math.round((parent.width - width) / 2) + stepOff : 0
+    y: parent ? Math.round((parent.height - height) / 2) + stepOff : 0
+    width: 380
+    height: isQuestion ? 196 : 164
     opacity: open ? 1 : 0
     visible: opacity > 0
     Behavior on opacity { NumberAnimation { duration: 120 } }
     Keys.onEscapePressed: reject()
+    Keys.onReturnPressed: takeMain()
+    Keys.onEnterPressed: takeMain()
+    onAccepted: giveFocusBack()
+    onRejected: giveFocusBack()
 
     Rectangle {
         visible: dialog.modal && dialog.parent
@@ -70,38 +88,41 @@ DialogItem {
             text: dialog.look.text
             color: Theme.softText
         }
-        Rectangle {
+        Field {
+            id: field
             x: 22
             y: 86
             width: parent.width - 44
-            height: 32
-            radius: 4
-            color: Theme.panel
-            border.color: field.activeFocus ? Theme.focus : Theme.strongLine
-            TextInput {
-                id: field
-                anchors.fill: parent
-                anchors.leftMargin: 10
-                anchors.rightMargin: 10
-                verticalAlignment: Text.AlignVCenter
-                clip: true
-                focus: true
-                selectByMouse: true
-                color: Theme.text
-                font.family: Theme.family
-                font.pixelSize: 14
-                text: "Draft " + dialog.level
-                onAccepted: dialog.accept(text)
-            }
+            implicitHeight: 32
+            visible: dialog.isQuestion
+            focus: visible
+            font.pixelSize: 14
+            text: "Draft " + dialog.level
+        }
+        // Not of the dialog's business: it shows how dialogs lie above one another.
+        Button {
+            x: 20
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: 20
+            text: "Another…"
+            onClicked: dialog.anotherWanted()
         }
         Row {
             anchors.right: parent.right
             anchors.bottom: parent.bottom
             anchors.margins: 20
             spacing: 8
-            Button { text: "Another…"; onClicked: dialog.anotherWanted() }
-            Button { text: "Cancel"; onClicked: dialog.reject() }
-            Button { text: "Accept"; primary: true; onClicked: dialog.accept(field.text) }
+            Button {
+                visible: dialog.look.cancel
+                text: "Cancel"
+                onClicked: dialog.reject()
+            }
+            Button {
+                text: dialog.look.main
+                primary: true
+                focus: !dialog.isQuestion
+                onClicked: dialog.takeMain()
+            }
         }
     }
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick 2.12
+import QtQuick.Controls 2.5 as Controls
 import QtQuick.Window 2.12
 import ombrel.Controls 1.0
 import "../kit"
@@ -15,7 +16,8 @@ Demo {
     // siblings that it has there.
     function open(type, level) {
         const dialog = card.createObject(demo.Window.contentItem,
-                                         { type: type, modal: modality.value, level: level });
+                                         { type: type, modal: modality.value, level: level,
+                                           before: demo.Window.activeFocusItem });
         dialog.accepted.connect(result => log.note("accepted(\"" + result + "\") at level " + level));
         dialog.rejected.connect(() => log.note("rejected() at level " + level));
         dialog.opened.connect(() => log.note("opened() at level " + level));
@@ -46,7 +48,8 @@ Demo {
 
     title: "DialogItem"
     hint: "Open one, then another from inside it: closing gives the one below its buttons back. Without “modal” "
-          + "the page stays usable behind it. Drag a card by its ground; Escape rejects."
+          + "the page stays usable behind it. Drag a card by its ground; Return takes the main button, Escape rejects, and "
+          + "the focus goes back to where it was."
     stageHeight: 250
 
     Grid {
@@ -55,31 +58,33 @@ Demo {
         spacing: 12
         Repeater {
             model: demo.types
-            Rectangle {
+            Controls.AbstractButton {
+                id: choice
                 width: 170
                 height: 64
-                radius: Theme.radius
-                color: mouse.containsMouse ? Theme.accentSoft : Theme.panel
-                border.color: Theme.line
-                Rectangle {
-                    x: 12
-                    anchors.verticalCenter: parent.verticalCenter
-                    width: 6
-                    height: 36
-                    radius: 3
-                    color: [Theme.accent, Theme.warning, Theme.error, Theme.positive][index]
+                text: modelData.text
+                onClicked: demo.open(modelData.value, demo.openDialogs + 1)
+                background: Rectangle {
+                    radius: Theme.radius
+                    color: choice.down || choice.hovered ? Theme.accentSoft : Theme.panel
+                    border.width: choice.visualFocus ? 2 : 1
+                    border.color: choice.visualFocus ? Theme.focus : Theme.line
                 }
-                Label {
-                    x: 32
-                    height: parent.height
-                    verticalAlignment: Text.AlignVCenter
-                    text: modelData.text
-                }
-                MouseArea {
-                    id: mouse
-                    anchors.fill: parent
-                    hoverEnabled: true
-                    onClicked: demo.open(modelData.value, demo.openDialogs + 1)
+                contentItem: Item {
+                    Rectangle {
+                        x: 12
+                        anchors.verticalCenter: parent.verticalCenter
+                        width: 6
+                        height: 36
+                        radius: 3
+                        color: [Theme.accent, Theme.warning, Theme.error, Theme.positive][index]
+                    }
+                    Label {
+                        x: 32
+                        height: parent.height
+                        verticalAlignment: Text.AlignVCenter
+                        text: choice.text
+                    }
                 }
             }
         }
