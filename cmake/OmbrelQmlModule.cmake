@@ -7,8 +7,11 @@
 # below <build>/qml while building, below OMBREL_QML_DIR when installed. The type descriptions
 # come from Qt's own tool, which loads the plugin, constructs each type and reads each property.
 
-find_program(OMBREL_QMLPLUGINDUMP NAMES qmlplugindump
-             HINTS /usr/lib/qt5/bin REQUIRED)
+find_program(OMBREL_QMLPLUGINDUMP NAMES qmlplugindump HINTS /usr/lib/qt5/bin)
+if(NOT OMBREL_QMLPLUGINDUMP)
+    message(FATAL_ERROR "qmlplugindump is missing; "
+                        "Debian has it in the package qtdeclarative5-dev-tools.")
+endif()
 
 # The tool's own document imports QtQuick; without it the build would end with "Component is not
 # ready".
@@ -53,8 +56,7 @@ function(ombrel_qml_module target)
     # The run path of the installed plugin leads from its folder to the libraries of the prefix, so
     # it finds the data core that is installed beside it, and the prefix can be moved. With an
     # absolute OMBREL_QML_DIR outside the prefix the two must keep their places.
-    cmake_path(ABSOLUTE_PATH OMBREL_QML_DIR BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}"
-               OUTPUT_VARIABLE installed_dir)
+    get_filename_component(installed_dir "${OMBREL_QML_DIR}" ABSOLUTE BASE_DIR "${CMAKE_INSTALL_PREFIX}")
     file(RELATIVE_PATH to_libraries "${installed_dir}/${path}" "${CMAKE_INSTALL_FULL_LIBDIR}")
     set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/${to_libraries}")
 

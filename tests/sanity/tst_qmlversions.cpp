@@ -26,7 +26,7 @@ private:
 void TestQmlVersions::addFolders()
 {
     QTest::addColumn<QString>("folder");
-    for (const char *folder : {"gallery", "docs", "resources"}) {
+    for (const char *folder : {"gallery", "docs", "resources", "tests"}) {
         QTest::newRow(folder) << QString::fromLatin1(folder);
     }
 }
@@ -36,7 +36,7 @@ QString TestQmlVersions::faults(const QString &folder, bool (*isNew)(const QStri
 {
     const QString root = qEnvironmentVariable("OMBREL_SOURCE_DIR") + QLatin1Char('/');
     const QStringList patterns{QStringLiteral("*.qml"), QStringLiteral("*.js"),
-                               QStringLiteral("*.md")};
+                               QStringLiteral("*.md"), QStringLiteral("*.cpp")};
     QStringList found;
     int files = 0;
     QDirIterator it(root + folder, patterns, QDir::Files, QDirIterator::Subdirectories);
@@ -70,16 +70,20 @@ void TestQmlVersions::importsAreOldEnough()
     QFETCH(QString, folder);
     const QString fault = faults(folder, [](const QString &line) {
         static const QRegularExpression import(
-            QStringLiteral("^import (Qt[A-Za-z.]*) ([0-9]+)\\.([0-9]+)"));
+            QStringLiteral("\\bimport (Qt[A-Za-z.]* [0-9]+)\\.([0-9]+)"));
         // The newest versions that come with Qt 5.12.
         static const QHash<QString, int> newest{
-            {QStringLiteral("QtQml"), 12},           {QStringLiteral("QtQml.Models"), 12},
-            {QStringLiteral("QtQuick"), 12},         {QStringLiteral("QtQuick.Controls"), 5},
-            {QStringLiteral("QtQuick.Layouts"), 12}, {QStringLiteral("QtQuick.Window"), 12}};
-        const auto match = import.match(line);
-        return match.hasMatch()
-            && (match.captured(2) != QLatin1String("2")
-                || match.capturedRef(3).toInt() > newest.value(match.captured(1), -1));
+            {QStringLiteral("QtQml 2"), 12},           {QStringLiteral("QtQml.Models 2"), 12},
+            {QStringLiteral("QtQuick 2"), 12},         {QStringLiteral("QtQuick.Controls 2"), 5},
+            {QStringLiteral("QtQuick.Layouts 1"), 12}, {QStringLiteral("QtQuick.Window 2"), 12},
+            {QStringLiteral("QtTest 1"), 12}};
+        auto imports = import.globalMatch(line);
+        while (imports.hasNext()) {
+            const auto match = imports.next();
+            if (match.capturedRef(2).toInt() > newest.value(match.captured(1), -1))
+                return true;
+        }
+        return false;
     });
     QVERIFY2(fault.isEmpty(), qPrintable(fault));
 }

@@ -10,8 +10,7 @@ QtObject {
     property bool isImage: folder.children[0].hasType("image")
     property QtObject context: folder.context
     property string reported
-    property Connections connections: Connections {
-        target: folder.context
-        function onDocumentChanged(document) { reported = document.name; }
-    }
+    Component.onCompleted: folder.context.documentChanged.connect(function (document) {
+        reported = document.name;
+    })
 }
