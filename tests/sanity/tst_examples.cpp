@@ -28,6 +28,7 @@ private Q_SLOTS:
     void keyEventSource();
     void popup();
     void popupAnchorItem();
+    void popupAtTheEdges();
     void propertyEditor();
     void saturationValueBox();
     void treeView();
@@ -229,6 +230,23 @@ void TestExamples::popupAnchorItem()
     QTRY_VERIFY(turned() != first);
     clickAt({3, 3});
     QVERIFY(!popup->isVisible());
+}
+
+void TestExamples::popupAtTheEdges()
+{
+    load("Popup-edges");
+    const QRectF window(0, 0, 320, 240);
+    for (const QPoint &place :
+         {QPoint(10, 10), QPoint(310, 10), QPoint(10, 230), QPoint(310, 230)}) {
+        QTest::mouseClick(m_view->window(), Qt::RightButton, {}, place);
+        QQuickItem *const menu = the("om::controls::Popup");
+        QTRY_COMPARE(menu->opacity(), 1.0);
+        const QRectF area = menu->mapRectToScene(menu->boundingRect());
+        QVERIFY(window.contains(area));
+        QVERIFY(area.adjusted(-1, -1, 1, 1).contains(place));
+        QTest::keyClick(m_view->window(), Qt::Key_Escape);
+        QTRY_VERIFY(!menu->isVisible());
+    }
 }
 
 void TestExamples::propertyEditor()
