@@ -10,12 +10,14 @@ Rectangle {
 
     property alias text: label.text
     property bool checked: false
+    property bool current: false
+    signal entered()
     signal picked()
 
     implicitWidth: 160
     implicitHeight: 30
     radius: 4
-    color: mouse.containsMouse ? Theme.accentSoft : Theme.panel
+    color: current ? Theme.accentSoft : Theme.panel
 
     Label {
         id: label
@@ -41,6 +43,7 @@ Rectangle {
         id: mouse
         anchors.fill: parent
         hoverEnabled: true
+        onEntered: entry.entered()
         onClicked: entry.picked()
     }
 }

@@ -9,8 +9,9 @@ Demo {
     id: demo
 
     title: "PopupAnchorItem"
-    hint: "Press the disc to show the flyout and let it turn: the flyout keeps to its edge, turns along, and "
-          + "changes sides where the window ends. A press outside hides it and still does what it says below."
+    hint: "Switch on “turning”, then press the disc: the flyout keeps to its edge, turns along, and changes sides "
+          + "where the window ends. A press outside hides it and still does what it is meant for; “persistent” "
+          + "leaves it open."
     stageHeight: 340
 
     Item {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick 2.12
+import QtQuick.Window 2.12
 import ombrel.Controls 1.0
 import "../kit"
 
@@ -10,9 +11,31 @@ Demo {
 
     property string season: "Summer"
 
+    // Below the box, or above it where the window ends.
+    function openList() {
+        const bottom = box.mapToItem(null, 0, 38 + list.height).y;
+        const upwards = bottom > Window.height && box.mapToItem(null, 0, -4 - list.height).y >= 0;
+        if (upwards !== (list.hotspot.y > 0)) {
+            list.offset = Qt.point(0, upwards ? -4 : 38);
+            list.hotspot = Qt.point(0, upwards ? list.height : 0);
+        }
+        seasons.current = seasons.entries.indexOf(season);
+        list.open = true;
+    }
+    // With a corner at the pointer: the one that leaves the menu inside the window.
+    function openMenu(x, y) {
+        const place = canvas.mapToItem(null, x, y);
+        menu.offset = Qt.point(x, y);
+        menu.hotspot = Qt.point(place.x + menu.width > Window.width ? menu.width : 0,
+                                place.y + menu.height > Window.height ? Math.min(menu.height, place.y) : 0);
+        actions.current = -1;
+        menu.show();
+    }
+
     title: "Popup"
-    hint: "Open the combo box and pick, press Escape, or press outside: that press is spent on closing. The "
-          + "right mouse button opens the menu where the pointer is. The editors change the combo box's popup."
+    hint: "Open the combo box and pick by pointer or arrow keys, press Escape, or press outside: that press is "
+          + "spent on closing. The right mouse button opens the menu where the pointer is, on the side that has "
+          + "room. The editors change the combo box's popup."
     stageHeight: 300
 
     Label {
@@ -30,7 +53,8 @@ Demo {
         height: 34
         radius: 4
         color: Theme.panel
-        border.color: list.open ? Theme.focus : Theme.strongLine
+        border.width: activeFocus ? 2 : 1
+        border.color: list.open || activeFocus ? Theme.focus : Theme.strongLine
 
         Label {
             x: 12
@@ -47,9 +71,13 @@ Demo {
             color: Theme.softText
             font.pixelSize: 12
         }
+        activeFocusOnTab: true
+        Keys.onSpacePressed: demo.openList()
+        Keys.onDownPressed: demo.openList()
         MouseArea {
             anchors.fill: parent
-            onClicked: list.open = !list.open
+            onPressed: box.forceActiveFocus()
+            onClicked: list.open ? list.open = false : demo.openList()
         }
 
         Popup {
@@ -57,33 +85,27 @@ Demo {
             attachedItem: box
             offset: Qt.point(0, 38)
             width: box.width
-            height: seasons.height + 8
-            onOpenChanged: log.note("openChanged(" + open + ")")
+            height: seasons.height
+            onOpenChanged: {
+                log.note("openChanged(" + open + ")");
+                if (!open)
+                    box.forceActiveFocus();
+            }
             onAccepted: {
                 demo.season = result;
                 log.note("accepted(\"" + result + "\")");
             }
             onRejected: log.note("rejected()")
             onAnimationFinished: log.note("animationFinished()")
+            Keys.onPressed: seasons.press(event)
 
-            Surface {
-                anchors.fill: parent
-                border.color: Theme.strongLine
-                Column {
-                    id: seasons
-                    x: 4
-                    y: 4
-                    width: parent.width - 8
-                    Repeater {
-                        model: ["Spring", "Summer", "Autumn", "Winter"]
-                        MenuEntry {
-                            width: seasons.width
-                            text: modelData
-                            checked: demo.season === modelData
-                            onPicked: list.accept(modelData)
-                        }
-                    }
-                }
+            MenuList {
+                id: seasons
+                width: parent.width
+                height: implicitHeight
+                entries: ["Spring", "Summer", "Autumn", "Winter"]
+                checked: demo.season
+                onPicked: list.accept(text)
             }
         }
     }
@@ -109,42 +131,24 @@ Demo {
         MouseArea {
             anchors.fill: parent
             acceptedButtons: Qt.RightButton
-            onPressed: {
-                menu.offset = Qt.point(mouse.x, mouse.y);
-                menu.show();
-            }
+            onPressed: demo.openMenu(mouse.x, mouse.y)
         }
 
         Popup {
             id: menu
             attachedItem: canvas
             width: 168
-            height: actions.height + 8
+            height: actions.height
             onAccepted: log.note("menu accepted(\"" + result + "\")")
             onRejected: log.note("menu rejected()")
+            Keys.onPressed: actions.press(event)
 
-            Surface {
-                anchors.fill: parent
-                border.color: Theme.strongLine
-                Column {
-                    id: actions
-                    x: 4
-                    y: 4
-                    width: parent.width - 8
-                    Repeater {
-                        model: ["Cut", "Copy", "Paste"]
-                        MenuEntry {
-                            width: actions.width
-                            text: modelData
-                            onPicked: menu.accept(modelData)
-                        }
-                    }
-                    MenuEntry {
-                        width: actions.width
-                        text: "Dismiss"
-                        onPicked: menu.reject()
-                    }
-                }
+            MenuList {
+                id: actions
+                width: parent.width
+                height: implicitHeight
+                entries: ["Cut", "Copy", "Paste", "Dismiss"]
+                onPicked: text === "Dismiss" ? menu.reject() : menu.accept(text)
             }
         }
     }
