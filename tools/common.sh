@@ -35,10 +35,12 @@ need() {
     say "installing $*"
     as_root=
     [ "$(id -u)" -eq 0 ] || as_root=sudo
-    export DEBIAN_FRONTEND=noninteractive
-    $as_root apt-get update -q </dev/null >/dev/null || die "the package lists cannot be read"
-    $as_root apt-get install -y -q --no-install-recommends "$@" </dev/null >/dev/null \
-        || die "the packages cannot be installed"
+    # sudo passes no variables on.
+    apt="$as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y"
+    said=$($apt update 2>&1 </dev/null) \
+        || { printf '%s\n' "$said"; die "the package lists cannot be read"; }
+    said=$($apt install --no-install-recommends "$@" 2>&1 </dev/null) \
+        || { printf '%s\n' "$said"; die "the packages cannot be installed"; }
 }
 
 # count_steps: reads what ninja says and shows only how many of its steps are done, on a terminal
