@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/Pixels.h"
+#include "tests/support/Screen.h"
+
+#include <QPainter>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QRasterWindow>
+#include <QSGSimpleRectNode>
+#include <QTest>
+
+using namespace support;
+
+namespace {
+
+/// Shows one colour, and a new one only when it is asked to.
+class Sheet : public QRasterWindow
+{
+public:
+    QColor color = Qt::red;
+
+protected:
+    void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(0, 0, 50, 50, color); }
+};
+
+/// Takes a new colour over only when it is told to mark its node.
+class SilentItem : public QQuickItem
+{
+public:
+    explicit SilentItem(QQuickItem *parent)
+        : QQuickItem(parent)
+    {
+        setFlag(ItemHasContents);
+        setSize({50, 50});
+    }
+    QColor color = Qt::red;
+    bool marks = false;
+
+protected:
+    QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *) override
+    {
+        auto *node = static_cast<Node *>(oldNode);
+        if (!node) {
+            node = new Node;
+            node->setRect(0, 0, 50, 50);
+            node->setColor(color);
+        }
+        if (marks) {
+            node->setColor(color);
+        }
+        return node;
+    }
+
+private:
+    using Node = QSGSimpleRectNode;
+};
+
+} // namespace
+
+/// The helpers that look at windows from outside see what a grab does not.
+class TestScreen : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void screenShowsOnlyWhatWasPainted();
+    void framesAreCountedWhenTheyCome();
+};
+
+void TestScreen::screenShowsOnlyWhatWasPainted()
+{
+    Sheet sheet;
+    pinToScreen(&sheet);
+    sheet.resize(50, 50);
+    sheet.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&sheet));
+    QTRY_COMPARE(pixelError(screenPixels(&sheet), {25, 25}, Qt::red), QString());
+    QCOMPARE(screenPixels(&sheet).size(), QSize(50, 50));
+    sheet.color = Qt::blue;
+    QTest::qWait(100);
+    QVERIFY(!pixelError(screenPixels(&sheet), {25, 25}, Qt::blue).isEmpty());
+    sheet.update();
+    QTRY_COMPARE(pixelError(screenPixels(&sheet), {25, 25}, Qt::blue), QString());
+}
+
+void TestScreen::framesAreCountedWhenTheyCome()
+{
+    QQuickWindow window;
+    pinToScreen(&window);
+    window.resize(50, 50);
+    auto *item = new SilentItem(window.contentItem());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    FrameCounter frames(&window);
+    frames.settle();
+    QTRY_COMPARE(pixelError(screenPixels(&window), {25, 25}, Qt::red), QString());
+
+    frames.reset();
+    item->color = Qt::blue;
+    frames.settle();
+    QCOMPARE(frames.count(), 0);
+    QVERIFY(!pixelError(screenPixels(&window), {25, 25}, Qt::blue).isEmpty());
+
+    item->marks = true;
+    item->update();
+    QTRY_VERIFY(frames.count() > 0);
+    QTRY_COMPARE(pixelError(screenPixels(&window), {25, 25}, Qt::blue), QString());
+}
+
+QTEST_MAIN(TestScreen)
+#include "tst_screen.moc"
