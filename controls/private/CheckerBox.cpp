@@ -3,12 +3,7 @@
 
 #include "controls/private/CheckerBox.h"
 
-#include "controls/scenegraph/CheckerBoxShader.h"
-#include "controls/scenegraph/CheckerVertices.h"
-
-#include <QSGGeometryNode>
-
-#include <algorithm>
+#include "controls/scenegraph/CheckerBoxNode.h"
 
 namespace om::controls {
 
@@ -20,29 +15,23 @@ enum DirtyFlag {
     DirtyAll = DirtyGeometry | DirtyParameters
 };
 
-QSGGeometryNode *createNode()
-{
-    // The scene graph owns the node (through its parent node); the node owns the rest.
-    auto *node = new QSGGeometryNode;
-    auto *geometry = new QSGGeometry(checkerAttributes(), 4, 0, QSGGeometry::UnsignedShortType);
-    geometry->setDrawingMode(QSGGeometry::DrawTriangleStrip);
-    node->setGeometry(geometry);
-    node->setMaterial(CheckerBoxShader::createMaterial());
-    node->setFlags(QSGNode::OwnedByParent | QSGNode::OwnsGeometry | QSGNode::OwnsMaterial);
-    return node;
-}
-
 } // namespace
 
 class CheckerBox::Private
 {
 public:
-    void markDirty(CheckerBox *q, DirtyFlag flag)
+    explicit Private(CheckerBox *box)
+        : q(box)
+    {
+    }
+
+    void markDirty(DirtyFlag flag)
     {
         dirty |= flag;
         q->update();
     }
 
+    CheckerBox *const q;
     int dirty = DirtyAll;
     int checkerSize = 8;
     QColor lightColor = Qt::lightGray;
@@ -51,7 +40,7 @@ public:
 
 CheckerBox::CheckerBox(QQuickItem *parent)
     : QQuickItem(parent)
-    , d(std::make_unique<Private>())
+    , d(std::make_unique<Private>(this))
 {
     setFlag(ItemHasContents);
 }
@@ -70,8 +59,8 @@ void CheckerBox::setCheckerSize(int size)
         return;
     }
     d->checkerSize = clamped;
+    d->markDirty(DirtyParameters);
     Q_EMIT checkerSizeChanged();
-    d->markDirty(this, DirtyParameters);
 }
 
 QColor CheckerBox::lightColor() const
@@ -85,8 +74,8 @@ void CheckerBox::setLightColor(const QColor &color)
         return;
     }
     d->lightColor = color;
+    d->markDirty(DirtyParameters);
     Q_EMIT lightColorChanged();
-    d->markDirty(this, DirtyParameters);
 }
 
 QColor CheckerBox::darkColor() const
@@ -100,37 +89,30 @@ void CheckerBox::setDarkColor(const QColor &color)
         return;
     }
     d->darkColor = color;
+    d->markDirty(DirtyParameters);
     Q_EMIT darkColorChanged();
-    d->markDirty(this, DirtyParameters);
 }
 
 void CheckerBox::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
-    d->markDirty(this, DirtyGeometry);
+    d->markDirty(DirtyGeometry);
     QQuickItem::geometryChanged(newGeometry, oldGeometry);
 }
 
 QSGNode *CheckerBox::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
-    auto *node = static_cast<QSGGeometryNode *>(oldNode);
+    auto *node = static_cast<CheckerBoxNode *>(oldNode);
     if (!node) {
-        node = createNode();
+        // The scene graph owns the node.
+        node = new CheckerBoxNode;
         // Not only the first time: the window may have thrown its scene graph away.
         d->dirty = DirtyAll;
     }
     if (d->dirty & DirtyGeometry) {
-        const auto vertices = checkerVertices(width(), height());
-        std::copy(vertices.begin(), vertices.end(),
-                  static_cast<CheckerVertex *>(node->geometry()->vertexData()));
-        node->markDirty(QSGNode::DirtyGeometry);
+        node->setSize(width(), height());
     }
     if (d->dirty & DirtyParameters) {
-        // The material is not marked dirty: its shader reads all of this whenever it draws.
-        CheckerParams *params =
-            static_cast<QSGSimpleMaterial<CheckerParams> *>(node->material())->state();
-        params->size = static_cast<float>(d->checkerSize);
-        params->light = d->lightColor;
-        params->dark = d->darkColor;
+        node->setSquares(d->checkerSize, d->lightColor, d->darkColor);
     }
     d->dirty = 0;
     return node;

@@ -11,7 +11,7 @@ namespace om::controls {
 /// state: no other shader may use this one.
 struct CheckerParams
 {
-    float size; ///< Pixels along the edge of a square.
+    float size = 0; ///< Pixels along the edge of a square.
     QColor light;
     QColor dark; ///< The colour of the square in the top left corner.
 };

@@ -10,7 +10,7 @@
 namespace om::controls {
 
 /// Draws lines of one colour with dashes cut by the fragment's place in the window: of each ten
-/// pixels, counted as x + y, six are drawn.
+/// pixels, counted as x + y, seven are drawn (0 to 6, both included) and three left out.
 class DashedLineShader : public QSGSimpleMaterialShader<DashedLine>
 {
     QSG_DECLARE_SIMPLE_SHADER(DashedLineShader, DashedLine)

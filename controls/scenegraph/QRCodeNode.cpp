@@ -23,16 +23,10 @@ float qrSamplingRadius(qreal width, qreal scale)
 }
 
 QRCodeNode::QRCodeNode()
-    : m_material(QRCodeShader::createMaterial())
+    : StripNode(QSGGeometry::defaultAttributes_TexturedPoint2D(), 4, QRCodeShader::createMaterial())
+    , m_material(static_cast<QSGSimpleMaterialComparableMaterial<QRData> *>(material()))
 {
-    auto *geometry = new QSGGeometry(QSGGeometry::defaultAttributes_TexturedPoint2D(), 4);
-    geometry->setDrawingMode(QSGGeometry::DrawTriangleStrip);
-    setGeometry(geometry);
-    setFlag(OwnsGeometry);
-
     m_material->setFlag(QSGMaterial::Blending);
-    setMaterial(m_material);
-    setFlag(OwnsMaterial);
 }
 
 QRCodeNode::~QRCodeNode()

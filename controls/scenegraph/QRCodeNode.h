@@ -4,9 +4,9 @@
 #pragma once
 
 #include "controls/scenegraph/QRData.h"
+#include "controls/scenegraph/StripNode.h"
 
 #include <QRectF>
-#include <QSGGeometryNode>
 #include <QSGSimpleMaterial>
 
 namespace om::controls {
@@ -20,8 +20,8 @@ QRectF qrSourceRect(int moduleCount, bool smoothed);
 /// the scene is \a scale: half a pixel of the scene.
 float qrSamplingRadius(qreal width, qreal scale);
 
-/// Draws a texture of modules as one quad. Owns its geometry, its material and the texture.
-class QRCodeNode : public QSGGeometryNode
+/// Draws a texture of modules as one quad. Owns the texture, too.
+class QRCodeNode : public StripNode
 {
 public:
     QRCodeNode();
@@ -37,7 +37,7 @@ public:
     const QRData *state() const { return m_material->state(); }
 
 private:
-    QSGSimpleMaterialComparableMaterial<QRData> *m_material; ///< Freed by the base class.
+    QSGSimpleMaterialComparableMaterial<QRData> *const m_material; ///< Freed by the base class.
 };
 
 } // namespace om::controls

@@ -3,12 +3,10 @@
 
 #include "controls/visuals/FrameItem.h"
 
-#include "controls/scenegraph/FrameVertices.h"
+#include "controls/scenegraph/FrameNode.h"
 
-#include <QSGFlatColorMaterial>
-#include <QSGGeometryNode>
+#include <QPointer>
 
-#include <algorithm>
 #include <cmath>
 
 namespace om::controls {
@@ -85,38 +83,32 @@ void FrameItem::setRect(const QRectF &rect)
     if (!isFinite(rect) || isSame(rect, d->rect)) {
         return;
     }
-    setPosition(rect.topLeft());
-    setSize(rect.size());
     d->rect = rect;
     // Without update(): a new size brings the next synchronisation here, a new place alone does not
     // change the vertices.
     d->dirty |= DirtyGeometry;
+    // Both announce what they change, and a handler may delete the Frame.
+    const QPointer<FrameItem> item(this);
+    setPosition(rect.topLeft());
+    if (item) {
+        setSize(rect.size());
+    }
 }
 
 QSGNode *FrameItem::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
-    auto *node = static_cast<QSGGeometryNode *>(oldNode);
+    auto *node = static_cast<FrameNode *>(oldNode);
     if (!node) {
-        // The scene graph owns the node; the node owns its geometry and its material.
-        node = new QSGGeometryNode;
-        auto *geometry = new QSGGeometry(QSGGeometry::defaultAttributes_Point2D(), 10, 0,
-                                         QSGGeometry::UnsignedShortType);
-        geometry->setDrawingMode(QSGGeometry::DrawTriangleStrip);
-        node->setGeometry(geometry);
-        node->setFlag(QSGNode::OwnsGeometry);
-        node->setMaterial(new QSGFlatColorMaterial);
-        node->setFlag(QSGNode::OwnsMaterial);
+        // The scene graph owns the node.
+        node = new FrameNode;
         // Not only the first time: the window may have thrown its scene graph away.
         d->dirty = DirtyAll;
     }
     if (d->dirty & DirtyGeometry) {
-        const auto vertices = frameVertices(width(), height(), d->frameWidth);
-        std::copy(vertices.begin(), vertices.end(), node->geometry()->vertexDataAsPoint2D());
-        node->markDirty(QSGNode::DirtyGeometry);
+        node->setRing(width(), height(), d->frameWidth);
     }
     if (d->dirty & DirtyColor) {
-        static_cast<QSGFlatColorMaterial *>(node->material())->setColor(d->color);
-        node->markDirty(QSGNode::DirtyMaterial);
+        node->setColor(d->color);
     }
     d->dirty = 0;
     return node;

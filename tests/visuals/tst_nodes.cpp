@@ -15,7 +15,9 @@
 #include <QSGVertexColorMaterial>
 #include <QTest>
 
+#include <cstring>
 #include <memory>
+#include <new>
 
 using namespace om::controls;
 
@@ -34,6 +36,7 @@ private Q_SLOTS:
     void onlyWhatIsDirtyIsRefreshed();
     void everythingIsSetAgainOnANewNode();
     void shadersShareNoMaterialType();
+    void checkerParamsBeginWithNoSize();
 };
 
 namespace {
@@ -248,6 +251,16 @@ void TestNodes::shadersShareNoMaterialType()
     const std::unique_ptr<QSGMaterial> dashed(DashedLineShader::createMaterial());
     const std::unique_ptr<QSGMaterial> checkered(CheckerBoxShader::createMaterial());
     QVERIFY(dashed->type() != checkered->type());
+}
+
+/// A material begins with the state as its type makes it, in memory that held something else.
+void TestNodes::checkerParamsBeginWithNoSize()
+{
+    alignas(CheckerParams) unsigned char memory[sizeof(CheckerParams)];
+    std::memset(memory, 0x7f, sizeof memory);
+    auto *params = new (memory) CheckerParams;
+    QCOMPARE(params->size, 0.0f);
+    params->~CheckerParams();
 }
 
 QTEST_MAIN(TestNodes)
