@@ -5,10 +5,9 @@
 
 #include "controls/private/Marker.h"
 #include "controls/private/PickerArithmetic.h"
-#include "controls/scenegraph/HueVertices.h"
+#include "controls/scenegraph/HueNode.h"
 
-#include <QSGGeometryNode>
-#include <QSGVertexColorMaterial>
+#include <QPointer>
 
 namespace om::controls {
 
@@ -48,7 +47,12 @@ void HueBox::setHue(int hue)
         return;
     }
     d->hue = clamped;
+    // A handler still sees the slider at the old place, and it may delete the box.
+    const QPointer<HueBox> box(this);
     Q_EMIT hueChanged();
+    if (!box) {
+        return;
+    }
     if (QQuickItem *slider = d->slider.item()) {
         slider->setX(width() * d->hue / 359);
     }
@@ -61,22 +65,28 @@ QQmlComponent *HueBox::sliderDelegate() const
 
 void HueBox::setSliderDelegate(QQmlComponent *delegate)
 {
-    d->slider.setDelegate(
-        delegate, "Slider delegate must be a quick item",
-        [this] { Q_EMIT sliderDelegateChanged(); },
-        [this](QQuickItem *slider) {
-            slider->setY(height() * 0.5);
-            // The hue itself, not hue / 359: a new slider stands far to the right unless the hue is
-            // 0, until the hue changes. Deliberate.
-            slider->setX(d->hue * width());
-        });
+    if (!d->slider.take(delegate)) {
+        return;
+    }
+    const QPointer<HueBox> box(this);
+    Q_EMIT sliderDelegateChanged();
+    if (!box) {
+        return;
+    }
+    if (d->slider.create(delegate, "Slider delegate must be a quick item")) {
+        // There it stays until the hue changes.
+        d->slider.placeByHue(d->hue);
+    }
 }
 
 void HueBox::mousePressEvent(QMouseEvent *event)
 {
+    const QPointer<HueBox> box(this);
     forceActiveFocus();
-    grabMouse();
-    mouseMoveEvent(event);
+    if (box) {
+        grabMouse();
+        mouseMoveEvent(event);
+    }
 }
 
 void HueBox::mouseMoveEvent(QMouseEvent *event)
@@ -92,29 +102,23 @@ void HueBox::mouseReleaseEvent(QMouseEvent *)
 void HueBox::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
     update();
+    const QPointer<HueBox> box(this);
     // Its x stays where it is until the hue changes.
     if (QQuickItem *slider = d->slider.item()) {
         slider->setY(height() * 0.5);
     }
-    QQuickItem::geometryChanged(newGeometry, oldGeometry);
+    if (box) {
+        QQuickItem::geometryChanged(newGeometry, oldGeometry);
+    }
 }
 
 QSGNode *HueBox::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
-    auto *node = static_cast<QSGGeometryNode *>(oldNode);
+    auto *node = static_cast<HueNode *>(oldNode);
     if (!node) {
-        // The scene graph owns the node (through its parent node); the node owns the rest.
-        node = new QSGGeometryNode;
-        auto *geometry =
-            new QSGGeometry(QSGGeometry::defaultAttributes_ColoredPoint2D(), hueVertexCount);
-        geometry->setDrawingMode(QSGGeometry::DrawTriangleStrip);
-        setHueColors(geometry->vertexDataAsColoredPoint2D());
-        node->setGeometry(geometry);
-        node->setMaterial(new QSGVertexColorMaterial);
-        node->setFlags(QSGNode::OwnedByParent | QSGNode::OwnsGeometry | QSGNode::OwnsMaterial);
+        node = new HueNode; // The scene graph owns it.
     }
-    setHuePositions(node->geometry()->vertexDataAsColoredPoint2D(), width(), height());
-    node->markDirty(QSGNode::DirtyGeometry);
+    node->setSize(width(), height());
     return node;
 }
 

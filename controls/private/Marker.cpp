@@ -24,40 +24,53 @@ QQuickItem *Marker::item() const
     return m_item;
 }
 
-void Marker::setDelegate(QQmlComponent *delegate, const char *warning,
-                         const std::function<void()> &changed,
-                         const std::function<void(QQuickItem *)> &place)
+bool Marker::take(QQmlComponent *delegate)
 {
-    if (m_delegate == delegate) {
-        return;
+    // A component that was destroyed reads null but has left its item: null takes that away.
+    const bool orphaned = !m_delegate && m_item;
+    if (m_delegate == delegate && !orphaned) {
+        return false;
     }
     if (m_item) {
         m_item->deleteLater();
         m_item = nullptr;
     }
     m_delegate = delegate;
-    changed();
-    // A handler of that signal may have set another delegate, which then has its item already.
+    return true;
+}
+
+bool Marker::create(QQmlComponent *delegate, const char *warning)
+{
     if (!delegate || m_delegate != delegate) {
-        return;
+        return false;
     }
+    const QPointer<QQuickItem> box(m_box);
     QObject *const object = delegate->create(qmlContext(m_box));
-    auto *const item = qobject_cast<QQuickItem *>(object);
+    const QPointer<QQuickItem> item(qobject_cast<QQuickItem *>(object));
     if (!item) {
         delete object;
         qCWarning(lcControls, "%s", warning);
-        return;
+        return false;
     }
-    if (m_delegate != delegate) {
-        // What the component ran while it was completed has set another one.
+    if (!box || m_delegate != delegate) {
+        // What the component ran while it was completed has deleted the box or set another one.
         item->deleteLater();
-        return;
+        return false;
     }
     m_item = item;
-    item->setParent(m_box);
-    item->setParentItem(m_box);
-    if (m_item) {
-        place(m_item);
+    item->setParent(box);
+    item->setParentItem(box);
+    return box && item;
+}
+
+void Marker::placeByHue(int hue)
+{
+    const QPointer<QQuickItem> item(m_item);
+    const qreal x = hue * m_box->width();
+    item->setY(m_box->height() * 0.5);
+    // A handler of the item's may have deleted the box: what is needed of it was read before.
+    if (item) {
+        item->setX(x);
     }
 }
 

@@ -7,27 +7,35 @@
 #include <QQmlComponent>
 #include <QQuickItem>
 
-#include <functional>
-
 namespace om::controls {
 
 /// The marker of one of a colour picker's boxes, made from the component that the application
 /// gives. The box owns the item; it may be destroyed by others at any time.
+///
+/// A box that gets another component calls take(), announces the change, and calls create(). What
+/// both run of the application may delete the box, and the marker's record with it.
 class Marker
 {
 public:
     explicit Marker(QQuickItem *box);
 
+    /// The component; null once it was destroyed.
     QQmlComponent *delegate() const;
     /// The item; null without a delegate, and when the delegate makes no item.
     QQuickItem *item() const;
 
-    /// Takes \a delegate instead of the present one: discards the item (later), calls \a changed,
-    /// and makes a new item, which \a place puts where it belongs. Warns with \a warning when what
-    /// the component makes is not an item.
-    void setDelegate(QQmlComponent *delegate, const char *warning,
-                     const std::function<void()> &changed,
-                     const std::function<void(QQuickItem *)> &place);
+    /// Stores \a delegate instead of the present component and discards the item (later). Returns
+    /// false, and changes nothing, when \a delegate is the present one.
+    bool take(QQmlComponent *delegate);
+
+    /// Makes the item, in the box, unless another component than \a delegate was taken since. Warns
+    /// with \a warning when what the component makes is not an item. Returns true when the box is
+    /// still there and has got the item.
+    bool create(QQmlComponent *delegate, const char *warning);
+
+    /// Puts the item to half the height of the box, and \a hue times its width to the right: the
+    /// hue itself, not its part of 359, so the place is far outside for any hue but 0.
+    void placeByHue(int hue);
 
 private:
     QQuickItem *const m_box;

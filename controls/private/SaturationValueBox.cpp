@@ -5,12 +5,9 @@
 
 #include "controls/private/Marker.h"
 #include "controls/private/PickerArithmetic.h"
-#include "controls/scenegraph/SaturationValueVertices.h"
+#include "controls/scenegraph/SaturationValueNode.h"
 
-#include <QSGGeometryNode>
-#include <QSGVertexColorMaterial>
-
-#include <algorithm>
+#include <QPointer>
 
 namespace om::controls {
 
@@ -32,11 +29,18 @@ public:
     Marker crossHair;
 };
 
+/// The item announces both coordinates, and a handler may delete it or the box: callers that go on
+/// from here hold a guard, too.
 void SaturationValueBox::Private::placeCrossHair()
 {
-    if (QQuickItem *item = crossHair.item()) {
-        item->setX(q->width() * value / 255);
-        item->setY(q->height() * (1 - saturation / 255.0));
+    const QPointer<QQuickItem> item(crossHair.item());
+    if (!item) {
+        return;
+    }
+    const qreal y = q->height() * (1 - saturation / 255.0);
+    item->setX(q->width() * value / 255);
+    if (item) {
+        item->setY(y);
     }
 }
 
@@ -62,8 +66,8 @@ void SaturationValueBox::setHue(int hue)
         return;
     }
     d->hue = clamped;
-    Q_EMIT hueChanged();
     update();
+    Q_EMIT hueChanged();
 }
 
 int SaturationValueBox::saturation() const
@@ -78,8 +82,12 @@ void SaturationValueBox::setSaturation(int saturation)
         return;
     }
     d->saturation = clamped;
+    // A handler still sees the cross-hair at the old place, and it may delete the box.
+    const QPointer<SaturationValueBox> box(this);
     Q_EMIT saturationChanged();
-    d->placeCrossHair();
+    if (box) {
+        d->placeCrossHair();
+    }
 }
 
 int SaturationValueBox::value() const
@@ -94,8 +102,12 @@ void SaturationValueBox::setValue(int value)
         return;
     }
     d->value = clamped;
+    // As with the saturation.
+    const QPointer<SaturationValueBox> box(this);
     Q_EMIT valueChanged();
-    d->placeCrossHair();
+    if (box) {
+        d->placeCrossHair();
+    }
 }
 
 QQmlComponent *SaturationValueBox::crossHairDelegate() const
@@ -105,24 +117,41 @@ QQmlComponent *SaturationValueBox::crossHairDelegate() const
 
 void SaturationValueBox::setCrossHairDelegate(QQmlComponent *delegate)
 {
-    d->crossHair.setDelegate(
-        delegate, "Crosshair delegate must be a quick item",
-        [this] { Q_EMIT crossHairDelegateChanged(); },
-        [this](QQuickItem *) { d->placeCrossHair(); });
+    if (!d->crossHair.take(delegate)) {
+        return;
+    }
+    const QPointer<SaturationValueBox> box(this);
+    Q_EMIT crossHairDelegateChanged();
+    if (!box) {
+        return;
+    }
+    if (d->crossHair.create(delegate, "Crosshair delegate must be a quick item")) {
+        // First where a slider would be: the item sees both places.
+        d->crossHair.placeByHue(d->hue);
+        if (box) {
+            d->placeCrossHair();
+        }
+    }
 }
 
 void SaturationValueBox::mousePressEvent(QMouseEvent *event)
 {
+    const QPointer<SaturationValueBox> box(this);
     forceActiveFocus();
-    grabMouse();
-    mouseMoveEvent(event);
+    if (box) {
+        grabMouse();
+        mouseMoveEvent(event);
+    }
 }
 
 void SaturationValueBox::mouseMoveEvent(QMouseEvent *event)
 {
     const QPointF position = event->localPos();
+    const QPointer<SaturationValueBox> box(this);
     setValue(valueAt(position.x(), width()));
-    setSaturation(saturationAt(position.y(), height()));
+    if (box) {
+        setSaturation(saturationAt(position.y(), height()));
+    }
 }
 
 void SaturationValueBox::mouseReleaseEvent(QMouseEvent *)
@@ -133,25 +162,20 @@ void SaturationValueBox::mouseReleaseEvent(QMouseEvent *)
 void SaturationValueBox::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
     update();
+    const QPointer<SaturationValueBox> box(this);
     d->placeCrossHair();
-    QQuickItem::geometryChanged(newGeometry, oldGeometry);
+    if (box) {
+        QQuickItem::geometryChanged(newGeometry, oldGeometry);
+    }
 }
 
 QSGNode *SaturationValueBox::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
-    auto *node = static_cast<QSGGeometryNode *>(oldNode);
+    auto *node = static_cast<SaturationValueNode *>(oldNode);
     if (!node) {
-        // The scene graph owns the node (through its parent node); the node owns the rest.
-        node = new QSGGeometryNode;
-        auto *geometry = new QSGGeometry(QSGGeometry::defaultAttributes_ColoredPoint2D(), 4);
-        geometry->setDrawingMode(QSGGeometry::DrawTriangleStrip);
-        node->setGeometry(geometry);
-        node->setMaterial(new QSGVertexColorMaterial);
-        node->setFlags(QSGNode::OwnedByParent | QSGNode::OwnsGeometry | QSGNode::OwnsMaterial);
+        node = new SaturationValueNode; // The scene graph owns it.
     }
-    const auto vertices = saturationValueVertices(d->hue, width(), height());
-    std::copy(vertices.begin(), vertices.end(), node->geometry()->vertexDataAsColoredPoint2D());
-    node->markDirty(QSGNode::DirtyGeometry);
+    node->setSquare(d->hue, width(), height());
     return node;
 }
 

@@ -39,14 +39,15 @@ void DashedBorder::setBorderColor(const QColor &color)
         return;
     }
     d->borderColor = color;
-    Q_EMIT borderColorChanged();
     update();
+    Q_EMIT borderColorChanged();
 }
 
 void DashedBorder::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
-    QQuickItem::geometryChanged(newGeometry, oldGeometry);
     update();
+    // Last, because it emits: a handler may delete the item.
+    QQuickItem::geometryChanged(newGeometry, oldGeometry);
 }
 
 QSGNode *DashedBorder::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)

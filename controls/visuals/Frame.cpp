@@ -100,7 +100,8 @@ void Frame::componentComplete()
 
 void Frame::itemChange(ItemChange change, const ItemChangeData &value)
 {
-    // The base is deliberately not called: it would only emit windowChanged().
+    // The base is not called: all it would do is to emit windowChanged(), which a Frame never
+    // does.
     if (change == ItemVisibleHasChanged) {
         d->ring->setVisible(value.boolValue);
     } else if (change == ItemOpacityHasChanged) {

@@ -8,6 +8,7 @@
 
 #include <QImage>
 #include <QLineF>
+#include <QPointer>
 #include <QQuickWindow>
 #include <QSGTexture>
 #include <QtDebug>
@@ -85,15 +86,21 @@ void QRCode::Private::encode()
     q->update();
     if (count != moduleCount) {
         moduleCount = count;
-        updateImplicitSize();
         changes |= GeometryChange;
+        updateImplicitSize();
     }
 }
 
+/// Both extents announce themselves, and a handler may delete the item: callers that go on from
+/// here hold a guard, too.
 void QRCode::Private::updateImplicitSize()
 {
-    q->setImplicitWidth(moduleSize * moduleCount);
-    q->setImplicitHeight(moduleSize * moduleCount);
+    const QPointer<QRCode> item(q);
+    const int extent = moduleSize * moduleCount;
+    q->setImplicitWidth(extent);
+    if (item) {
+        item->setImplicitHeight(extent);
+    }
 }
 
 QRCode::QRCode(QQuickItem *parent)
@@ -116,8 +123,12 @@ void QRCode::setUrl(const QUrl &url)
     if (!url.isValid() || url == d->url)
         return;
     d->url = url;
+    // A handler still sees the size of the old code, and it may delete the item.
+    const QPointer<QRCode> item(this);
     Q_EMIT urlChanged(url);
-    d->encode();
+    if (item) {
+        d->encode();
+    }
 }
 
 int QRCode::moduleSize() const
@@ -136,8 +147,11 @@ void QRCode::setModuleSize(int moduleSize)
         return;
     d->moduleSize = moduleSize;
     // Nothing to repaint: what is drawn changes only if the item's geometry does.
+    const QPointer<QRCode> item(this);
     d->updateImplicitSize();
-    Q_EMIT moduleSizeChanged(moduleSize);
+    if (item) {
+        Q_EMIT moduleSizeChanged(moduleSize);
+    }
 }
 
 QColor QRCode::darkColor() const
@@ -150,9 +164,9 @@ void QRCode::setDarkColor(const QColor &color)
     if (color == d->dark)
         return;
     d->dark = color;
-    Q_EMIT darkColorChanged(color);
     d->changes |= Private::DarkChange;
     update();
+    Q_EMIT darkColorChanged(color);
 }
 
 QColor QRCode::lightColor() const
@@ -165,16 +179,17 @@ void QRCode::setLightColor(const QColor &color)
     if (color == d->light)
         return;
     d->light = color;
-    Q_EMIT lightColorChanged(color);
     d->changes |= Private::LightChange;
     update();
+    Q_EMIT lightColorChanged(color);
 }
 
 void QRCode::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
-    QQuickItem::geometryChanged(newGeometry, oldGeometry);
     // Without update(): where it matters, the base class asks for a repaint.
     d->changes |= Private::GeometryChange;
+    // Last, because it emits: a handler may delete the item.
+    QQuickItem::geometryChanged(newGeometry, oldGeometry);
 }
 
 QSGNode *QRCode::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)

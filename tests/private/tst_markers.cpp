@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/QmlView.h"
+#include "tests/support/SignalRecorder.h"
+
+#include <QPointer>
+#include <QQmlComponent>
+#include <QTest>
+
+using namespace support;
+
+/// The markers of the picker's boxes: the order in which they are placed, and how they go.
+class TestMarkers : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void everyStepOfThePlacement_data();
+    void everyStepOfThePlacement();
+    void removedAfterItsComponent_data();
+    void removedAfterItsComponent();
+    void nullWithoutAMarkerIsNoChange_data();
+    void nullWithoutAMarkerIsNoChange();
+
+private:
+    void boxRows();
+    QScopedPointer<QmlView> m_view;
+};
+
+void TestMarkers::init()
+{
+    m_view.reset(new QmlView);
+    m_view->loadFile(QStringLiteral("data/markers.qml"));
+}
+
+void TestMarkers::everyStepOfThePlacement_data()
+{
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("property");
+    QTest::addColumn<QString>("steps");
+    // Half the height, then the hue as such times the width, for both.
+    QTest::newRow("strip") << "strip"
+                           << "sliderDelegate"
+                           << "y 10 x 5400";
+    // The cross-hair goes on from there.
+    QTest::newRow("square") << "square"
+                            << "crossHairDelegate"
+                            << "y 40 x 2000 x 40 y 16";
+}
+
+void TestMarkers::everyStepOfThePlacement()
+{
+    QFETCH(QString, box);
+    QFETCH(QString, property);
+    QFETCH(QString, steps);
+    evaluate(m_view->item(box.toLatin1()), property + QStringLiteral(" = noted"));
+    QCOMPARE(evaluate(m_view->root(), QStringLiteral("notes.join(' ')")).toString(), steps);
+}
+
+void TestMarkers::boxRows()
+{
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QByteArray>("property");
+    QTest::newRow("strip") << "strip" << QByteArray("sliderDelegate");
+    QTest::newRow("square") << "square" << QByteArray("crossHairDelegate");
+}
+
+void TestMarkers::removedAfterItsComponent_data()
+{
+    boxRows();
+}
+
+/// The property reads null once the component is gone, so null is not the value that made the
+/// marker: setting it takes the marker away.
+void TestMarkers::removedAfterItsComponent()
+{
+    QFETCH(QString, box);
+    QFETCH(QByteArray, property);
+    QQuickItem *item = m_view->item(box.toLatin1());
+    auto component = std::make_unique<QQmlComponent>(m_view->engine());
+    component->setData("import QtQuick 2.12\nItem {}", QUrl());
+    item->setProperty(property, QVariant::fromValue(component.get()));
+    const QPointer<QQuickItem> marker = item->childItems().value(0);
+    QVERIFY(marker);
+    SignalRecorder recorder;
+    recorder.watch(item, QString(), {QString::fromLatin1(property) + QStringLiteral("Changed")});
+    component.reset();
+    QVERIFY(marker);
+    evaluate(item, QString::fromLatin1(property) + QStringLiteral(" = null"));
+    QVERIFY(marker); // Later, as ever.
+    QTRY_VERIFY(!marker);
+    QCOMPARE(recorder.take().size(), 1);
+    evaluate(item, QString::fromLatin1(property) + QStringLiteral(" = null"));
+    QCOMPARE(recorder.take().size(), 0);
+}
+
+void TestMarkers::nullWithoutAMarkerIsNoChange_data()
+{
+    boxRows();
+}
+
+void TestMarkers::nullWithoutAMarkerIsNoChange()
+{
+    QFETCH(QString, box);
+    QFETCH(QByteArray, property);
+    QQuickItem *item = m_view->item(box.toLatin1());
+    SignalRecorder recorder;
+    recorder.watch(item, QString(), {QString::fromLatin1(property) + QStringLiteral("Changed")});
+    evaluate(item, QString::fromLatin1(property) + QStringLiteral(" = null"));
+    QCOMPARE(recorder.take().size(), 0);
+}
+
+QTEST_MAIN(TestMarkers)
+#include "tst_markers.moc"
