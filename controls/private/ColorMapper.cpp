@@ -3,24 +3,16 @@
 
 #include "controls/private/ColorMapper.h"
 
+#include <QPointer>
+
 namespace om::controls {
 
 namespace {
 
-struct Hsv
+int hueOf(const QColor &color)
 {
-    int hue;
-    int saturation;
-    int value;
-};
-
-Hsv hsvOf(const QColor &color)
-{
-    Hsv hsv;
-    color.getHsv(&hsv.hue, &hsv.saturation, &hsv.value);
-    // A grey has no hue, which reads as -1.
-    hsv.hue = qBound(0, hsv.hue, 359);
-    return hsv;
+    // A grey has no hue, which reads as -1; a hue made of the real number 1 reads as 360.
+    return qBound(0, color.hsvHue(), 359);
 }
 
 int component(int value)
@@ -38,9 +30,7 @@ public:
     {
     }
 
-    template<typename T>
-    void take(T &view, const T &current, void (ColorMapper::*changed)());
-    void deriveViews();
+    bool deriveViews();
     void updateHsv(int newHue, int newSaturation, int newValue);
     void updateRgb(int newRed, int newGreen, int newBlue, int newAlpha);
 
@@ -56,28 +46,44 @@ public:
     QString hex;
 };
 
-template<typename T>
-void ColorMapper::Private::take(T &view, const T &current, void (ColorMapper::*changed)())
-{
-    if (view == current) {
-        return;
-    }
-    view = current;
-    Q_EMIT(q->*changed)();
-}
-
 /// Each view is read from the colour when its turn comes: a signal before it may have brought a
-/// new colour, whose views must not be overwritten with those of the old one.
-void ColorMapper::Private::deriveViews()
+/// new colour, whose views must not be overwritten with those of the old one. Returns false when a
+/// signal's handler has deleted the mapper.
+bool ColorMapper::Private::deriveViews()
 {
-    take(hue, hsvOf(color).hue, &ColorMapper::hueChanged);
-    take(saturation, hsvOf(color).saturation, &ColorMapper::saturationChanged);
-    take(value, hsvOf(color).value, &ColorMapper::valueChanged);
-    take(red, color.red(), &ColorMapper::redChanged);
-    take(green, color.green(), &ColorMapper::greenChanged);
-    take(blue, color.blue(), &ColorMapper::blueChanged);
-    take(alpha, color.alpha(), &ColorMapper::alphaChanged);
-    take(hex, color.name().mid(1).toUpper(), &ColorMapper::hexChanged);
+    struct Number
+    {
+        int Private::*view;
+        int (*read)(const QColor &color);
+        void (ColorMapper::*changed)();
+    };
+    static constexpr Number numbers[] = {
+        {&Private::hue, hueOf, &ColorMapper::hueChanged},
+        {&Private::saturation, [](const QColor &c) { return c.hsvSaturation(); },
+         &ColorMapper::saturationChanged},
+        {&Private::value, [](const QColor &c) { return c.value(); }, &ColorMapper::valueChanged},
+        {&Private::red, [](const QColor &c) { return c.red(); }, &ColorMapper::redChanged},
+        {&Private::green, [](const QColor &c) { return c.green(); }, &ColorMapper::greenChanged},
+        {&Private::blue, [](const QColor &c) { return c.blue(); }, &ColorMapper::blueChanged},
+        {&Private::alpha, [](const QColor &c) { return c.alpha(); }, &ColorMapper::alphaChanged},
+    };
+    const QPointer<ColorMapper> mapper(q);
+    for (const Number &number : numbers) {
+        const int current = number.read(color);
+        if (this->*number.view != current) {
+            this->*number.view = current;
+            Q_EMIT(q->*number.changed)();
+            if (!mapper) {
+                return false;
+            }
+        }
+    }
+    const QString digits = color.name().mid(1).toUpper();
+    if (hex != digits) {
+        hex = digits;
+        Q_EMIT q->hexChanged();
+    }
+    return !mapper.isNull();
 }
 
 void ColorMapper::Private::updateHsv(int newHue, int newSaturation, int newValue)
@@ -216,8 +222,9 @@ void ColorMapper::updateColor(const QColor &color)
         return;
     }
     d->color = color;
-    d->deriveViews();
-    Q_EMIT colorChanged();
+    if (d->deriveViews()) {
+        Q_EMIT colorChanged();
+    }
 }
 
 } // namespace om::controls

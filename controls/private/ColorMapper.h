@@ -19,7 +19,9 @@ namespace om::controls {
 class ColorMapper : public QObject
 {
     Q_OBJECT
-    /// 0 to 359. A grey keeps the hue it was given until a component of RGB or the alpha is edited.
+    /// 0 to 359. A grey keeps the hue it was given until the colour comes by another way than its
+    /// hue, saturation or value: a component of RGB, the alpha, the text, or updateColor() with a
+    /// colour that is not HSV. Then it is 0.
     Q_PROPERTY(int hue READ hue NOTIFY hueChanged)
     /// 0 to 255, as all that follow.
     Q_PROPERTY(int saturation READ saturation NOTIFY saturationChanged)

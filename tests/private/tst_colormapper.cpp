@@ -5,6 +5,7 @@
 #include "tests/support/SignalRecorder.h"
 
 #include <QColor>
+#include <QMetaMethod>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QTest>
@@ -31,6 +32,11 @@ private Q_SLOTS:
     void sameColorInAnotherModelIsAChange();
     void updateFromInsideEachSignal_data();
     void updateFromInsideEachSignal();
+    void deletedInsideEachSignal_data();
+    void deletedInsideEachSignal();
+
+public Q_SLOTS:
+    void deleteMapper() { m_mapper.reset(); }
 
 private:
     void call(const char *method, const QVariant &argument);
@@ -317,6 +323,41 @@ void TestColorMapper::updateFromInsideEachSignal()
         const QStringList order = m_recorder->take();
         QCOMPARE(order.last(), QStringLiteral("m.colorChanged"));
         cleanup();
+    }
+}
+
+void TestColorMapper::deletedInsideEachSignal_data()
+{
+    updateFromInsideEachSignal_data();
+}
+
+/// A slot of the application may delete the mapper: nothing of it is touched afterwards.
+void TestColorMapper::deletedInsideEachSignal()
+{
+    QFETCH(QByteArray, method);
+    QFETCH(QVariant, argument);
+    const QMetaObject *meta = m_mapper->metaObject();
+    QStringList fatal;
+    int signalCount = 0;
+    for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
+        const QMetaMethod signal = meta->method(i);
+        if (signal.methodType() != QMetaMethod::Signal) {
+            continue;
+        }
+        ++signalCount;
+        init();
+        call("updateColor", QColor(10, 20, 30, 40));
+        connect(m_mapper.data(), signal, this,
+                metaObject()->method(metaObject()->indexOfSlot("deleteMapper()")));
+        call(method, argument);
+        if (!m_mapper) {
+            fatal.append(QString::fromLatin1(signal.name()));
+        }
+    }
+    QCOMPARE(signalCount, 9);
+    QVERIFY2(fatal.contains(QStringLiteral("colorChanged")), "the update has changed nothing");
+    if (method == "updateColor") {
+        QCOMPARE(fatal.size(), signalCount);
     }
 }
 
