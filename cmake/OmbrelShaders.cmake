@@ -3,9 +3,11 @@
 #
 # ombrel_embed_shaders(<target> <file.vert|file.frag>...)
 #
-# Puts GLSL files into <target> as string constants. "CheckerBox.vert" becomes
-# om::controls::shaders::CheckerBoxVert in the generated header "shaders/CheckerBoxVert.h".
-# Files stay the single source: editing one rebuilds its header.
+# Puts GLSL files into <target> as pairs of string constants, for compatibility and for core
+# profiles. "CheckerBox.vert" becomes om::controls::shaders::CheckerBoxVert in the generated header
+# "shaders/CheckerBoxVert.h"; its twin for core profiles is also written to
+# "shaders/core/CheckerBox.vert", for tests to check. Files stay the single source: editing one
+# rebuilds its header.
 
 set(OMBREL_EMBED_SCRIPT "${CMAKE_CURRENT_LIST_DIR}/EmbedShader.cmake")
 
@@ -23,10 +25,11 @@ function(ombrel_embed_shaders target)
         endif()
         get_filename_component(input "${source}" ABSOLUTE)
         set(output "${dir}/shaders/${name}.h")
+        set(core "${dir}/shaders/core/${stem}${ext}")
         add_custom_command(
-            OUTPUT "${output}"
-            COMMAND "${CMAKE_COMMAND}" "-DINPUT=${input}" "-DOUTPUT=${output}" "-DNAME=${name}"
-                    -P "${OMBREL_EMBED_SCRIPT}"
+            OUTPUT "${output}" "${core}"
+            COMMAND "${CMAKE_COMMAND}" "-DINPUT=${input}" "-DHEADER=${output}" "-DCORE=${core}"
+                    "-DNAME=${name}" -P "${OMBREL_EMBED_SCRIPT}"
             DEPENDS "${input}" "${OMBREL_EMBED_SCRIPT}"
             COMMENT "Embedding ${stem}${ext}"
             VERBATIM)

@@ -29,12 +29,12 @@ void CheckerBoxShader::updateState(const CheckerParams *state, const CheckerPara
 
 const char *CheckerBoxShader::vertexShader() const
 {
-    return shaders::CheckerBoxVert;
+    return glslForCurrentContext(shaders::CheckerBoxVert);
 }
 
 const char *CheckerBoxShader::fragmentShader() const
 {
-    return shaders::CheckerBoxFrag;
+    return glslForCurrentContext(shaders::CheckerBoxFrag);
 }
 
 } // namespace om::controls

@@ -23,12 +23,12 @@ void DashedLineShader::updateState(const DashedLine *state, const DashedLine *)
 
 const char *DashedLineShader::vertexShader() const
 {
-    return shaders::DashedLineVert;
+    return glslForCurrentContext(shaders::DashedLineVert);
 }
 
 const char *DashedLineShader::fragmentShader() const
 {
-    return shaders::DashedLineFrag;
+    return glslForCurrentContext(shaders::DashedLineFrag);
 }
 
 } // namespace om::controls

@@ -13,12 +13,12 @@ namespace om::controls {
 
 const char *QRCodeShader::vertexShader() const
 {
-    return shaders::QRCodeVert;
+    return glslForCurrentContext(shaders::QRCodeVert);
 }
 
 const char *QRCodeShader::fragmentShader() const
 {
-    return shaders::QRCodeFrag;
+    return glslForCurrentContext(shaders::QRCodeFrag);
 }
 
 QList<QByteArray> QRCodeShader::attributes() const
