@@ -4,19 +4,20 @@
 .pragma library
 
 // The pages of the gallery, in the order of the sidebar: one line a page. `name` is what --page
-// takes and the name of the picture; pages with the same `section` stand together under it.
+// takes and the name of the picture; pages with the same `section` stand together under it. The
+// sections are those of the library and of its reference, in their order; the data core comes last.
 var pages = [
-    { name: "documents", title: "Documents", section: "Content", file: "DocumentsPage.qml" },
-    { name: "tree", title: "Tree", section: "Content", file: "TreePage.qml" },
-    { name: "icons", title: "Images and icons", section: "Content", file: "IconsPage.qml" },
-    { name: "dropzones", title: "Drop zones", section: "Drag and drop", file: "DropZonesPage.qml" },
-    { name: "drags", title: "Dragging documents", section: "Drag and drop", file: "DragsPage.qml" },
-    { name: "cards", title: "Dragging items", section: "Drag and drop", file: "CardsPage.qml" },
-    { name: "popups", title: "Popups", section: "Overlays", file: "PopupsPage.qml" },
-    { name: "dialogs", title: "Dialogs", section: "Overlays", file: "DialogsPage.qml" },
-    { name: "colorpicker", title: "Colour picker", section: "Visuals", file: "ColorPickerPage.qml" },
+    { name: "theme", title: "Colours and fonts", section: "Theme", file: "ThemePage.qml" },
+    { name: "icons", title: "Images and icons", section: "Theme", file: "IconsPage.qml" },
+    { name: "dropzones", title: "Drop zones", section: "Drop", file: "DropZonesPage.qml" },
+    { name: "drags", title: "Dragging documents", section: "Drag", file: "DragsPage.qml" },
+    { name: "cards", title: "Dragging items", section: "Drag", file: "CardsPage.qml" },
+    { name: "popups", title: "Popups and menus", section: "Popups", file: "PopupsPage.qml" },
+    { name: "dialogs", title: "Dialogs", section: "Popups", file: "DialogsPage.qml" },
+    { name: "tree", title: "Tree view", section: "Tree", file: "TreePage.qml" },
     { name: "borders", title: "Borders and frames", section: "Visuals", file: "BordersPage.qml" },
-    { name: "theme", title: "Theme", section: "Visuals", file: "ThemePage.qml" },
     { name: "qrcodes", title: "QR codes", section: "Visuals", file: "QRCodesPage.qml" },
+    { name: "colorpicker", title: "Colour picker", section: "Visuals", file: "ColorPickerPage.qml" },
     { name: "input", title: "Input helpers", section: "Input", file: "InputPage.qml" },
+    { name: "documents", title: "Documents", section: "Data core", file: "DocumentsPage.qml" },
 ];

@@ -32,7 +32,7 @@ Rectangle {
     Row {
         id: brand
         x: 22
-        y: 26
+        y: 22
         spacing: 11
         // The mark: an umbrella of three panels.
         Row {
@@ -50,12 +50,23 @@ Rectangle {
 
     Flickable {
         id: list
-        anchors { left: parent.left; right: parent.right; top: brand.bottom; bottom: place.top }
-        anchors.topMargin: 20
+        anchors { left: parent.left; right: parent.right; top: brand.bottom; bottom: folderPlace.top }
+        anchors.topMargin: 12
+        anchors.bottomMargin: 10
         contentHeight: entries.height
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
+        Controls.ScrollBar.vertical: ScrollBar {}
+
+        // The current page stays in sight, with the heading above it.
+        function showEntry(item) {
+            const top = item.y - (item.first ? 0 : 12);
+            const bottom = item.y + item.height + 12;
+            contentY = Math.max(0, Math.min(top, Math.max(bottom - height, contentY)));
+        }
+        onHeightChanged: if (repeater.currentItem) showEntry(repeater.currentItem)
+
         Keys.onUpPressed: sidebar.step(-1)
         Keys.onDownPressed: sidebar.step(1)
 
@@ -63,17 +74,30 @@ Rectangle {
             id: entries
             width: parent.width - 1
             Repeater {
+                id: repeater
+                property Item currentItem: null
                 model: sidebar.pages
                 Column {
+                    id: place
                     width: entries.width
+                    readonly property bool current: modelData.name === sidebar.currentPage
+                    function show() {
+                        if (current && height > 0) {
+                            repeater.currentItem = place;
+                            list.showEntry(place);
+                        }
+                    }
+                    onCurrentChanged: show()
+                    onYChanged: show()
+                    Component.onCompleted: show()
                     readonly property bool first: index === 0
                                                   || sidebar.pages[index - 1].section !== modelData.section
                     Label {
                         visible: parent.first
-                        height: index === 0 ? 26 : 42
+                        height: index === 0 ? 22 : 30
                         x: 22
                         verticalAlignment: Text.AlignBottom
-                        bottomPadding: 6
+                        bottomPadding: 4
                         text: modelData.section
                         color: Theme.faintText
                         font.pixelSize: 11
@@ -83,10 +107,10 @@ Rectangle {
                     }
                     Controls.AbstractButton {
                         id: entry
-                        readonly property bool current: modelData.name === sidebar.currentPage
+                        readonly property bool current: place.current
                         x: 12
                         width: parent.width - 24
-                        height: 34
+                        height: 30
                         focusPolicy: Qt.NoFocus
                         onClicked: {
                             list.forceActiveFocus();
@@ -113,7 +137,7 @@ Rectangle {
     }
 
     Column {
-        id: place
+        id: folderPlace
         x: 22
         width: parent.width - 44
         anchors.bottom: parent.bottom

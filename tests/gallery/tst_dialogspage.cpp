@@ -3,6 +3,7 @@
 
 #include "tests/support/Gesture.h"
 #include "tests/support/Items.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
 
 #include <QQmlContext>
@@ -63,6 +64,7 @@ void TestDialogsPage::init()
 void TestDialogsPage::cleanup()
 {
     m_view.reset();
+    QCOMPARE(support::leftovers(), QString());
 }
 
 QList<QQuickItem *> TestDialogsPage::openDialogs() const

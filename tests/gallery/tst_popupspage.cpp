@@ -3,6 +3,7 @@
 
 #include "tests/support/Gesture.h"
 #include "tests/support/Items.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
 
 #include <QTest>
@@ -60,6 +61,7 @@ void TestPopupsPage::init()
 void TestPopupsPage::cleanup()
 {
     m_view.reset();
+    QCOMPARE(support::leftovers(), QString());
 }
 
 bool TestPopupsPage::isInside(const QQuickItem *item) const

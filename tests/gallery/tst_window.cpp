@@ -35,6 +35,12 @@ private Q_SLOTS:
     void sidebarTakesArrowKeys();
     void pageScrollsByWheel();
     void pageScrollsByKeys();
+    void everythingIsInItsCard_data();
+    void everythingIsInItsCard();
+    void pageIsInTheMiddleOfALargeWindow();
+    void sidebarShowsTheCurrentPage_data();
+    void sidebarShowsTheCurrentPage();
+    void sectionsAreTheLibrarysRooms();
 
     void foldersOpenByDoubleClick();
     void crumbsLeadBack();
@@ -45,6 +51,7 @@ private Q_SLOTS:
 
 private:
     void write(const QString &name);
+    void resize(const QSize &size);
     QQuickItem *withText(const QString &text) const;
     void click(QQuickItem *item);
     void doubleClick(QQuickItem *item);
@@ -93,6 +100,14 @@ void tst_Window::write(const QString &name)
     QFile file(path);
     QVERIFY(file.open(QFile::WriteOnly));
     file.write("text\n");
+}
+
+void tst_Window::resize(const QSize &size)
+{
+    m_window->resize(size);
+    QTRY_COMPARE(m_window->contentItem()->size().toSize(), size);
+    // Columns are laid out with the next frame.
+    QVERIFY(!m_window->grabWindow().isNull());
 }
 
 QQuickItem *tst_Window::withText(const QString &text) const
@@ -198,6 +213,139 @@ void tst_Window::pageScrollsByKeys()
     QTRY_VERIFY(before - heading->mapToScene({}).y() > step);
     QTest::keyClick(m_window, Qt::Key_Home);
     QTRY_COMPARE(heading->mapToScene({}).y(), before);
+}
+
+// Demos and sections: what has a title and a hint.
+static void collectCards(QQuickItem *item, QList<QQuickItem *> *cards)
+{
+    if (item->property("hint").isValid() && item->property("title").isValid()) {
+        cards->append(item);
+        return;
+    }
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *child : children)
+        collectCards(child, cards);
+}
+
+// Texts and fields below `item` that leave `card`, with how far they do.
+static QStringList outside(QQuickItem *item, QQuickItem *card)
+{
+    QStringList found;
+    if (!item->isVisible() || item->opacity() == 0 || (item->clip() && item != card))
+        return found;
+    const bool text = !item->property("text").toString().isEmpty() && item->width() > 0;
+    const bool area = item->property("radius").isValid() && item->property("border").isValid();
+    if (text || area) {
+        const QRectF place = item->mapRectToItem(card, {0, 0, item->width(), item->height()});
+        const QRectF room = card->boundingRect().adjusted(-1, -1, 1, 1);
+        if (place.left() < room.left() || place.right() > room.right()
+            || place.bottom() > room.bottom()) {
+            found.append(
+                QString("%1 \"%2\" at %3 … %4, down to %5, in %6 x %7")
+                    .arg(item->metaObject()->className(), item->property("text").toString())
+                    .arg(place.left())
+                    .arg(place.right())
+                    .arg(place.bottom())
+                    .arg(card->width())
+                    .arg(card->height()));
+        }
+    }
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *child : children)
+        found += outside(child, card);
+    return found;
+}
+
+void tst_Window::everythingIsInItsCard_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("the smallest window") << QSize(820, 480);
+    QTest::newRow("the window as it opens") << QSize(1240, 820);
+}
+
+void tst_Window::everythingIsInItsCard()
+{
+    QFETCH(QSize, size);
+    resize(size);
+    const QVariantList pages = m_window->property("pages").toList();
+    for (const QVariant &page : pages) {
+        const QString name = page.toMap().value("name").toString();
+        m_window->setProperty("currentPage", name);
+        QVERIFY(!m_window->grabWindow().isNull());
+        QList<QQuickItem *> cards;
+        collectCards(m_window->contentItem(), &cards);
+        QVERIFY(!cards.isEmpty());
+        QStringList found;
+        for (QQuickItem *card : qAsConst(cards)) {
+            found += outside(card, card);
+            if (card->mapRectToScene(card->boundingRect()).right() > m_window->width())
+                found.append("the card itself");
+        }
+        QVERIFY2(found.isEmpty(), qPrintable(name + ":\n" + found.join('\n')));
+    }
+}
+
+void tst_Window::pageIsInTheMiddleOfALargeWindow()
+{
+    resize({1920, 1000});
+    QVERIFY(!m_window->grabWindow().isNull());
+    const auto cards = support::itemsOf(m_window->contentItem(), "DocumentDemo");
+    QCOMPARE(cards.size(), 1);
+    const QRectF place = cards.first()->mapRectToScene(cards.first()->boundingRect());
+    const qreal left = place.left() - 228; // beside the sidebar
+    const qreal right = m_window->width() - place.right();
+    QVERIFY2(qAbs(left - right) <= 2, qPrintable(QString("%1 and %2").arg(left).arg(right)));
+    QVERIFY(place.width() > 1300);
+}
+
+void tst_Window::sidebarShowsTheCurrentPage_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::newRow("the first") << "theme";
+    QTest::newRow("one below the fold") << "borders";
+    QTest::newRow("the last") << "documents";
+}
+
+void tst_Window::sidebarShowsTheCurrentPage()
+{
+    QFETCH(QString, page);
+    resize({820, 480});
+    m_window->setProperty("currentPage", page);
+    QVERIFY(!m_window->grabWindow().isNull());
+    QQuickItem *list = support::itemsOf(m_window->contentItem(), "Sidebar").value(0);
+    QVERIFY(list);
+    list = support::itemsOf(list, "QQuickFlickable").value(0);
+    QVERIFY(list);
+    const QVariantList pages = m_window->property("pages").toList();
+    QString title;
+    for (const QVariant &entry : pages) {
+        if (entry.toMap().value("name") == page)
+            title = entry.toMap().value("title").toString();
+    }
+    QQuickItem *label = support::itemWith(list, "text", title);
+    QVERIFY(label);
+    const QRectF place = label->mapRectToItem(list, label->boundingRect());
+    QVERIFY2(place.top() >= 0 && place.bottom() <= list->height(), qPrintable(title));
+    // There is more than is seen, and it shows.
+    QQuickItem *bar = support::itemsOf(list, "ScrollBar").value(0);
+    QVERIFY(bar && bar->isVisible());
+}
+
+void tst_Window::sectionsAreTheLibrarysRooms()
+{
+    QStringList sections;
+    const QVariantList pages = m_window->property("pages").toList();
+    for (const QVariant &page : pages) {
+        const QString section = page.toMap().value("section").toString().toLower();
+        if (sections.isEmpty() || sections.last() != section)
+            sections.append(section);
+    }
+    QCOMPARE(
+        sections,
+        (QStringList{"theme", "drop", "drag", "popups", "tree", "visuals", "input", "data core"}));
+    for (int i = 0; i < 7; ++i)
+        QVERIFY(QDir(qEnvironmentVariable("OMBREL_SOURCE_DIR") + "/controls/" + sections.at(i))
+                    .exists());
 }
 
 void tst_Window::foldersOpenByDoubleClick()

@@ -13,6 +13,8 @@ Surface {
     property string title
     property string hint
     property int stageHeight: 240
+    // Stages grow with the window, so that a large one shows more and not only further apart.
+    readonly property int grownHeight: width >= 1200 ? stageHeight * 1.3 : stageHeight
     property bool plainStage: false
     default property alias live: stageItem.data
     property alias editors: editorColumn.data
@@ -20,7 +22,7 @@ Surface {
 
     readonly property bool wide: width >= 720 && hasEditors
     readonly property bool hasEditors: editorColumn.children.length > 0
-    readonly property int editorWidth: wide ? 320 : inner
+    readonly property int editorWidth: !wide ? inner : width >= 1200 ? 380 : 320
     readonly property int inner: width - 44
 
     width: parent ? parent.width : 0
@@ -57,7 +59,7 @@ Surface {
         x: 22
         y: heading.y + heading.height + 16
         width: demo.wide ? demo.inner - demo.editorWidth - Theme.wideGap : demo.inner
-        height: demo.wide ? Math.max(demo.stageHeight, editorColumn.height) : demo.stageHeight
+        height: demo.wide ? Math.max(demo.grownHeight, editorColumn.height) : demo.grownHeight
         sunken: true
         color: demo.plainStage ? "transparent" : Theme.sunken
         border.color: demo.plainStage ? "transparent" : Theme.line

@@ -12,6 +12,7 @@ Flickable {
     property string title
     property string summary
     default property alias content: column.data
+    readonly property int margin: width < 700 ? 24 : 40
 
     contentWidth: width
     contentHeight: column.y + column.implicitHeight + 40
@@ -47,9 +48,10 @@ Flickable {
 
     Column {
         id: column
-        x: 40
-        y: 36
-        width: Math.min(page.width - 80, 1080)
+        // On large windows in the middle, at smallest with the width that the scroll bar leaves.
+        x: Math.max(page.margin, Math.round((page.width - width) / 2))
+        y: page.margin - 4
+        width: Math.min(page.width - 2 * page.margin, 1400)
         spacing: 20
 
         Column {

@@ -14,8 +14,11 @@ Item {
     property color previous: "#40A1BB"
     readonly property int stripHeight: 18
 
+    // What stands at the right of the square stands below it where there is no room.
+    readonly property bool stacked: width < 640
+
     implicitWidth: 760
-    implicitHeight: 372
+    implicitHeight: stacked ? fields.y + fields.height : Math.max(fields.height, alphaStrip.y + stripHeight)
 
     ColorMapper {
         id: mapper
@@ -27,7 +30,7 @@ Item {
 
     SaturationValueBox {
         id: square
-        width: 340
+        width: picker.stacked ? picker.width : Math.min(440, picker.width - 300)
         height: 260
         onSaturationChanged: mapper.updateSaturation(saturation)
         onValueChanged: mapper.updateValue(value)
@@ -111,7 +114,9 @@ Item {
     }
 
     Column {
-        x: square.width + 36
+        id: fields
+        x: picker.stacked ? 0 : square.width + 36
+        y: picker.stacked ? alphaStrip.y + alphaStrip.height + 24 : 0
         width: picker.width - x
         spacing: 14
 

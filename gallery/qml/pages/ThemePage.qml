@@ -5,7 +5,7 @@ import QtQuick 2.12
 import "../kit"
 
 Page {
-    title: "Theme"
+    title: "Colours and fonts"
     summary: "What an application's QML asks for instead of writing it down: colours by purpose, fonts, currency "
              + "signs and sides."
 

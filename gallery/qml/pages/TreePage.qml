@@ -5,7 +5,7 @@ import QtQuick 2.12
 import "../kit"
 
 Page {
-    title: "Tree"
+    title: "Tree view"
     summary: "The folder that the gallery was opened on, as a tree of rows that collapse."
 
     TreeViewDemo {}
