@@ -71,14 +71,17 @@ void TestHouse::includesFollowTheArrows_data()
     };
     const QString shaders = QStringLiteral("shaders/");
     const QString scenegraph = QStringLiteral("controls/scenegraph/");
+    const QString support = QStringLiteral("controls/support/");
     row("qr", {QStringLiteral("qr/")});
+    row("controls/support", {support});
     row("controls/scenegraph", {scenegraph, shaders});
     row("controls/private", {QStringLiteral("controls/private/"), scenegraph});
     row("controls/theme", {QStringLiteral("controls/theme/")});
-    row("controls/drop", {QStringLiteral("controls/drop/")});
-    row("controls/drag", {QStringLiteral("controls/drag/"), QStringLiteral("controls/drop/")});
+    row("controls/drop", {QStringLiteral("controls/drop/"), support});
+    row("controls/drag",
+        {QStringLiteral("controls/drag/"), QStringLiteral("controls/drop/"), support});
     row("controls/popups", {QStringLiteral("controls/popups/")});
-    row("controls/tree", {QStringLiteral("controls/tree/")});
+    row("controls/tree", {QStringLiteral("controls/tree/"), support});
     row("controls/visuals",
         {QStringLiteral("controls/visuals/"), scenegraph, QStringLiteral("qr/QrEncoder.h")});
     row("controls/input", {QStringLiteral("controls/input/")});
@@ -94,7 +97,7 @@ void TestHouse::includesFollowTheArrows()
     QFETCH(QString, folder);
     QFETCH(QStringList, allowed);
     const QStringList sources = files(folder, {QStringLiteral("*.cpp"), QStringLiteral("*.h")});
-    QVERIFY2(sources.size() >= 2, "the room is empty: has it moved?");
+    QVERIFY2(!sources.isEmpty(), "the room is empty: has it moved?");
     const QRegularExpression quoted(QStringLiteral("^#include \"([^\"]+)\""),
                                     QRegularExpression::MultilineOption);
     const QRegularExpression qt(QStringLiteral("^#include <(Q|Ombrel)"),
@@ -128,7 +131,7 @@ void TestHouse::everyRoomHasItsRow()
     const QString table = read(QStringLiteral("tests/sanity/tst_house.cpp"));
     const QDir controls(m_root.filePath(QStringLiteral("controls")));
     const QStringList rooms = controls.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    QCOMPARE(rooms.size(), 9);
+    QCOMPARE(rooms.size(), 10);
     for (const QString &room : rooms) {
         QVERIFY2(table.contains(QStringLiteral("row(\"controls/%1\"").arg(room)), qPrintable(room));
         QVERIFY2(controls.exists(room + QStringLiteral("/README.md")), qPrintable(room));
