@@ -4,6 +4,7 @@
 #include "controls/drop/DropZone.h"
 
 #include "controls/drop/DropData.h"
+#include "controls/support/ListElement.h"
 
 #include <QDebug>
 #include <QMimeData>
@@ -27,7 +28,7 @@ public:
     void forget(QObject *handler);
     void unwatchHandlers();
     void setDragSource(QObject *source);
-    DropHandler *findHandler(const QMimeData *mimeData) const;
+    DropHandler *findHandler(const QPointer<QMimeData> &mimeData) const;
 
     static Private *of(QQmlListProperty<DropHandler> *list)
     {
@@ -42,8 +43,7 @@ public:
 
 void DropZone::Private::append(DropHandler *handler)
 {
-    // What JavaScript pushes arrives unchecked, whatever its type is.
-    if (!qobject_cast<DropHandler *>(static_cast<QObject *>(handler))) {
+    if (!isListElement(handler)) {
         return;
     }
     // Once, however often it is listed.
@@ -62,7 +62,7 @@ void DropZone::Private::clear()
     }
     if (activeHandler) {
         qWarning("Drop handlers changed during drag operation");
-        // Deliberately silent: neither exited nor containsDragChanged follows.
+        // Neither exited nor containsDragChanged follows: the warning is all that is told.
         activeHandler = nullptr;
     }
     unwatchHandlers();
@@ -101,12 +101,22 @@ void DropZone::Private::setDragSource(QObject *source)
     }
 }
 
-DropHandler *DropZone::Private::findHandler(const QMimeData *mimeData) const
+/// The first handler that takes \a mimeData; null when there is none, and when the zone or the data
+/// go meanwhile. A handler of the application's own may do anything while it is asked: those that
+/// have left the list by then are not asked, and those that have joined it neither.
+DropHandler *DropZone::Private::findHandler(const QPointer<QMimeData> &mimeData) const
 {
-    // By index: a handler of the application's own may change the list while it is asked.
-    for (int i = 0; i < handlers.size(); ++i) {
-        DropHandler *const handler = handlers.at(i);
-        if (handler->canHandle(mimeData) && handlers.contains(handler)) {
+    const QPointer<DropZone> alive(q);
+    const QList<DropHandler *> snapshot = handlers;
+    for (DropHandler *handler : snapshot) {
+        if (!handlers.contains(handler)) {
+            continue;
+        }
+        const bool takes = handler->canHandle(mimeData);
+        if (!alive || !mimeData) {
+            return nullptr;
+        }
+        if (takes && handlers.contains(handler)) {
             return handler;
         }
     }
@@ -141,21 +151,23 @@ bool DropZone::containsDrag() const
     return d->activeHandler;
 }
 
-// Every signal below runs the application's code, which may destroy the zone, a handler or the
-// list: after each of them, what is still needed is looked at anew.
+// Every signal below runs the application's code, and so do the operations of a handler. That code
+// may destroy the zone, a handler or what is dragged, and change the list: after each of them, what
+// is still needed is looked at anew.
 
 void DropZone::dragEnterEvent(QDragEnterEvent *event)
 {
-    d->setDragSource(event->source());
-    DropHandler *const handler = d->findHandler(event->mimeData());
+    const QPointer<DropZone> self(this);
+    // Both belong to the drag, which may end inside what is called below. The event's own pointer
+    // to the source is not cleared when that is destroyed.
+    const QPointer<QMimeData> mimeData(const_cast<QMimeData *>(event->mimeData()));
+    const QPointer<QObject> source(event->source());
+    d->setDragSource(source);
+    DropHandler *const handler = d->findHandler(mimeData);
     if (!handler) {
         event->ignore();
         return;
     }
-    const QPointer<DropZone> self(this);
-    // Belongs to the drag, which may end inside the signal below.
-    const QPointer<QMimeData> mimeData(const_cast<QMimeData *>(event->mimeData()));
-    const QPointer<QObject> source(event->source());
     d->activeHandler = handler;
     event->accept();
     Q_EMIT containsDragChanged();
@@ -164,7 +176,11 @@ void DropZone::dragEnterEvent(QDragEnterEvent *event)
     }
     d->dropData->setPosition(event->posF());
     d->dropData->setSource(source);
-    d->dropData->setData(mimeData ? handler->dropData(mimeData) : QVariant());
+    const QVariant payload = mimeData ? handler->dropData(mimeData) : QVariant();
+    if (!self || d->activeHandler != handler) {
+        return;
+    }
+    d->dropData->setData(payload);
     Q_EMIT handler->entered(d->dropData);
 }
 
@@ -196,8 +212,8 @@ void DropZone::dragLeaveEvent(QDragLeaveEvent *)
 
 void DropZone::dropEvent(QDropEvent *event)
 {
-    // The event's acceptance is deliberately left as delivered. Windows deliver drops as ignored,
-    // so a drag of the same program ends with Qt::IgnoreAction.
+    // The event's acceptance stays as delivered, and windows deliver drops as ignored: a drag of
+    // the same program ends with Qt::IgnoreAction, whatever the handler made of the drop.
     const QPointer<DropZone> self(this);
     if (d->activeHandler) {
         d->dropData->setPosition(event->posF());

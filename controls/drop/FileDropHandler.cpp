@@ -49,7 +49,8 @@ QStringList FileDropHandler::suffixes() const
 
 void FileDropHandler::setSuffixes(const QStringList &suffixes)
 {
-    // The entries are deliberately stored in the case they came in.
+    // The entries keep the case they came in. A file's suffix is lower-cased before it is looked
+    // up, so one with capitals matches nothing.
     if (d->suffixes == suffixes) {
         return;
     }
