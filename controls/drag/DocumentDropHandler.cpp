@@ -54,11 +54,16 @@ bool DocumentDropHandler::canHandle(const QMimeData *mimeData)
     if (!zone) {
         return false;
     }
-    // The payload is never read: the zone has the documents themselves.
+    // The payload is never read: the zone has the documents themselves. They are asked with what
+    // does not go with this handler or with the zone: hasType() is the application's code, which
+    // may destroy both. The count is that of the beginning, or a document that adds another
+    // whenever it is asked would keep the loop going.
+    const QString type = d->type;
     const QQmlListReference documents(zone, "dragDocuments");
-    for (int i = 0; i < documents.count(); ++i) {
+    const int count = documents.count();
+    for (int i = 0; i < count && documents.isValid(); ++i) {
         const auto *const document = qobject_cast<om::data::Document *>(documents.at(i));
-        if (document && document->hasType(d->type)) {
+        if (document && document->hasType(type)) {
             return true;
         }
     }

@@ -10,7 +10,8 @@ namespace om::controls {
 /// Takes drags of documents of one type that come from a DragZone.
 ///
 /// DropData.data is undefined: the documents are reached through DropData.source, the zone. A drag
-/// that a DragArea started is deliberately refused, although it carries the same format.
+/// that a DragArea started is refused although it carries the same format: an area's documents are
+/// for other programs and for handlers of the application's own.
 class DocumentDropHandler : public DropHandler
 {
     Q_OBJECT

@@ -5,6 +5,9 @@
 
 #include <QDataStream>
 #include <QMimeData>
+#include <QPointer>
+
+#include <vector>
 
 namespace om::controls::documentspayload {
 
@@ -15,10 +18,15 @@ QString format()
 
 QByteArray write(const QList<om::data::Document *> &documents)
 {
+    // A snapshot, and a weak one: documentId() is the application's code, which may change the list
+    // that it was called for and destroy documents.
+    const std::vector<QPointer<om::data::Document>> snapshot(documents.cbegin(), documents.cend());
     QByteArray payload;
     QDataStream stream(&payload, QIODevice::WriteOnly);
-    for (const om::data::Document *document : documents) {
-        stream << document->documentId();
+    for (const QPointer<om::data::Document> &document : snapshot) {
+        if (document) {
+            stream << document->documentId();
+        }
     }
     return payload;
 }

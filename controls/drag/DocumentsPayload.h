@@ -20,7 +20,8 @@ namespace om::controls::documentspayload {
 
 /// The name of the format.
 QString format();
-/// The bytes for \a documents.
+/// The bytes for \a documents as they are when it is called; none of them null. One that is
+/// destroyed while the ones before it are asked for their ids is left out.
 QByteArray write(const QList<om::data::Document *> &documents);
 /// The ids in \a payload; what follows the last whole one is left out.
 QStringList read(const QByteArray &payload);
