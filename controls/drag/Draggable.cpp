@@ -124,20 +124,26 @@ bool Draggable::Private::move(const QMouseEvent *event)
     }
     if ((QPointF(event->globalPos()) - pressGlobalPosition).manhattanLength() > startDistance
         && !startScheduled && !runningDrag) {
-        lift();
-        // The press stays armed until then; a release in between does not stop the drag.
+        const QPointer<Draggable> alive(q);
         startScheduled = true;
-        QMetaObject::invokeMethod(q, "drag", Qt::QueuedConnection);
+        lift();
+        if (alive) {
+            // The press stays armed until then; a release in between does not stop the drag.
+            QMetaObject::invokeMethod(q, "drag", Qt::QueuedConnection);
+        }
     }
     return true;
 }
 
 void Draggable::Private::end()
 {
+    const QPointer<Draggable> alive(q);
     if (state == Dragging) {
         lower();
     }
-    setState(Idle);
+    if (alive) {
+        setState(Idle);
+    }
 }
 
 void Draggable::Private::lift()
@@ -293,11 +299,13 @@ void Draggable::itemChange(ItemChange change, const ItemChangeData &value)
     QQuickItem::itemChange(change, value);
 }
 
-/// Runs the drag. Deliberately does not ask for a press: a release may have come in between.
+/// Runs the drag. It does not ask for a press: one that is released before the call comes has
+/// started its drag all the same.
 void Draggable::drag()
 {
     d->startScheduled = false;
-    if (d->state == Private::Dragging) {
+    // The loop of one drag may still run after a release inside it.
+    if (d->state == Private::Dragging || d->runningDrag) {
         return;
     }
     d->ownScale = scale();

@@ -6,6 +6,7 @@
 #include "tests/support/SignalRecorder.h"
 #include "tests/support/Text.h"
 
+#include <QDrag>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QQuickWindow>
@@ -36,6 +37,20 @@ protected:
     }
 };
 
+/// Hands events to an item's own handlers.
+class DirectEvents : public Draggable
+{
+public:
+    static void send(Draggable *card, QMouseEvent *event)
+    {
+        if (event->type() == QEvent::MouseMove) {
+            (card->*&DirectEvents::mouseMoveEvent)(event);
+        } else {
+            (card->*&DirectEvents::mousePressEvent)(event);
+        }
+    }
+};
+
 } // namespace
 
 /// The gesture of a draggable item step by step; on this platform the drag loop returns at once.
@@ -62,6 +77,9 @@ private Q_SLOTS:
     void destroyedWhilePressedWarns();
     void destroyedInsideDragStarted();
     void destroyedWithAStartPending();
+    void destroyedByItsOwnZ_data();
+    void destroyedByItsOwnZ();
+    void startedAnewInsideDragStarted();
 
 private:
     void send(QEvent::Type type, const QPointF &at, Qt::MouseButtons buttons = Qt::LeftButton);
@@ -292,6 +310,62 @@ void TestDraggableGesture::destroyedWithAStartPending()
     move(6, 0);
     delete m_card.data();
     QCoreApplication::processEvents();
+}
+
+void TestDraggableGesture::destroyedByItsOwnZ_data()
+{
+    QTest::addColumn<int>("change");
+    QTest::newRow("lifted") << 1;
+    QTest::newRow("lowered") << 2;
+}
+
+void TestDraggableGesture::destroyedByItsOwnZ()
+{
+    QFETCH(int, change);
+    int changes = 0;
+    connect(m_card, &QQuickItem::zChanged, this, [&] {
+        if (++changes == change) {
+            delete m_card.data();
+        }
+    });
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(text("^Destroyed Draggable")));
+    // To the item itself: a window goes on with the item after its event.
+    QPointer<Draggable> card = m_card;
+    for (QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseMove}) {
+        const QPointF at = type == QEvent::MouseMove ? QPointF(50, 30) : QPointF(30, 30);
+        QMouseEvent event(type, at, at, at, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        DirectEvents::send(card, &event);
+    }
+    QCoreApplication::processEvents();
+    QVERIFY(!m_card);
+    QCOMPARE(changes, change);
+}
+
+void TestDraggableGesture::startedAnewInsideDragStarted()
+{
+    // A release, a press and a move from a loop inside the signal ask for a second start.
+    support::SignalRecorder recorder;
+    recorder.watch(m_card, text("card"), {text("dragStarted"), text("dragEnded")});
+    bool first = true;
+    connect(m_card, &Draggable::dragStarted, this, [&] {
+        if (first) {
+            first = false;
+            release();
+            press();
+            move(20, 0);
+        }
+    });
+    press();
+    move(6, 0);
+    QCoreApplication::processEvents();
+    release();
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(m_card->findChildren<QDrag *>().isEmpty());
+    QVERIFY(!m_card->isDragged());
+    QCOMPARE(m_card->z(), 3.0);
+    QCOMPARE(recorder.entries().count(text("card.dragStarted")),
+             recorder.entries().count(text("card.dragEnded")));
 }
 
 QTEST_MAIN(TestDraggableGesture)
