@@ -4,7 +4,8 @@
 #include "controls/drag/DocumentDragSource.h"
 
 #include "controls/drag/DocumentsPayload.h"
-#include "controls/drag/DragVisual.h"
+#include "controls/drag/DragVisualState.h"
+#include "controls/support/ListElement.h"
 
 #include <QCursor>
 #include <QDrag>
@@ -16,12 +17,18 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 
+#include <algorithm>
+
 namespace om::controls {
 
 using om::data::Document;
 
-/// The Manhattan length at which a drag starts, in logical pixels. Deliberately not the platform's.
+/// The Manhattan length at which a drag starts, in logical pixels: the same on every platform,
+/// whose own start distance is not asked.
 static constexpr qreal startDistance = 4.0;
+
+/// The z of a raised visual, above the application's content and below popups.
+static constexpr qreal raisedZ = 65535.0;
 
 DocumentDragSource::DocumentDragSource(QQuickItem *sourceItem, const Differences &differences)
     : source(sourceItem)
@@ -29,11 +36,13 @@ DocumentDragSource::DocumentDragSource(QQuickItem *sourceItem, const Differences
 {
 }
 
-DocumentDragSource::~DocumentDragSource()
+DocumentDragSource::~DocumentDragSource() = default;
+
+void DocumentDragSource::abandon()
 {
     // First of all: cancelling sends a last leave to the window.
     watchWindow(nullptr);
-    m_incubator.reset();
+    endIncubation();
     if (m_visual) {
         m_visual->deleteLater();
     }
@@ -45,7 +54,8 @@ DocumentDragSource::~DocumentDragSource()
     }
 }
 
-// The gesture
+// The gesture. Every signal runs the application's code, which may destroy the source or go on with
+// the gesture: what follows a signal looks at the state anew.
 
 void DocumentDragSource::filterChildEvent(QQuickItem *child, const QEvent *event)
 {
@@ -55,16 +65,13 @@ void DocumentDragSource::filterChildEvent(QQuickItem *child, const QEvent *event
         press(child, static_cast<const QMouseEvent *>(event));
         break;
     case QEvent::MouseMove:
-        move(static_cast<const QMouseEvent *>(event));
+        move(child, static_cast<const QMouseEvent *>(event));
         break;
     case QEvent::MouseButtonRelease:
         release();
         break;
     case QEvent::UngrabMouse:
-        // The child that would have got the release has lost the mouse.
-        if (m_state == Dragging && !m_drag) {
-            finish();
-        }
+        ungrab(child);
         return;
     default:
         return;
@@ -80,17 +87,19 @@ void DocumentDragSource::press(QQuickItem *child, const QMouseEvent *event)
     if (event->buttons() != Qt::LeftButton) {
         return;
     }
-    if (m_state == Dragging && !m_drag) {
-        // The last drag ended without a release. The new press deliberately announces no end, but
-        // nothing of the old drag may stay behind.
+    const bool leavesADrag = m_state == Dragging && !m_loopRunning;
+    m_pressPosition = event->localPos();
+    m_receiver = child;
+    m_state = Pressed;
+    m_finishing = false;
+    if (leavesADrag) {
+        // The last drag ended without a release. The new press announces no end of it, but nothing
+        // of it may stay behind.
         cleanUp();
     }
-    m_pressPosition = event->localPos();
-    m_pressedChild = child;
-    m_state = Pressed;
 }
 
-void DocumentDragSource::move(const QMouseEvent *event)
+void DocumentDragSource::move(QQuickItem *child, const QMouseEvent *event)
 {
     if (m_differences.yieldsToKeptGrab) {
         const QQuickWindow *const window = source->window();
@@ -100,6 +109,10 @@ void DocumentDragSource::move(const QMouseEvent *event)
             return;
         }
     }
+    if (m_state == Idle) {
+        return;
+    }
+    m_receiver = child;
     if (m_state != Pressed) {
         return;
     }
@@ -119,36 +132,48 @@ void DocumentDragSource::start()
     const QPointer<QQuickItem> alive(source);
     m_state = Dragging;
     announceActive(true);
-    if (!alive || m_state != Dragging) {
+    // With a drag there already, a gesture inside the signal has come this far by itself.
+    if (!alive || m_state != Dragging || m_drag) {
         return;
     }
     watchWindow(source->window());
-    prepareDrag();
-    if (alive) {
-        QMetaObject::invokeMethod(
-            source, [this] { runDrag(); }, Qt::QueuedConnection);
-    }
-}
-
-void DocumentDragSource::prepareDrag()
-{
-    m_drag = new QDrag(source);
-    auto *const mimeData = new QMimeData;
+    const QPointer<QDrag> drag(new QDrag(source));
+    m_drag = drag;
+    auto mimeData = std::make_unique<QMimeData>();
     mimeData->setData(documentspayload::format(), documentspayload::write(m_documents));
-    m_drag->setMimeData(mimeData);
+    // The documents' ids come from the application's code: with the source or with the gesture, the
+    // drag may be gone.
+    if (!drag) {
+        return;
+    }
+    drag->setMimeData(mimeData.release());
     if (m_differences.setsCursors) {
+        // The platform's arrow is no pixmap cursor, so this pixmap is null, and a null pixmap
+        // leaves an action the cursor that it has.
         const QPixmap arrow = QCursor(Qt::ArrowCursor).pixmap();
         for (Qt::DropAction action : {Qt::LinkAction, Qt::MoveAction, Qt::CopyAction}) {
-            m_drag->setDragCursor(arrow, action);
+            drag->setDragCursor(arrow, action);
         }
     }
+    scheduleRun();
     createVisual();
+}
+
+void DocumentDragSource::scheduleRun()
+{
+    // One call, however many gestures begin and end before it comes: it runs the last one's drag.
+    if (!m_runScheduled) {
+        m_runScheduled = true;
+        QMetaObject::invokeMethod(
+            &m_receiverOfCalls, [this] { runDrag(); }, Qt::QueuedConnection);
+    }
 }
 
 /// Runs the platform's drag loop, in which everything may happen: afterwards the source may be
 /// gone.
 void DocumentDragSource::runDrag()
 {
+    m_runScheduled = false;
     const QPointer<QQuickItem> alive(source);
     if (m_drag && m_state == Dragging) {
         m_loopRunning = true;
@@ -160,10 +185,10 @@ void DocumentDragSource::runDrag()
         }
         m_loopRunning = false;
         m_drag.clear();
-    }
-    endIncubation();
-    if (!alive) {
-        return;
+        endIncubation();
+        if (!alive) {
+            return;
+        }
     }
     if (m_state != Dragging) {
         // Ended or pressed anew meanwhile.
@@ -173,24 +198,41 @@ void DocumentDragSource::runDrag()
     }
 }
 
-/// Leaves nothing of a drag behind that is not running any more.
-void DocumentDragSource::cleanUp()
-{
-    watchWindow(nullptr);
-    if (m_drag && !m_loopRunning) {
-        delete m_drag.data();
-    }
-    removeVisual();
-}
-
 void DocumentDragSource::release()
 {
     if (m_state != Dragging) {
         m_state = Idle;
         return;
     }
-    releasedWhileDragging();
+    if (m_differences.tellsReleases) {
+        qDebug("discard");
+    }
     finish();
+}
+
+/// The \a child has lost the mouse: the release will be another item's.
+void DocumentDragSource::ungrab(const QQuickItem *child)
+{
+    if (m_receiver != child) {
+        return;
+    }
+    m_receiver.clear();
+    if (isWaitingForRelease()) {
+        finish();
+    }
+}
+
+/// Whether the loop is over and the drag is not.
+bool DocumentDragSource::isWaitingForRelease() const
+{
+    return m_state == Dragging && !m_drag;
+}
+
+/// Whether a release can still arrive by way of the child that has the gesture. A drop that removes
+/// the dragged row takes that child away.
+bool DocumentDragSource::canBeReleased() const
+{
+    return m_receiver && source->filtersChildMouseEvents();
 }
 
 /// Ends a drag and leaves nothing of it behind.
@@ -203,23 +245,29 @@ void DocumentDragSource::finish()
     const QPointer<QQuickItem> alive(source);
     m_finishing = true;
     announceActive(false);
-    if (!alive) {
+    // A press inside the signal has begun the next gesture, which is not to be ended.
+    if (!alive || !m_finishing) {
         return;
     }
     cleanUp();
-    if (alive) {
+    if (alive && m_finishing) {
         m_finishing = false;
         m_state = Idle;
     }
 }
 
-/// Whether a release can still arrive by way of the child that got the press. A drop that removes
-/// the dragged row takes that child away.
-bool DocumentDragSource::canBeReleased() const
+/// Leaves nothing of a drag behind that is not running any more.
+void DocumentDragSource::cleanUp()
 {
-    const QQuickWindow *const window = source->window();
-    return window && m_pressedChild && source->filtersChildMouseEvents()
-        && window->mouseGrabberItem() == m_pressedChild;
+    watchWindow(nullptr);
+    if (m_drag && !m_loopRunning) {
+        delete m_drag.data();
+    }
+    const QPointer<QQuickItem> alive(source);
+    endIncubation();
+    if (alive) {
+        removeVisual();
+    }
 }
 
 // The visual
@@ -241,7 +289,6 @@ void DocumentDragSource::createVisual()
     if (!m_delegate || !m_delegate->isReady()) {
         return;
     }
-    m_incubated.clear();
     m_incubator = createIncubator();
     // The incubation goes on inside the drag loop; what is not complete by its end goes.
     m_delegate->create(*m_incubator, m_delegate->creationContext());
@@ -250,12 +297,16 @@ void DocumentDragSource::createVisual()
 void DocumentDragSource::adoptVisual(QObject *object)
 {
     m_incubated = object;
+    introduceTo(object);
     auto *const item = qobject_cast<QQuickItem *>(object);
-    if (!item || m_tooLate) {
+    if (!item) {
         return;
     }
     QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
     m_visual = item;
+    if (m_differences.raisesVisual) {
+        item->setZ(raisedZ);
+    }
     if (QQuickWindow *const window = source->window()) {
         // In window coordinates; as its child it also goes when the window does.
         item->setParent(window->contentItem());
@@ -263,39 +314,29 @@ void DocumentDragSource::adoptVisual(QObject *object)
     }
 }
 
-/// Ends the incubation at the end of the drag loop: what is not a complete visual by now goes.
-///
-/// An engine counts what is merely abandoned as being made for ever, and as long as it makes
-/// something it keeps back its warnings about broken bindings. So what has been begun is destroyed,
-/// which the engine notices, and what has not is made and thrown away.
+/// Ends the incubation: what is not a complete visual by now never becomes one.
 void DocumentDragSource::endIncubation()
 {
-    if (!m_incubator) {
+    // The source may go with what is destroyed here.
+    const std::unique_ptr<QQmlIncubator> incubator = std::move(m_incubator);
+    const QPointer<QObject> incubated = m_incubated;
+    m_incubated.clear();
+    if (!incubator) {
         return;
     }
-    const std::unique_ptr<QQmlIncubator> incubator = std::move(m_incubator);
     if (incubator->isLoading()) {
-        const QPointer<QQuickItem> alive(source);
-        m_tooLate = true;
-        delete m_incubated.data();
-        incubator->forceCompletion();
-        if (QObject *const object = incubator->object()) {
-            object->deleteLater();
-        }
-        if (alive) {
-            m_tooLate = false;
-        }
-    } else if (m_incubated && !qobject_cast<QQuickItem *>(m_incubated)) {
-        m_incubated->deleteLater();
+        m_visual.clear();
+        // Not left to the incubator's destructor: an engine whose incubators are destroyed while
+        // they load counts them as loading for ever, and keeps its warnings back meanwhile.
+        incubator->clear();
+    } else if (incubated && !qobject_cast<QQuickItem *>(incubated)) {
+        incubated->deleteLater();
     }
 }
 
 void DocumentDragSource::filterWindowEvent(const QEvent *event)
 {
-    if (!m_visual) {
-        return;
-    }
-    DragVisual *const visual = visualState(m_visual);
+    DragVisualState *const visual = m_visual ? visualState(m_visual) : nullptr;
     if (!visual) {
         return;
     }
@@ -334,7 +375,7 @@ void DocumentDragSource::removeVisual()
     if (!visual) {
         return;
     }
-    DragVisual *const state = visualState(visual);
+    DragVisualState *const state = visualState(visual);
     if (state && state->delayRemove()) {
         const QPointer<QQuickItem> alive(source);
         state->setDropped(true);
@@ -351,6 +392,26 @@ void DocumentDragSource::removeVisual()
 
 // Properties
 
+bool DocumentDragSource::isEnabled() const
+{
+    return source->filtersChildMouseEvents();
+}
+
+void DocumentDragSource::setEnabled(bool enabled)
+{
+    if (isEnabled() == enabled) {
+        return;
+    }
+    source->setFiltersChildMouseEvents(enabled);
+    const QPointer<QQuickItem> alive(source);
+    if (!enabled && isWaitingForRelease()) {
+        finish();
+    }
+    if (alive) {
+        announceEnabled(enabled);
+    }
+}
+
 void DocumentDragSource::setDelegate(QQmlComponent *delegate)
 {
     if (m_delegate == delegate) {
@@ -362,18 +423,19 @@ void DocumentDragSource::setDelegate(QQmlComponent *delegate)
 
 void DocumentDragSource::setDocuments(const QList<Document *> &documents)
 {
-    if (m_documents == documents) {
+    QList<Document *> present = documents;
+    present.removeAll(nullptr);
+    if (m_documents == present) {
         return;
     }
     for (const QMetaObject::Connection &watch : qAsConst(m_watches)) {
         QObject::disconnect(watch);
     }
     m_watches.clear();
-    m_documents.clear();
-    for (Document *document : documents) {
+    for (Document *document : qAsConst(present)) {
         watchDocument(document);
-        m_documents.append(document);
     }
+    m_documents = present;
     announceDocuments();
 }
 
@@ -391,13 +453,12 @@ QQmlListProperty<Document> DocumentDragSource::documentList()
             [](List *list, int index) {
                 return static_cast<DocumentDragSource *>(list->data)->m_documents.value(index);
             },
-            [](List *list) { static_cast<DocumentDragSource *>(list->data)->clear(); }};
+            [](List *list) { static_cast<DocumentDragSource *>(list->data)->setDocuments({}); }};
 }
 
 void DocumentDragSource::append(Document *document)
 {
-    // What JavaScript pushes arrives unchecked, whatever its type is.
-    if (!qobject_cast<Document *>(static_cast<QObject *>(document))) {
+    if (!isListElement(document)) {
         return;
     }
     watchDocument(document);
@@ -405,19 +466,12 @@ void DocumentDragSource::append(Document *document)
     announceDocuments();
 }
 
-void DocumentDragSource::clear()
-{
-    if (!m_documents.isEmpty()) {
-        setDocuments({});
-    }
-}
-
 /// Lets a document that is destroyed leave the list.
 void DocumentDragSource::watchDocument(Document *document)
 {
     if (!m_watches.contains(document)) {
         m_watches.insert(document,
-                         QObject::connect(document, &QObject::destroyed, source,
+                         QObject::connect(document, &QObject::destroyed, &m_receiverOfCalls,
                                           [this, document] { forgetDocument(document); }));
     }
 }

@@ -3,11 +3,14 @@
 
 #pragma once
 
+#include "controls/drag/DragVisualHost.h"
+
 #include <OmbrelDataCore/Document.h>
 
 #include <QHash>
 #include <QList>
 #include <QMetaObject>
+#include <QObject>
 #include <QPointF>
 #include <QPointer>
 #include <QQmlComponent>
@@ -23,11 +26,11 @@ class QQuickWindow;
 
 namespace om::controls {
 
-class DragVisual;
+class DragVisualState;
 
-/// What the two document sources share: the gesture, the documents, the payload, the visual that
+/// The body of both document sources: the gesture, the documents, the payload, the visual that
 /// follows the cursor, the filter on the window. Each source has one and hands its events to it;
-/// what it does differently is in its Differences and in the functions below that it implements.
+/// what it does differently is in its Differences.
 ///
 /// The gesture has three states:
 ///
@@ -39,7 +42,7 @@ class DragVisual;
 ///
 /// The platform's drag loop runs from the event loop, not from inside the move that starts it: the
 /// child that the move is for may be destroyed by the drop, and Qt Quick would still deliver to it.
-class DocumentDragSource
+class DocumentDragSource : public DragVisualHost
 {
 public:
     enum State {
@@ -48,23 +51,30 @@ public:
         Dragging = 2
     };
 
-    /// Where the sources deliberately differ.
+    /// Where one source differs from the other.
     struct Differences
     {
         /// A move gives the gesture up while another item keeps the mouse grab.
         bool yieldsToKeptGrab = false;
-        /// The arrow is the drag's cursor for each action.
+        /// The arrow is set as the drag's cursor for each action.
         bool setsCursors = false;
+        /// The visual lies above everything but popups, not where its declaration puts it.
+        bool raisesVisual = false;
         /// The drag is over as soon as the platform's drag loop is, without waiting for a release.
         bool endsWithLoop = false;
+        /// A release that comes while the drag runs is told to the debug channel.
+        bool tellsReleases = false;
     };
 
     DocumentDragSource(QQuickItem *source, const Differences &differences);
     virtual ~DocumentDragSource();
 
+    bool isEnabled() const;
+    void setEnabled(bool enabled);
     /// False already while the end is announced, for bindings to see what the signal says.
     bool isDragging() const { return m_state == Dragging && !m_finishing; }
     const QList<om::data::Document *> &documents() const { return m_documents; }
+    /// Null documents are left out.
     void setDocuments(const QList<om::data::Document *> &documents);
     QQmlListProperty<om::data::Document> documentList();
     QQmlComponent *delegate() const { return m_delegate; }
@@ -74,42 +84,47 @@ public:
     void filterChildEvent(QQuickItem *child, const QEvent *event);
     /// An event for the window, while a drag runs; never consumed.
     void filterWindowEvent(const QEvent *event);
-    /// Takes over the visual that the incubator makes.
-    void adoptVisual(QObject *object);
+    void adoptVisual(QObject *object) override;
+
+    /// Ends what still runs. For the source's destructor, while the source still answers: a last
+    /// leave is delivered to the application, whose code may look at the source.
+    void abandon();
 
 protected:
+    virtual void announceEnabled(bool enabled) = 0;
     virtual void announceActive(bool active) = 0;
     virtual void announceDocuments() = 0;
     virtual void announceDelegate(QQmlComponent *delegate) = 0;
     virtual std::unique_ptr<QQmlIncubator> createIncubator() = 0;
-    /// The attached state of \a visual, made when it is first asked for.
-    virtual DragVisual *visualState(QObject *visual) const = 0;
+    /// The attached state of \a visual, made when it is first asked for; null when there is none.
+    virtual DragVisualState *visualState(QObject *visual) const = 0;
+    /// Lets the attached object of \a visual name the source for as long as that lives.
+    virtual void introduceTo(QObject *visual) = 0;
     /// Calls deleteLater() on \a visual when its delayRemove changes.
     virtual void deleteWhenReleased(QQuickItem *visual) = 0;
-    /// A release has come while the drag runs.
-    virtual void releasedWhileDragging() { }
 
     QQuickItem *const source;
 
 private:
     void press(QQuickItem *child, const QMouseEvent *event);
-    void move(const QMouseEvent *event);
+    void move(QQuickItem *child, const QMouseEvent *event);
     void start();
-    void prepareDrag();
+    void scheduleRun();
     void runDrag();
-    void cleanUp();
     void release();
-    void finish();
+    void ungrab(const QQuickItem *child);
+    bool isWaitingForRelease() const;
     bool canBeReleased() const;
+    void finish();
+    void cleanUp();
 
     void watchWindow(QQuickWindow *window);
     void createVisual();
-    void moveVisual(const QPointF &position);
     void endIncubation();
+    void moveVisual(const QPointF &position);
     void removeVisual();
 
     void append(om::data::Document *document);
-    void clear();
     void watchDocument(om::data::Document *document);
     void forgetDocument(om::data::Document *document);
 
@@ -117,22 +132,25 @@ private:
     State m_state = Idle;
     bool m_finishing = false;
     QPointF m_pressPosition;
-    QPointer<QQuickItem> m_pressedChild;
+    /// The child that the last mouse event of the gesture was for: the release will be, too.
+    QPointer<QQuickItem> m_receiver;
     QList<om::data::Document *> m_documents;
     /// One connection a document, however often it is listed.
     QHash<om::data::Document *, QMetaObject::Connection> m_watches;
     QPointer<QQmlComponent> m_delegate;
     /// The drag that is about to run or whose loop is running.
     QPointer<QDrag> m_drag;
+    bool m_runScheduled = false;
     bool m_loopRunning = false;
     /// Where the filter sits, which need not be the source's window any more.
     QPointer<QQuickWindow> m_watchedWindow;
     std::unique_ptr<QQmlIncubator> m_incubator;
-    /// What the incubator handed out, complete or not.
+    /// What the incubator handed out, complete or not, an item or not.
     QPointer<QObject> m_incubated;
-    /// Set while what comes out of the incubator is thrown away.
-    bool m_tooLate = false;
     QPointer<QQuickItem> m_visual;
+    /// The receiver of the documents' signals and of the scheduled call: with it they end, while
+    /// the item behind the source still lives for a while.
+    QObject m_receiverOfCalls;
 };
 
 } // namespace om::controls

@@ -3,47 +3,20 @@
 
 #include "controls/drag/DragArea.h"
 
-#include "controls/drag/DocumentDragSource.h"
 #include "controls/drag/DragAreaAttachedObject.h"
 #include "controls/drag/DragAreaIncubator.h"
-
-#include <QQmlEngine>
+#include "controls/drag/DragSourceRecord.h"
 
 namespace om::controls {
 
-class DragArea::Private : public DocumentDragSource
+class DragArea::Private
+    : public DragSourceRecord<DragArea, DragAreaAttachedObject, DragAreaIncubator>
 {
 public:
-    explicit Private(DragArea *owner)
-        : DocumentDragSource(owner, differences())
-        , q(owner)
+    explicit Private(DragArea *area)
+        : DragSourceRecord(area, {})
     {
     }
-
-    static Differences differences() { return {}; }
-
-    void announceActive(bool active) override { Q_EMIT q->dragActiveChanged(active); }
-    void announceDocuments() override { Q_EMIT q->dragDocumentsChanged(q->dragDocuments()); }
-    void announceDelegate(QQmlComponent *delegate) override
-    {
-        Q_EMIT q->dragDelegateChanged(delegate);
-    }
-    std::unique_ptr<QQmlIncubator> createIncubator() override
-    {
-        return std::make_unique<DragAreaIncubator>(q);
-    }
-    DragVisual *visualState(QObject *visual) const override
-    {
-        auto *const attached = DragAreaAttachedObject::of(visual);
-        return attached ? attached->visual() : nullptr;
-    }
-    void deleteWhenReleased(QQuickItem *visual) override
-    {
-        connect(DragAreaAttachedObject::of(visual), &DragAreaAttachedObject::delayRemoveChanged,
-                visual, &QObject::deleteLater);
-    }
-
-    DragArea *const q;
 };
 
 DragArea::DragArea(QQuickItem *parent)
@@ -53,7 +26,10 @@ DragArea::DragArea(QQuickItem *parent)
     setFiltersChildMouseEvents(true);
 }
 
-DragArea::~DragArea() = default;
+DragArea::~DragArea()
+{
+    d->abandon();
+}
 
 QObject *DragArea::qmlAttachedProperties(QObject *object)
 {
@@ -62,16 +38,12 @@ QObject *DragArea::qmlAttachedProperties(QObject *object)
 
 bool DragArea::isDragEnabled() const
 {
-    return filtersChildMouseEvents();
+    return d->isEnabled();
 }
 
 void DragArea::setDragEnabled(bool enabled)
 {
-    if (filtersChildMouseEvents() == enabled) {
-        return;
-    }
-    setFiltersChildMouseEvents(enabled);
-    Q_EMIT dragEnabledChanged(enabled);
+    d->setEnabled(enabled);
 }
 
 bool DragArea::isDragActive() const
@@ -97,11 +69,6 @@ QQmlComponent *DragArea::dragDelegate() const
 void DragArea::setDragDelegate(QQmlComponent *delegate)
 {
     d->setDelegate(delegate);
-}
-
-void DragArea::adoptVisual(QObject *object)
-{
-    d->adoptVisual(object);
 }
 
 bool DragArea::childMouseEventFilter(QQuickItem *item, QEvent *event)

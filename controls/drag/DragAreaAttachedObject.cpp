@@ -3,87 +3,50 @@
 
 #include "controls/drag/DragAreaAttachedObject.h"
 
-#include "controls/drag/DragArea.h"
-#include "controls/drag/DragVisual.h"
-
-#include <QPointer>
-#include <QQmlEngine>
-
 namespace om::controls {
 
-class DragAreaAttachedObject::Private : public DragVisual
+class DragAreaAttachedObject::Private
 {
 public:
-    explicit Private(DragAreaAttachedObject *owner)
-        : q(owner)
-    {
-    }
-
-    void announceOutside(bool outside) override { Q_EMIT q->outsideChanged(outside); }
-    void announceDropped(bool dropped) override { Q_EMIT q->droppedChanged(dropped); }
-    void announceDelayRemove(bool delay) override { Q_EMIT q->delayRemoveChanged(delay); }
-    void announceHotspot(const QPointF &hotspot) override { Q_EMIT q->hotspotChanged(hotspot); }
-
-    DragAreaAttachedObject *const q;
-    QPointer<DragArea> area;
+    DragArea *source = nullptr;
 };
 
 DragAreaAttachedObject::DragAreaAttachedObject(QObject *object)
     : QObject(object)
-    , d(std::make_unique<Private>(this))
+    , d(std::make_unique<Private>())
 {
 }
 
 DragAreaAttachedObject::~DragAreaAttachedObject() = default;
 
-DragAreaAttachedObject *DragAreaAttachedObject::of(QObject *object)
-{
-    return qobject_cast<DragAreaAttachedObject *>(qmlAttachedPropertiesObject<DragArea>(object));
-}
-
 DragArea *DragAreaAttachedObject::area() const
 {
-    return d->area;
+    return d->source;
 }
 
-void DragAreaAttachedObject::setArea(DragArea *area)
+void DragAreaAttachedObject::setSource(DragArea *source)
 {
-    d->area = area;
+    d->source = source;
 }
 
-bool DragAreaAttachedObject::isOutside() const
+void DragAreaAttachedObject::announceOutside(bool outside)
 {
-    return d->isOutside();
+    Q_EMIT outsideChanged(outside);
 }
 
-bool DragAreaAttachedObject::isDropped() const
+void DragAreaAttachedObject::announceDropped(bool dropped)
 {
-    return d->isDropped();
+    Q_EMIT droppedChanged(dropped);
 }
 
-bool DragAreaAttachedObject::delayRemove() const
+void DragAreaAttachedObject::announceDelayRemove(bool delay)
 {
-    return d->delayRemove();
+    Q_EMIT delayRemoveChanged(delay);
 }
 
-void DragAreaAttachedObject::setDelayRemove(bool delay)
+void DragAreaAttachedObject::announceHotspot(const QPointF &hotspot)
 {
-    d->setDelayRemove(delay);
-}
-
-QPointF DragAreaAttachedObject::hotspot() const
-{
-    return d->hotspot();
-}
-
-void DragAreaAttachedObject::setHotspot(const QPointF &hotspot)
-{
-    d->setHotspot(hotspot);
-}
-
-DragVisual *DragAreaAttachedObject::visual() const
-{
-    return d.get();
+    Q_EMIT hotspotChanged(hotspot);
 }
 
 } // namespace om::controls

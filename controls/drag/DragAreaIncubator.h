@@ -3,24 +3,15 @@
 
 #pragma once
 
-#include <QQmlIncubator>
+#include "controls/drag/DragVisualIncubator.h"
 
 namespace om::controls {
 
-class DragArea;
-
-/// Makes the drag visual of a DragArea, while the drag runs.
-class DragAreaIncubator : public QQmlIncubator
+/// Makes the drag visual of a DragArea.
+class DragAreaIncubator : public DragVisualIncubator
 {
 public:
-    explicit DragAreaIncubator(DragArea *area);
-    ~DragAreaIncubator() override;
-
-protected:
-    void setInitialState(QObject *object) override;
-
-private:
-    DragArea *const m_area;
+    using DragVisualIncubator::DragVisualIncubator;
 };
 
 } // namespace om::controls

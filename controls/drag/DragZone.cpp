@@ -3,56 +3,33 @@
 
 #include "controls/drag/DragZone.h"
 
-#include "controls/drag/DocumentDragSource.h"
+#include "controls/drag/DragSourceRecord.h"
 #include "controls/drag/DragZoneAttachedObject.h"
 #include "controls/drag/DragZoneIncubator.h"
 
-#include <QQmlEngine>
-
 namespace om::controls {
 
-class DragZone::Private : public DocumentDragSource
+class DragZone::Private
+    : public DragSourceRecord<DragZone, DragZoneAttachedObject, DragZoneIncubator>
 {
 public:
-    explicit Private(DragZone *owner)
-        : DocumentDragSource(owner, differences())
-        , q(owner)
+    explicit Private(DragZone *zone)
+        : DragSourceRecord(zone, differences())
     {
     }
 
-    /// Each of these is a deliberate difference from DragArea; so are the two functions below.
+private:
+    /// All that a zone does differently from an area.
     static Differences differences()
     {
         Differences differences;
         differences.yieldsToKeptGrab = true;
         differences.setsCursors = true;
+        differences.raisesVisual = true;
         differences.endsWithLoop = true;
+        differences.tellsReleases = true;
         return differences;
     }
-
-    void announceActive(bool active) override { Q_EMIT q->dragActiveChanged(active); }
-    void announceDocuments() override { Q_EMIT q->dragDocumentsChanged(q->dragDocuments()); }
-    void announceDelegate(QQmlComponent *delegate) override
-    {
-        Q_EMIT q->dragDelegateChanged(delegate);
-    }
-    std::unique_ptr<QQmlIncubator> createIncubator() override
-    {
-        return std::make_unique<DragZoneIncubator>(q);
-    }
-    DragVisual *visualState(QObject *visual) const override
-    {
-        auto *const attached = DragZoneAttachedObject::of(visual);
-        return attached ? attached->visual() : nullptr;
-    }
-    void deleteWhenReleased(QQuickItem *visual) override
-    {
-        connect(DragZoneAttachedObject::of(visual), &DragZoneAttachedObject::delayRemoveChanged,
-                visual, &QObject::deleteLater);
-    }
-    void releasedWhileDragging() override { qDebug("discard"); }
-
-    DragZone *const q;
 };
 
 DragZone::DragZone(QQuickItem *parent)
@@ -62,7 +39,10 @@ DragZone::DragZone(QQuickItem *parent)
     setFiltersChildMouseEvents(true);
 }
 
-DragZone::~DragZone() = default;
+DragZone::~DragZone()
+{
+    d->abandon();
+}
 
 QObject *DragZone::qmlAttachedProperties(QObject *object)
 {
@@ -71,16 +51,12 @@ QObject *DragZone::qmlAttachedProperties(QObject *object)
 
 bool DragZone::isDragEnabled() const
 {
-    return filtersChildMouseEvents();
+    return d->isEnabled();
 }
 
 void DragZone::setDragEnabled(bool enabled)
 {
-    if (filtersChildMouseEvents() == enabled) {
-        return;
-    }
-    setFiltersChildMouseEvents(enabled);
-    Q_EMIT dragEnabledChanged(enabled);
+    d->setEnabled(enabled);
 }
 
 bool DragZone::isDragActive() const
@@ -111,15 +87,6 @@ void DragZone::setDragDelegate(QQmlComponent *delegate)
 bool DragZone::containsDragDocument(om::data::Document *document) const
 {
     return document && d->documents().contains(document);
-}
-
-void DragZone::adoptVisual(QObject *object)
-{
-    d->adoptVisual(object);
-    // Above everything but popups; deliberately not so for a DragArea's.
-    if (auto *const item = qobject_cast<QQuickItem *>(object)) {
-        item->setZ(65535.0);
-    }
 }
 
 bool DragZone::childMouseEventFilter(QQuickItem *item, QEvent *event)

@@ -17,9 +17,10 @@ namespace om::controls {
 /// system drag of documents: the source whose documents a DocumentDropHandler takes. It never
 /// consumes an event.
 ///
-/// Unlike a DragArea it gives way to an item that keeps the mouse grab, shows the arrow as the
-/// cursor of the drag, puts the visual on top of the window's content (z 65535), and ends the drag
-/// as soon as the platform's drag loop does.
+/// Unlike a DragArea it gives way to an item that keeps the mouse grab, puts the visual on top of
+/// the window's content (z 65535), and ends the drag as soon as the platform's drag loop does. It
+/// also sets the arrow as the cursor of the drag, which shows nothing: the platform's arrow has no
+/// pixmap, and without one a drag keeps the cursors that the platform gives it.
 class DragZone : public QQuickItem
 {
     Q_OBJECT
@@ -68,9 +69,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void adoptVisual(QObject *object);
-
-    friend class DragZoneIncubator;
     class Private;
     const std::unique_ptr<Private> d;
 };

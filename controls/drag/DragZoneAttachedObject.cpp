@@ -3,87 +3,50 @@
 
 #include "controls/drag/DragZoneAttachedObject.h"
 
-#include "controls/drag/DragVisual.h"
-#include "controls/drag/DragZone.h"
-
-#include <QPointer>
-#include <QQmlEngine>
-
 namespace om::controls {
 
-class DragZoneAttachedObject::Private : public DragVisual
+class DragZoneAttachedObject::Private
 {
 public:
-    explicit Private(DragZoneAttachedObject *owner)
-        : q(owner)
-    {
-    }
-
-    void announceOutside(bool outside) override { Q_EMIT q->outsideChanged(outside); }
-    void announceDropped(bool dropped) override { Q_EMIT q->droppedChanged(dropped); }
-    void announceDelayRemove(bool delay) override { Q_EMIT q->delayRemoveChanged(delay); }
-    void announceHotspot(const QPointF &hotspot) override { Q_EMIT q->hotspotChanged(hotspot); }
-
-    DragZoneAttachedObject *const q;
-    QPointer<DragZone> dragZone;
+    DragZone *source = nullptr;
 };
 
 DragZoneAttachedObject::DragZoneAttachedObject(QObject *object)
     : QObject(object)
-    , d(std::make_unique<Private>(this))
+    , d(std::make_unique<Private>())
 {
 }
 
 DragZoneAttachedObject::~DragZoneAttachedObject() = default;
 
-DragZoneAttachedObject *DragZoneAttachedObject::of(QObject *object)
-{
-    return qobject_cast<DragZoneAttachedObject *>(qmlAttachedPropertiesObject<DragZone>(object));
-}
-
 DragZone *DragZoneAttachedObject::dragZone() const
 {
-    return d->dragZone;
+    return d->source;
 }
 
-void DragZoneAttachedObject::setDragZone(DragZone *dragZone)
+void DragZoneAttachedObject::setSource(DragZone *source)
 {
-    d->dragZone = dragZone;
+    d->source = source;
 }
 
-bool DragZoneAttachedObject::isOutside() const
+void DragZoneAttachedObject::announceOutside(bool outside)
 {
-    return d->isOutside();
+    Q_EMIT outsideChanged(outside);
 }
 
-bool DragZoneAttachedObject::isDropped() const
+void DragZoneAttachedObject::announceDropped(bool dropped)
 {
-    return d->isDropped();
+    Q_EMIT droppedChanged(dropped);
 }
 
-bool DragZoneAttachedObject::delayRemove() const
+void DragZoneAttachedObject::announceDelayRemove(bool delay)
 {
-    return d->delayRemove();
+    Q_EMIT delayRemoveChanged(delay);
 }
 
-void DragZoneAttachedObject::setDelayRemove(bool delay)
+void DragZoneAttachedObject::announceHotspot(const QPointF &hotspot)
 {
-    d->setDelayRemove(delay);
-}
-
-QPointF DragZoneAttachedObject::hotspot() const
-{
-    return d->hotspot();
-}
-
-void DragZoneAttachedObject::setHotspot(const QPointF &hotspot)
-{
-    d->setHotspot(hotspot);
-}
-
-DragVisual *DragZoneAttachedObject::visual() const
-{
-    return d.get();
+    Q_EMIT hotspotChanged(hotspot);
 }
 
 } // namespace om::controls

@@ -3,21 +3,23 @@
 
 #pragma once
 
+#include "controls/drag/DragVisualState.h"
+
 #include <QObject>
-#include <QPointF>
 
 #include <memory>
 
 namespace om::controls {
 
 class DragZone;
-class DragVisual;
 
 /// The attached `DragZone` of a drag visual: what its root knows of the drag, and asks of it.
-class DragZoneAttachedObject : public QObject
+class DragZoneAttachedObject
+    : public QObject
+    , public DragVisualState
 {
     Q_OBJECT
-    /// The source that made the visual; null on any other object.
+    /// The source that made the visual; null on any other object, and once the source is gone.
     Q_PROPERTY(om::controls::DragZone *dragZone READ dragZone CONSTANT)
     /// True while the cursor is outside the window.
     Q_PROPERTY(bool isOutside READ isOutside NOTIFY outsideChanged)
@@ -32,20 +34,9 @@ public:
     explicit DragZoneAttachedObject(QObject *object);
     ~DragZoneAttachedObject() override;
 
-    /// The attached object of \a object, made when it is first asked for.
-    static DragZoneAttachedObject *of(QObject *object);
-
     DragZone *dragZone() const;
-    void setDragZone(DragZone *dragZone);
-    bool isOutside() const;
-    bool isDropped() const;
-    bool delayRemove() const;
-    void setDelayRemove(bool delay);
-    QPointF hotspot() const;
-    void setHotspot(const QPointF &hotspot);
-
-    /// The state behind the properties, for the source of the drag.
-    DragVisual *visual() const;
+    /// Called by the source; with null when it goes.
+    void setSource(DragZone *source);
 
 Q_SIGNALS:
     void outsideChanged(bool outside);
@@ -54,6 +45,11 @@ Q_SIGNALS:
     void hotspotChanged(QPointF hotspot);
 
 private:
+    void announceOutside(bool outside) override;
+    void announceDropped(bool dropped) override;
+    void announceDelayRemove(bool delay) override;
+    void announceHotspot(const QPointF &hotspot) override;
+
     class Private;
     const std::unique_ptr<Private> d;
 };

@@ -3,24 +3,15 @@
 
 #pragma once
 
-#include <QQmlIncubator>
+#include "controls/drag/DragVisualIncubator.h"
 
 namespace om::controls {
 
-class DragZone;
-
-/// Makes the drag visual of a DragZone, while the drag runs.
-class DragZoneIncubator : public QQmlIncubator
+/// Makes the drag visual of a DragZone.
+class DragZoneIncubator : public DragVisualIncubator
 {
 public:
-    explicit DragZoneIncubator(DragZone *dragZone);
-    ~DragZoneIncubator() override;
-
-protected:
-    void setInitialState(QObject *object) override;
-
-private:
-    DragZone *const m_dragZone;
+    using DragVisualIncubator::DragVisualIncubator;
 };
 
 } // namespace om::controls

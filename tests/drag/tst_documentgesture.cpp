@@ -1,105 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/drag/DragArea.h"
-#include "controls/drag/DragAreaAttachedObject.h"
-#include "controls/drag/DragZone.h"
-#include "controls/drag/DragZoneAttachedObject.h"
+#include "tests/drag/FilteredSource.h"
 #include "tests/support/Leftovers.h"
-#include "tests/support/SignalRecorder.h"
 #include "tests/support/Text.h"
 
-#include <QMouseEvent>
-#include <QPointer>
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QScopedPointer>
-#include <QTest>
 
 using om::data::Document;
-
-namespace {
-
 using support::text;
-
-/// A source whose child-event filter can be called with any event. On this platform the drag loop
-/// returns at once, so that each step of the gesture can be looked at.
-class Source
-{
-public:
-    virtual ~Source() = default;
-
-    void press(Qt::MouseButtons buttons = Qt::LeftButton, const QPointF &at = {20, 20})
-    {
-        send(QEvent::MouseButtonPress, at, Qt::LeftButton, buttons);
-    }
-    void move(qreal dx, qreal dy, Qt::MouseButtons buttons = Qt::LeftButton)
-    {
-        send(QEvent::MouseMove, QPointF(20 + dx, 20 + dy), Qt::NoButton, buttons);
-        // The drag itself runs from the event loop.
-        QCoreApplication::processEvents();
-    }
-    void release() { send(QEvent::MouseButtonRelease, {20, 20}, Qt::LeftButton, Qt::NoButton); }
-
-    virtual QQuickItem *item() = 0;
-    virtual bool filter(QQuickItem *child, QEvent *event) = 0;
-    virtual void setDocuments(const QList<Document *> &documents) = 0;
-    virtual QQmlListProperty<Document> list() = 0;
-    virtual void setDelegate(QQmlComponent *delegate) = 0;
-    bool active() { return item()->property("dragActive").toBool(); }
-
-    void give(QQuickItem *child) { m_child = child; }
-
-private:
-    void send(QEvent::Type type, const QPointF &at, Qt::MouseButton button,
-              Qt::MouseButtons buttons)
-    {
-        QMouseEvent event(type, at, at, at, button, buttons, Qt::NoModifier);
-        QVERIFY2(!filter(m_child, &event), "an event is never consumed");
-    }
-    QPointer<QQuickItem> m_child;
-};
-
-template<typename T>
-class SourceOf : public Source
-{
-public:
-    class Open : public T
-    {
-    public:
-        using T::childMouseEventFilter;
-        using T::eventFilter;
-    };
-
-    explicit SourceOf(QQuickItem *parent)
-        : m_item(new Open)
-    {
-        m_item->setParentItem(parent);
-        m_item->setSize({100, 100});
-        auto *const child = new QQuickItem(m_item.data());
-        child->setSize({100, 100});
-        child->setAcceptedMouseButtons(Qt::LeftButton);
-        give(child);
-    }
-    ~SourceOf() override { delete m_item.data(); }
-
-    QQuickItem *item() override { return m_item; }
-    bool filter(QQuickItem *child, QEvent *event) override
-    {
-        return m_item->childMouseEventFilter(child, event);
-    }
-    void setDocuments(const QList<Document *> &documents) override
-    {
-        m_item->setDragDocuments(documents);
-    }
-    QQmlListProperty<Document> list() override { return m_item->dragDocuments(); }
-    void setDelegate(QQmlComponent *delegate) override { m_item->setDragDelegate(delegate); }
-
-private:
-    QPointer<Open> m_item;
-};
-
-} // namespace
 
 /// The gesture of the two document sources step by step, and their properties.
 class TestDocumentGesture : public QObject
@@ -149,10 +60,10 @@ private Q_SLOTS:
 
 private:
     static void sources();
-    Source *source() const { return m_source.data(); }
+    FilteredSource *source() const { return m_source.data(); }
 
     QScopedPointer<QQuickWindow> m_window;
-    QScopedPointer<Source> m_source;
+    QScopedPointer<FilteredSource> m_source;
     QScopedPointer<Document> m_document;
 };
 
@@ -178,9 +89,9 @@ void TestDocumentGesture::init()
         isZone = qstrcmp(QTest::currentDataTag(), "DragZone") == 0;
     }
     if (isZone) {
-        m_source.reset(new SourceOf<om::controls::DragZone>(m_window->contentItem()));
+        m_source.reset(new FilteredSourceOf<om::controls::DragZone>(m_window->contentItem()));
     } else {
-        m_source.reset(new SourceOf<om::controls::DragArea>(m_window->contentItem()));
+        m_source.reset(new FilteredSourceOf<om::controls::DragArea>(m_window->contentItem()));
     }
     m_document.reset(new Document);
     m_source->setDocuments({m_document.data()});
@@ -309,11 +220,11 @@ void TestDocumentGesture::areaIsActiveUntilTheRelease()
     addTaker(source()->item());
     support::SignalRecorder recorder;
     recorder.watch(source()->item(), text("source"), {text("dragActiveChanged")},
-                   [this] { return source()->active() ? text("on") : text("off"); });
+                   [this] { return source()->isActive() ? text("on") : text("off"); });
     realPressAndMove(m_window.data());
-    QVERIFY(source()->active());
+    QVERIFY(source()->isActive());
     realRelease(m_window.data());
-    QVERIFY(!source()->active());
+    QVERIFY(!source()->isActive());
     QCOMPARE(recorder.take(),
              (QStringList{text("source.dragActiveChanged [on]"),
                           text("source.dragActiveChanged [off]")}));
@@ -325,7 +236,7 @@ void TestDocumentGesture::zoneIsDoneWhenTheLoopIs()
     support::SignalRecorder recorder;
     recorder.watch(source()->item(), text("source"), {text("dragActiveChanged")});
     realPressAndMove(m_window.data());
-    QVERIFY(!source()->active());
+    QVERIFY(!source()->isActive());
     QCOMPARE(recorder.entries().size(), 2);
     QCOMPARE(recorder.arguments(0), QVariantList{true});
     QCOMPARE(recorder.arguments(1), QVariantList{false});
@@ -337,11 +248,11 @@ void TestDocumentGesture::areaPressWhileActiveAnnouncesNoEnd()
 {
     addTaker(source()->item());
     realPressAndMove(m_window.data());
-    QVERIFY(source()->active());
+    QVERIFY(source()->isActive());
     support::SignalRecorder recorder;
     recorder.watch(source()->item(), text("source"), {text("dragActiveChanged")});
     source()->press();
-    QVERIFY(!source()->active());
+    QVERIFY(!source()->isActive());
     QVERIFY(recorder.entries().isEmpty());
     source()->release();
     QVERIFY(recorder.entries().isEmpty());
@@ -360,7 +271,7 @@ void TestDocumentGesture::zoneReleaseInsideTheLoopIsDiscarded()
     QTest::ignoreMessage(QtDebugMsg, "discard");
     source()->press();
     source()->move(10, 0);
-    QVERIFY(!source()->active());
+    QVERIFY(!source()->isActive());
     QCOMPARE(recorder.entries().size(), 2);
 }
 
@@ -374,7 +285,7 @@ void TestDocumentGesture::areaReleaseInsideTheLoopEndsSilently()
     });
     source()->press();
     source()->move(10, 0);
-    QVERIFY(!source()->active());
+    QVERIFY(!source()->isActive());
 }
 
 void TestDocumentGesture::keptGrabEndsTheZonesGestureOnly()
@@ -414,7 +325,7 @@ void TestDocumentGesture::nextGestureWorks()
         source()->press();
         source()->move(10, 0);
         source()->release();
-        QVERIFY(!source()->active());
+        QVERIFY(!source()->isActive());
         QCOMPARE(starts(recorder), i);
     }
 }
@@ -506,9 +417,8 @@ void TestDocumentGesture::attachedObjects()
 {
     QFETCH(bool, isZone);
     QObject owner;
-    QObject *const attached = isZone
-        ? static_cast<QObject *>(om::controls::DragZoneAttachedObject::of(&owner))
-        : om::controls::DragAreaAttachedObject::of(&owner);
+    QObject *const attached = isZone ? qmlAttachedPropertiesObject<om::controls::DragZone>(&owner)
+                                     : qmlAttachedPropertiesObject<om::controls::DragArea>(&owner);
     QVERIFY(attached);
     QCOMPARE(attached->parent(), &owner);
     const char *const sourceName = isZone ? "dragZone" : "area";

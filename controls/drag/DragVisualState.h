@@ -5,40 +5,45 @@
 
 #include <QPointF>
 
+#include <memory>
+
 namespace om::controls {
 
-/// What a drag visual knows of its drag, the state behind both attached types. The attached type
-/// says how each change is announced.
-class DragVisual
+/// What a drag visual knows of its drag, and asks of it: the body of both attached types, which
+/// give it their signals. Not a QObject: the attached types derive from QObject directly, which is
+/// what QML sees.
+class DragVisualState
 {
 public:
-    virtual ~DragVisual();
+    virtual ~DragVisualState();
 
     /// True while the cursor is outside the window.
-    bool isOutside() const { return m_outside; }
-    void setOutside(bool outside);
+    bool isOutside() const;
     /// True once the drag has ended and the visual delays its removal; never reset.
-    bool isDropped() const { return m_dropped; }
-    void setDropped(bool dropped);
+    bool isDropped() const;
     /// True while the visual wants to stay after the drag, until this changes again.
-    bool delayRemove() const { return m_delayRemove; }
+    bool delayRemove() const;
     void setDelayRemove(bool delay);
     /// The point of the visual that lies under the cursor, in its own coordinates.
-    QPointF hotspot() const { return m_hotspot; }
+    QPointF hotspot() const;
     /// Points that are fuzzily equal are the same.
     void setHotspot(const QPointF &hotspot);
 
+    // For the source of the drag.
+    void setOutside(bool outside);
+    void setDropped(bool dropped);
+
 protected:
+    DragVisualState();
+
     virtual void announceOutside(bool outside) = 0;
     virtual void announceDropped(bool dropped) = 0;
     virtual void announceDelayRemove(bool delay) = 0;
     virtual void announceHotspot(const QPointF &hotspot) = 0;
 
 private:
-    bool m_outside = false;
-    bool m_dropped = false;
-    bool m_delayRemove = false;
-    QPointF m_hotspot;
+    class Private;
+    const std::unique_ptr<Private> d;
 };
 
 } // namespace om::controls
