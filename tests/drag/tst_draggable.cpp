@@ -17,53 +17,7 @@
 #include <limits>
 
 using support::positionIn;
-
-namespace {
-
 using support::text;
-
-const char *const scene = R"(
-Item {
-    width: 420; height: 300
-    property string took
-    property var payload
-    Item {
-        objectName: "left"
-        x: 10; y: 10; width: 180; height: 280
-        Draggable {
-            id: card
-            objectName: "card"
-            x: 20; y: 30; z: 3
-            width: 60; height: 40
-            dragData: "Card"
-            Rectangle { anchors.fill: parent; color: "teal" }
-        }
-    }
-    Item {
-        id: right
-        objectName: "right"
-        x: 210; y: 10; width: 90; height: 140
-        scale: 2
-        transformOrigin: Item.TopLeft
-    }
-    DropZone {
-        objectName: "zone"
-        x: 210; y: 10; width: 180; height: 280
-        DraggableDropHandler {
-            objectName: "handler"
-            key: "Card"
-            onDropped: {
-                took += "dropped "
-                payload = drag.data
-                if (drag.source.state === "adopt")
-                    drag.source.parent = right
-            }
-        }
-    }
-}
-)";
-
-} // namespace
 
 /// An item dragged with the real pointer.
 class TestDraggable : public QObject
@@ -108,7 +62,7 @@ void TestDraggable::init()
 void TestDraggable::load()
 {
     m_view = std::make_unique<support::QmlView>();
-    m_view->load(scene);
+    m_view->loadFile(text("data/card.qml"));
     m_view->show();
     m_watch = std::make_unique<support::DragWatch>(m_view->window(),
                                                    text("application/x-lumetra-draggable"));
