@@ -173,6 +173,7 @@ public:
     /// The microseconds from the press to the first drag event at the target.
     double drag()
     {
+        settle();
         m_probe.start();
         send(QEvent::MouseButtonPress, 20, Qt::LeftButton);
         m_moves = 0;
@@ -188,6 +189,17 @@ public:
     }
 
 private:
+    /// Waits until the frames are drawn that the last drag has asked for, the other side's above
+    /// all: its visible parts move, and whatever draws them would be counted here.
+    static void settle()
+    {
+        QElapsedTimer timer;
+        timer.start();
+        while (timer.elapsed() < 60) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        }
+    }
+
     /// The next move, from the event loop as the window system's are: the drag's loop needs them.
     /// A repeating timer would rest while the move that starts a drag is on the stack.
     void moveOn()
