@@ -6,12 +6,15 @@
 #include "tests/support/QmlView.h"
 
 #include <QDir>
+#include <QOpenGLContext>
+#include <QSurfaceFormat>
 #include <QTest>
 
 using namespace support;
 
 /// Each file of data/render carries its own expectations: lists of samples [x, y, colour,
-/// tolerance] that hold before and after change(), and how many there are of both.
+/// tolerance] that hold before and after change(), and how many there are of both. They hold for
+/// every kind of OpenGL context that an application may ask for.
 class TestRender : public QObject
 {
     Q_OBJECT
@@ -52,25 +55,43 @@ QString TestRender::samplesError(const QmlView &view, const char *property, int 
 
 void TestRender::everyCaseIsThere()
 {
-    QVERIFY(cases().entryList({QStringLiteral("*.qml")}, QDir::Files).size() >= 10);
+    QVERIFY(cases().entryList({QStringLiteral("*.qml")}, QDir::Files).size() >= 14);
 }
 
 void TestRender::samples_data()
 {
     QTest::addColumn<QString>("file");
+    QTest::addColumn<QSurfaceFormat>("format");
+    // The defaults of a window, as OpenGL ES, and as a core profile.
+    const QSurfaceFormat compatible = QQuickWindow().requestedFormat();
+    QSurfaceFormat embedded = compatible;
+    embedded.setRenderableType(QSurfaceFormat::OpenGLES);
+    embedded.setVersion(2, 0);
+    QSurfaceFormat core = compatible;
+    core.setVersion(3, 2);
+    core.setProfile(QSurfaceFormat::CoreProfile);
     const auto files = cases().entryInfoList({QStringLiteral("*.qml")}, QDir::Files);
     for (const QFileInfo &file : files) {
-        QTest::newRow(qPrintable(file.completeBaseName())) << file.absoluteFilePath();
+        const QByteArray name = file.completeBaseName().toUtf8();
+        QTest::newRow(name) << file.absoluteFilePath() << compatible;
+        QTest::newRow(name + ", OpenGL ES") << file.absoluteFilePath() << embedded;
+        QTest::newRow(name + ", core profile") << file.absoluteFilePath() << core;
     }
 }
 
 void TestRender::samples()
 {
     QFETCH(QString, file);
+    QFETCH(QSurfaceFormat, format);
     QmlView view;
     view.loadFile(file);
+    view.window()->setFormat(format);
     view.show();
     framesWhileIdle(view.window(), 0);
+    const QOpenGLContext *const context = view.window()->openglContext();
+    QCOMPARE(context->isOpenGLES(), format.renderableType() == QSurfaceFormat::OpenGLES);
+    QCOMPARE(context->format().profile() == QSurfaceFormat::CoreProfile,
+             format.profile() == QSurfaceFormat::CoreProfile);
     int count = 0;
     QCOMPARE(samplesError(view, "before", &count), QString());
     evaluate(view.root(), QStringLiteral("change()"));

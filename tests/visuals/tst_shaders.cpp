@@ -7,7 +7,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-/// Every GLSL file compiles with a stock validator, as a desktop driver and as an ES driver see it.
+/// Every GLSL file compiles with a stock validator, as a desktop driver and as an ES driver see it,
+/// and so does the twin that the build makes of it for core profiles.
 class TestShaders : public QObject
 {
     Q_OBJECT
@@ -30,6 +31,14 @@ private:
 static const QByteArray desktop =
     "#version 120\n#define lowp\n#define mediump\n#define highp\n#line 1\n";
 static const QByteArray embedded = "#version 100\n#line 1\n";
+
+/// A twin for core profiles as Qt hands it over: the version stays the first line, and the
+/// precision words are defined away below it.
+static QByteArray asCore(const QByteArray &twin)
+{
+    const int end = twin.indexOf('\n') + 1;
+    return twin.left(end) + "#define lowp\n#define mediump\n#define highp\n" + twin.mid(end);
+}
 
 void TestShaders::initTestCase()
 {
@@ -91,22 +100,36 @@ void TestShaders::everyFragmentHasItsVertex()
 void TestShaders::compiles_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("header");
+    QTest::addColumn<QByteArray>("program");
+    const auto text = [](const QString &path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    const QDir twins(qEnvironmentVariable("OMBREL_BUILD_DIR")
+                     + QStringLiteral("/controls/generated/shaders/core"));
     const QStringList names = m_folder.entryList(QDir::Files);
     QVERIFY(!names.isEmpty());
     for (const QString &name : names) {
-        QTest::newRow(qPrintable(name + QStringLiteral(", desktop 1.20"))) << name << desktop;
-        QTest::newRow(qPrintable(name + QStringLiteral(", ES 1.00"))) << name << embedded;
+        const QByteArray shader = text(m_folder.filePath(name));
+        QTest::newRow(qPrintable(name + QStringLiteral(", desktop 1.20")))
+            << name << desktop + shader;
+        QTest::newRow(qPrintable(name + QStringLiteral(", ES 1.00"))) << name << embedded + shader;
+        const QByteArray twin = text(twins.filePath(name));
+        QVERIFY2(twin.startsWith("#version 150\n"), qPrintable(name));
+        // The validator lets pass what core profiles have no more.
+        for (const char *word : {"attribute", "varying", "texture2D", "gl_FragColor"}) {
+            QVERIFY2(!twin.contains(word),
+                     qPrintable(name + QLatin1Char(' ') + QLatin1String(word)));
+        }
+        QTest::newRow(qPrintable(name + QStringLiteral(", core 1.50"))) << name << asCore(twin);
     }
 }
 
 void TestShaders::compiles()
 {
     QFETCH(QString, name);
-    QFETCH(QByteArray, header);
-    QFile file(m_folder.filePath(name));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(errors(name, header + file.readAll()), QString());
+    QFETCH(QByteArray, program);
+    QCOMPARE(errors(name, program), QString());
 }
 
 QTEST_GUILESS_MAIN(TestShaders)
