@@ -8,6 +8,8 @@ PropertyRow {
     id: row
 
     property bool list: false
+    // What is wrong with the text; the field is red and says so.
+    property string problem
     property alias placeholder: field.placeholderText
     readonly property string shownText: value === undefined || value === null ? ""
                                       : list ? Array.from(value).join(", ") : String(value)
@@ -19,11 +21,22 @@ PropertyRow {
                    : field.text);
     }
 
+    implicitHeight: problem === "" ? 36 : 56
+
+    Label {
+        y: 35
+        width: parent.width
+        visible: row.problem !== ""
+        text: row.problem
+        color: Theme.errorText
+        font.pixelSize: Theme.small
+    }
     Field {
         id: field
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.verticalCenter: parent.verticalCenter
+        y: (36 - height) / 2
+        valid: row.problem === ""
         shown: row.shownText
         // The beginning is what tells a long text.
         onTextChanged: if (!activeFocus) cursorPosition = 0

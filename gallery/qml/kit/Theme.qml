@@ -47,6 +47,16 @@ QtObject {
     readonly property int large: 18
     readonly property int huge: 30
 
+    function luminance(color) {
+        const part = value => value <= 0.03928 ? value / 12.92 : Math.pow((value + 0.055) / 1.055, 2.4);
+        return 0.2126 * part(color.r) + 0.7152 * part(color.g) + 0.0722 * part(color.b);
+    }
+    // From 1, equal, to 21, black and white: how well one is told from the other.
+    function contrast(color, other) {
+        const values = [luminance(color), luminance(other)].sort((a, b) => b - a);
+        return (values[0] + 0.05) / (values[1] + 0.05);
+    }
+
     // A colour for each type of document of the opened folder.
     function typeColor(type) {
         switch (type) {

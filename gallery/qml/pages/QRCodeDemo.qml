@@ -11,6 +11,27 @@ Demo {
     readonly property bool tooLong: code.implicitWidth < 0
     readonly property int modules: tooLong ? 0 : code.implicitWidth / code.moduleSize
 
+    property bool noUrl: false
+    // What scanners want: modules that are darker than their ground, and enough so.
+    readonly property string fault:
+        Theme.contrast(code.darkColor, code.lightColor) < 3
+            ? "Scanners may read nothing here: the two colours are too close"
+        : Theme.luminance(code.darkColor) > Theme.luminance(code.lightColor)
+            ? "Scanners read nothing here: the modules are lighter than their ground" : ""
+
+    // The item keeps its code when it is given what is no url: the text is looked at here. An invalid
+    // one reads as empty; without a scheme it would be looked for beside this file.
+    property url probe
+    property string typed
+    function take(text) {
+        const whole = text.indexOf(":") < 0 && text !== "" ? "https://" + text : text;
+        probe = whole;
+        typed = text;
+        noUrl = !/^[a-z][a-z0-9+.-]*:/i.test(whole) || /^([a-z][a-z0-9+.-]*:\/*)?$/i.test(String(probe));
+        if (!noUrl)
+            code.url = whole;
+    }
+
     title: "QRCode"
     hint: "Type a url and hold a phone to the screen. The light rectangle leaves the quiet zone of four modules "
           + "that scanners want; a url of more than 2953 bytes has no code."
@@ -21,7 +42,7 @@ Demo {
         anchors.centerIn: parent
         width: code.width + 8 * code.moduleSize
         height: width
-        visible: !demo.tooLong && width <= parent.width && height <= parent.height
+        visible: !demo.noUrl && !demo.tooLong && width <= parent.width && height <= parent.height
         color: code.lightColor
         border.color: Theme.line
 
@@ -41,16 +62,25 @@ Demo {
         width: parent.width - 60
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.WordWrap
-        visible: demo.tooLong
-        text: "This url is too long for a QR code."
+        visible: demo.tooLong || demo.noUrl
+        text: demo.noUrl ? "No url, no code." : "This url is too long for a QR code."
         color: Theme.softText
+    }
+    Label {
+        anchors { horizontalCenter: parent.horizontalCenter; bottom: parent.bottom; bottomMargin: 14 }
+        width: parent.width - 40
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.WordWrap
+        visible: code.parent.visible && demo.fault !== ""
+        text: demo.fault
+        color: Theme.errorText
     }
     Label {
         anchors.centerIn: parent
         width: parent.width - 60
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.WordWrap
-        visible: !demo.tooLong && !code.parent.visible
+        visible: !demo.tooLong && !demo.noUrl && !code.parent.visible
         text: "The code is larger than this stage: choose smaller modules."
         color: Theme.softText
     }
@@ -58,9 +88,9 @@ Demo {
     editors: [
         TextEditor {
             label: "url"
-            value: code.url
-            // Without a scheme it would be looked for beside this file.
-            onEdited: code.url = newValue.indexOf(":") < 0 ? "https://" + newValue : newValue
+            value: demo.noUrl ? demo.typed : code.url
+            problem: demo.noUrl ? "This is no url" : ""
+            onEdited: demo.take(newValue)
         },
         NumberEditor { target: code; property: "moduleSize"; from: 2; to: 24 },
         ColorEditor { target: code; property: "darkColor" },
