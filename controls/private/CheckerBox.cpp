@@ -4,6 +4,7 @@
 #include "controls/private/CheckerBox.h"
 
 #include "controls/scenegraph/CheckerBoxNode.h"
+#include "controls/scenegraph/Renderer.h"
 
 namespace om::controls {
 
@@ -101,6 +102,9 @@ void CheckerBox::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeo
 
 QSGNode *CheckerBox::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
+    if (!isDrawn(window(), NodeKind::Shader)) {
+        return nullptr;
+    }
     auto *node = static_cast<CheckerBoxNode *>(oldNode);
     if (!node) {
         // The scene graph owns the node.

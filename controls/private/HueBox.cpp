@@ -6,6 +6,7 @@
 #include "controls/private/Marker.h"
 #include "controls/private/PickerArithmetic.h"
 #include "controls/scenegraph/HueNode.h"
+#include "controls/scenegraph/Renderer.h"
 
 #include <QPointer>
 
@@ -114,6 +115,9 @@ void HueBox::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometr
 
 QSGNode *HueBox::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
+    if (!isDrawn(window(), NodeKind::Geometry)) {
+        return nullptr;
+    }
     auto *node = static_cast<HueNode *>(oldNode);
     if (!node) {
         node = new HueNode; // The scene graph owns it.

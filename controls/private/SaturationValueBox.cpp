@@ -5,6 +5,7 @@
 
 #include "controls/private/Marker.h"
 #include "controls/private/PickerArithmetic.h"
+#include "controls/scenegraph/Renderer.h"
 #include "controls/scenegraph/SaturationValueNode.h"
 
 #include <QPointer>
@@ -171,6 +172,9 @@ void SaturationValueBox::geometryChanged(const QRectF &newGeometry, const QRectF
 
 QSGNode *SaturationValueBox::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
+    if (!isDrawn(window(), NodeKind::Geometry)) {
+        return nullptr;
+    }
     auto *node = static_cast<SaturationValueNode *>(oldNode);
     if (!node) {
         node = new SaturationValueNode; // The scene graph owns it.

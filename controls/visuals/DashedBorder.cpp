@@ -4,6 +4,7 @@
 #include "controls/visuals/DashedBorder.h"
 
 #include "controls/scenegraph/DashedGeometryNode.h"
+#include "controls/scenegraph/Renderer.h"
 
 namespace om::controls {
 
@@ -52,6 +53,9 @@ void DashedBorder::geometryChanged(const QRectF &newGeometry, const QRectF &oldG
 
 QSGNode *DashedBorder::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
+    if (!isDrawn(window(), NodeKind::Shader)) {
+        return nullptr;
+    }
     // The scene graph owns the node; the node owns its geometry and its material.
     auto *node = static_cast<DashedGeometryNode *>(oldNode);
     if (!node) {

@@ -4,6 +4,7 @@
 #include "controls/visuals/FrameItem.h"
 
 #include "controls/scenegraph/FrameNode.h"
+#include "controls/scenegraph/Renderer.h"
 
 #include <QPointer>
 
@@ -97,6 +98,9 @@ void FrameItem::setRect(const QRectF &rect)
 
 QSGNode *FrameItem::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
+    if (!isDrawn(window(), NodeKind::Geometry)) {
+        return nullptr;
+    }
     auto *node = static_cast<FrameNode *>(oldNode);
     if (!node) {
         // The scene graph owns the node.

@@ -4,6 +4,7 @@
 #include "controls/visuals/QRCode.h"
 
 #include "controls/scenegraph/QRCodeNode.h"
+#include "controls/scenegraph/Renderer.h"
 #include "qr/QrEncoder.h"
 
 #include <QImage>
@@ -194,6 +195,9 @@ void QRCode::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometr
 
 QSGNode *QRCode::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
+    if (!isDrawn(window(), NodeKind::Shader)) {
+        return nullptr;
+    }
     const bool smoothed = antialiasing();
     float radius = 0;
     if (smoothed) {

@@ -9,7 +9,8 @@
 
 using namespace support;
 
-/// The software backend draws no geometry of one's own: nothing is shown, and nothing else happens.
+/// The software backend draws no geometry of one's own: nothing is shown, which is said once, and
+/// nothing else happens.
 class TestSoftware : public QObject
 {
     Q_OBJECT
@@ -20,8 +21,12 @@ private Q_SLOTS:
 
 void TestSoftware::nothingIsDrawnAndNothingBreaks()
 {
+    QTest::ignoreMessage(
+        QtWarningMsg,
+        "CheckerBox, DashedBorder, Frame, HueBox, QRCode and SaturationValueBox are "
+        "not drawn by the renderer \"software\": see docs/renderers.md");
     QmlView view;
-    view.loadFile(QStringLiteral("data/all.qml"));
+    view.loadFile(QStringLiteral("data/drawn.qml"));
     view.show();
     QCOMPARE(view.window()->rendererInterface()->graphicsApi(), QSGRendererInterface::Software);
     const QColor ground(0x30, 0x60, 0x90);
@@ -35,7 +40,7 @@ void TestSoftware::nothingIsDrawnAndNothingBreaks()
         evaluate(view.root(), QStringLiteral("change()"));
     }
     QTest::mouseClick(view.window(), Qt::LeftButton, {},
-                      view.item("strip")->mapToScene({60, 5}).toPoint());
+                      view.item("strip")->mapToScene({40, 5}).toPoint());
     QVERIFY(view.item("strip")->property("hue").toInt() > 0);
 }
 
