@@ -3,35 +3,30 @@
 
 #include "controls/tree/TreeView.h"
 
+#include "controls/tree/ContentHeight.h"
+#include "controls/tree/RootDocuments.h"
+#include "controls/tree/TreeRows.h"
+#include "controls/tree/TreeViewAttachedObject.h"
 #include "controls/tree/TreeViewEntry.h"
-#include "controls/tree/TreeViewPrivate.h"
-#include "controls/tree/TreeViewRow.h"
+#include "controls/tree/TreeViewEntryHost.h"
 
 #include <OmbrelDataCore/Context.h>
 
-#include <QCoreApplication>
 #include <QDebug>
+#include <QHash>
 #include <QImageReader>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QQmlComponent>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQmlInfo>
-#include <QQmlListReference>
 #include <QQmlProperty>
-
-#include <algorithm>
-#include <limits>
-#include <utility>
 
 using om::data::Context;
 using om::data::Document;
 
 namespace om::controls {
-
-/// Levels that get rows. The rows of a chain depend on one another through bindings, which takes
-/// stack; and documents that contain themselves have to end somewhere.
-static const int maximumLevels = 1024;
 
 /// The branch handle where Qt's SVG image plugin is missing.
 static const char *const plainBranchHandleQml = R"(
@@ -47,20 +42,81 @@ Text {
 }
 )";
 
+/// The format is given: to find it, Qt would load all image plugins, one after the other.
 static bool svgIsReadable()
 {
-    static const bool readable = QImageReader::supportedImageFormats().contains("svg");
+    static const bool readable = [] {
+        QImageReader reader(QStringLiteral(":/controls/images/collapse-indicator.svg"), "svg");
+        reader.setAutoDetectImageFormat(false);
+        return reader.canRead();
+    }();
     return readable;
 }
 
-TreeView::Private::Private(TreeView *owner)
-    : view(owner)
+/// The state of the view, and what its entries see of it.
+class TreeView::Private final : public TreeViewEntryHost
 {
-}
+public:
+    explicit Private(TreeView *view);
 
-TreeViewEntry *TreeView::Private::entryAt(int index) const
+    static Private *of(QQmlListProperty<Document> *list)
+    {
+        return static_cast<Private *>(list->data);
+    }
+
+    TreeView *view() const override { return q; }
+    QQmlComponent *component(int type) const override;
+    QByteArray childProperty() const override { return childPropertyName; }
+    bool rootCanCollapse() const override { return rootsCollapse; }
+    Document *activeDocument() const override { return activeAlive; }
+    void rememberCollapsed(const QString &documentId, bool collapsed) override;
+    void hideOrShow(TreeViewEntry *entry, const std::function<void()> &change) override;
+    void requestUpdate() override { q->scheduleUpdate(); }
+    void entryEnds(TreeViewEntry *entry) override;
+
+    void createContent();
+    void rebuild();
+    void rebindContext();
+    bool canMakeRows();
+    void activate(int index);
+    void setCollapsed(int index, bool collapsed);
+    void appendRoot(Document *document);
+
+    TreeView *const q;
+    bool componentComplete = false;
+    bool updateScheduled = false;
+    /// An update came due before the view was complete.
+    bool updateDeferred = false;
+    bool rebuilding = false;
+    bool destroying = false;
+    bool rootsCollapse = false;
+    int indent = 20;
+    int activeIndex = -1;
+    /// Kept for its identity only: the document may be gone, which activeAlive tells.
+    Document *activeIdentity = nullptr;
+    QPointer<Document> activeAlive;
+    QString childPropertyText;
+    /// The same as the meta-object has it.
+    QByteArray childPropertyName;
+    QPointer<Context> context;
+    QPointer<QQmlComponent> contentComponent;
+    QPointer<QQmlComponent> entryComponent;
+    QPointer<QQmlComponent> delegate;
+    QPointer<QQmlComponent> backgroundDelegate;
+    QPointer<QQmlComponent> branchHandleDelegate;
+    QPointer<QQmlComponent> plainBranchHandle;
+    QPointer<QQuickItem> contentItem;
+    RootDocuments roots;
+    QHash<QString, bool> collapsedById;
+    TreeRows rows;
+    std::unique_ptr<ContentHeight> contentHeight;
+};
+
+TreeView::Private::Private(TreeView *owner)
+    : q(owner)
+    , roots([this] { Q_EMIT q->rootDocumentsChanged(); })
+    , rows(owner, this)
 {
-    return entries.value(index, nullptr);
 }
 
 QQmlComponent *TreeView::Private::component(int type) const
@@ -79,40 +135,39 @@ QQmlComponent *TreeView::Private::component(int type) const
     return nullptr;
 }
 
+void TreeView::Private::rememberCollapsed(const QString &documentId, bool collapsed)
+{
+    collapsedById.insert(documentId, collapsed);
+}
+
+void TreeView::Private::hideOrShow(TreeViewEntry *entry, const std::function<void()> &change)
+{
+    // The rows hide one by one: their height is announced when all have.
+    if (contentHeight) {
+        contentHeight->pause();
+    }
+    if (rows.hideOrShow(entry, change) && contentHeight) {
+        contentHeight->resume();
+    }
+}
+
+void TreeView::Private::entryEnds(TreeViewEntry *entry)
+{
+    const QPointer<TreeView> alive(q);
+    rows.entryEnds(entry);
+    if (alive && contentHeight) {
+        contentHeight->update();
+    }
+}
+
 void TreeView::Private::appendRoot(Document *document)
 {
     // What JavaScript pushes arrives unchecked, whatever its type is.
     if (document && !qobject_cast<Document *>(static_cast<QObject *>(document))) {
         return;
     }
-    rootDocuments.append(document);
-    if (document && !rootWatches.contains(document)) {
-        rootWatches.insert(document,
-                           QObject::connect(document, &QObject::destroyed, view,
-                                            [this, document] { forgetRoot(document); }));
-    }
-    Q_EMIT view->rootDocumentsChanged();
-}
-
-void TreeView::Private::clearRoots()
-{
-    if (rootDocuments.isEmpty()) {
-        return;
-    }
-    rootDocuments.clear();
-    for (const QMetaObject::Connection &watch : qAsConst(rootWatches)) {
-        QObject::disconnect(watch);
-    }
-    rootWatches.clear();
-    Q_EMIT view->rootDocumentsChanged();
-}
-
-void TreeView::Private::forgetRoot(Document *document)
-{
-    rootWatches.remove(document);
-    if (rootDocuments.removeAll(document) > 0 && !destroying) {
-        Q_EMIT view->rootDocumentsChanged();
-    }
+    roots.append(document);
+    Q_EMIT q->rootDocumentsChanged();
 }
 
 void TreeView::Private::createContent()
@@ -124,207 +179,123 @@ void TreeView::Private::createContent()
     if (!contentComponent) {
         return;
     }
-    QObject *made = contentComponent->beginCreate(qmlContext(view));
+    QObject *made = contentComponent->beginCreate(qmlContext(q));
     auto *item = qobject_cast<QQuickItem *>(made);
     if (!item) {
         if (made) {
             contentComponent->completeCreate();
             delete made;
         }
-        qmlWarning(view, contentComponent->errors());
+        qmlWarning(q, contentComponent->errors());
         return;
     }
-    item->setParent(view);
-    item->setParentItem(view);
-    // The file binds the height to childrenRect.height. Evaluated once, that makes the item look at
-    // all of its children at every change of any of them, for good: ten thousand rows take seconds
-    // to follow a new width. The binding is replaced before that; updateContentHeight() keeps the
-    // same value, from the few children that decide it.
+    item->setParent(q);
+    item->setParentItem(q);
+    // The binding to childrenRect.height is replaced before it is evaluated, see ContentHeight.
     QQmlProperty::write(item, QStringLiteral("height"), 0);
     contentComponent->completeCreate();
     contentItem = item;
-    QObject::connect(item, &QQuickItem::heightChanged, view, &TreeView::updateHeight);
-    QObject::connect(item, &QQuickItem::childrenChanged, view,
-                     [this] { contentChildrenChanged(); });
+    QObject::connect(item, &QQuickItem::heightChanged, q, &TreeView::updateHeight);
+    contentHeight = std::make_unique<ContentHeight>(item, &rows);
 }
 
 void TreeView::Private::rebindContext()
 {
-    Document *first = rootDocuments.isEmpty() ? nullptr : rootDocuments.constFirst();
+    Document *first = roots.at(0);
     Context *current = first ? first->context() : nullptr;
     if (current == context) {
         return;
     }
     if (context) {
-        QObject::disconnect(context, nullptr, view, nullptr);
+        QObject::disconnect(context, nullptr, q, nullptr);
     }
     context = current;
     if (context) {
         static const int type = qRegisterMetaType<om::data::Document *>("om::data::Document*");
         Q_UNUSED(type)
-        QObject::connect(context, &Context::documentChanged, view, &TreeView::handleDocumentChanged,
+        QObject::connect(context, &Context::documentChanged, q, &TreeView::handleDocumentChanged,
                          Qt::QueuedConnection);
     }
 }
 
-void TreeView::Private::removeEntries()
+bool TreeView::Private::canMakeRows()
 {
-    for (const QMetaObject::Connection &watch : endWatches) {
-        QObject::disconnect(watch);
+    if (!contentItem || !entryComponent) {
+        return false;
     }
-    std::vector<TreeViewEntry *> rows = takeEntries();
-    for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
-        (*row)->deleteLater();
+    if (entryComponent->isError()) {
+        qmlWarning(q, entryComponent->errors());
+        return false;
     }
-    if (!rows.empty()) {
-        oldRows.push_back({std::move(rows), true});
+    if (!branchHandleDelegate && !plainBranchHandle && !svgIsReadable()) {
+        qmlWarning(q) << "The SVG image plugin of Qt is missing; branch handles are plain";
+        plainBranchHandle = new QQmlComponent(qmlEngine(q), q);
+        plainBranchHandle->setData(plainBranchHandleQml, QUrl());
     }
-}
-
-/// Leaves them without a parent, among whose children each that goes would be searched for.
-std::vector<TreeViewEntry *> TreeView::Private::takeEntries()
-{
-    std::vector<TreeViewEntry *> rows(entries.cbegin(), entries.cend());
-    entries.clear();
-    for (TreeViewEntry *entry : rows) {
-        entry->setParent(nullptr);
-    }
-    return rows;
-}
-
-/// Depth first, with a list of its own instead of the stack.
-void TreeView::Private::addTree(Document *root, int *counter)
-{
-    struct Level
-    {
-        QPointer<Document> document;
-        QQmlListReference children;
-        int next;
-        TreeViewEntry *entry;
-    };
-    const QPointer<TreeView> alive(view);
-    std::vector<Level> path;
-    bool tooDeep = false;
-    QPointer<Document> adding = root;
-    while (adding || !path.empty()) {
-        if (adding) {
-            const int level = static_cast<int>(path.size());
-            auto *entry = new TreeViewEntry(view, adding, *counter, level);
-            if (!alive) {
-                return; // a delegate has destroyed the view, and the view its entry
-            }
-            entries.append(entry);
-            if (adding) {
-                shownDocuments.insert(adding);
-            }
-            if (entry->item()) {
-                TreeViewRow(entry->item())
-                    .setTreeParent(path.empty() ? nullptr : path.back().entry->item());
-            }
-            ++*counter;
-            const QByteArray property = childProperty.toLatin1();
-            path.push_back(
-                {adding,
-                 adding ? QQmlListReference(adding, property.constData()) : QQmlListReference(), 0,
-                 entry});
-            adding = nullptr;
-        }
-        Level &top = path.back();
-        // The count is asked for anew each time: making a row may have changed the list.
-        if (!top.document || top.next >= top.children.count()) {
-            path.pop_back();
-            continue;
-        }
-        auto *child = qobject_cast<Document *>(top.children.at(top.next++));
-        if (!child) {
-            continue;
-        }
-        if (static_cast<int>(path.size()) >= maximumLevels) {
-            if (!warnedOfDepth) {
-                warnedOfDepth = true;
-                qmlWarning(view) << "The documents are nested more than " << maximumLevels
-                                 << " levels deep, or contain themselves; deeper ones get no row";
-            }
-            tooDeep = true;
-            continue;
-        }
-        // Documents that contain themselves more than once would fill all levels again and again.
-        if (tooDeep && std::any_of(path.cbegin(), path.cend(), [child](const Level &above) {
-                return above.document == child;
-            })) {
-            continue;
-        }
-        adding = child;
-    }
+    return true;
 }
 
 void TreeView::Private::rebuild()
 {
-    const QPointer<TreeView> alive(view);
-    rebuilding = true;
-    ++generation;
+    const QPointer<TreeView> alive(q);
     rebindContext();
-    removeEntries();
-    shownDocuments.clear();
-    if (contentItem && entryComponent && entryComponent->isError()) {
-        qmlWarning(view, entryComponent->errors());
-    } else if (contentItem && entryComponent) {
-        if (!branchHandleDelegate && !plainBranchHandle && !svgIsReadable()) {
-            qmlWarning(view) << "The SVG image plugin of Qt is missing; branch handles are plain";
-            plainBranchHandle = new QQmlComponent(qmlEngine(view), view);
-            plainBranchHandle->setData(plainBranchHandleQml, QUrl());
-        }
-        int counter = 0;
-        for (int i = 0; i < rootDocuments.size(); ++i) {
-            addTree(rootDocuments.at(i), &counter);
-            if (!alive) {
+    if (!alive) {
+        return; // a document's context is the application's code
+    }
+    if (contentHeight) {
+        contentHeight->pause();
+    }
+    rows.retire();
+    if (canMakeRows()) {
+        const auto collapsed = [this](const QString &id) { return collapsedById.value(id, false); };
+        // Those that are there now: what a delegate does may change the list.
+        const std::vector<QPointer<Document>> documents = roots.snapshot();
+        for (const QPointer<Document> &document : documents) {
+            if (document && !rows.add(document, contentItem, collapsed)) {
                 return;
             }
         }
     }
-    QQuickItem *predecessor = nullptr;
-    for (TreeViewEntry *entry : qAsConst(entries)) {
-        if (QQuickItem *item = entry->item()) {
-            TreeViewRow(item).setPredecessor(predecessor);
-            predecessor = item;
-        }
+    if (!rows.setPredecessors()) {
+        return;
     }
-    activate(view->indexOfDocument(activeAlive));
+    activate(q->indexOfDocument(activeAlive));
     if (!alive) {
         return;
     }
-    view->layoutItems();
+    q->layoutItems();
     if (!alive) {
         return;
     }
     rebuilding = false;
-    watchEnds();
-    updateContentHeight();
+    if (contentHeight) {
+        contentHeight->resume();
+    }
     if (alive) {
-        Q_EMIT view->indexRebuilt();
+        Q_EMIT q->indexRebuilt();
     }
 }
 
 void TreeView::Private::activate(int index)
 {
-    if (index < -1 || index >= entries.size() || index == activeIndex) {
+    if (index < -1 || index >= rows.count() || index == activeIndex) {
         return;
     }
-    const QPointer<TreeView> alive(view);
-    const QPointer<TreeViewEntry> oldEntry = entryAt(activeIndex);
-    const QPointer<TreeViewEntry> newEntry = entryAt(index);
+    const QPointer<TreeView> alive(q);
+    const QPointer<TreeViewEntry> oldEntry = rows.at(activeIndex);
+    const QPointer<TreeViewEntry> newEntry = rows.at(index);
     activeIndex = index;
-    Q_EMIT view->activeIndexChanged();
+    Q_EMIT q->activeIndexChanged();
     if (!alive) {
         return;
     }
     // A handler may have made another row active: then its document is the active one already.
     if (activeIndex == index) {
         Document *document = newEntry ? newEntry->document() : nullptr;
-        if (document != activeDocument) {
-            activeDocument = document;
+        if (document != activeIdentity) {
+            activeIdentity = document;
             activeAlive = document;
-            Q_EMIT view->activeDocumentChanged();
+            Q_EMIT q->activeDocumentChanged();
         }
     }
     // The new one first, so that there is no moment without an active row.
@@ -338,175 +309,8 @@ void TreeView::Private::activate(int index)
 
 void TreeView::Private::setCollapsed(int index, bool collapsed)
 {
-    if (TreeViewEntry *entry = entryAt(index)) {
+    if (TreeViewEntry *entry = rows.at(index)) {
         entry->setCollapsed(collapsed);
-    }
-}
-
-void TreeView::Private::hideOrShow(TreeViewEntry *entry, const std::function<void()> &change)
-{
-    const int first = entry->index() + 1;
-    if (entryAt(entry->index()) != entry) {
-        change();
-        return;
-    }
-    // Rows hang on one another by their anchors, so that each row that hides would move all rows
-    // below it, thousands of times over. The rows from here to the first one after the subtree let
-    // go, hide or show by themselves, and are put together again from the top.
-    int end = first;
-    while (end < entries.size() && entries.at(end)->level() > entry->level()) {
-        ++end;
-    }
-    end = qMin(end, entries.size() - 1);
-    for (int i = first; i <= end; ++i) {
-        if (QQuickItem *item = entries.at(i)->item()) {
-            TreeViewRow(item).releaseTop();
-        }
-    }
-    const QPointer<TreeView> alive(view);
-    const int current = generation;
-    change();
-    if (!alive || generation != current) {
-        return;
-    }
-    for (int i = first; i <= end; ++i) {
-        QQuickItem *item = entries.at(i)->item();
-        QQuickItem *above = entries.at(i - 1)->item();
-        if (item && above) {
-            TreeViewRow(item).setTop(above);
-        }
-    }
-    updateContentHeight();
-}
-
-QQuickItem *TreeView::Private::firstRow() const
-{
-    return entries.isEmpty() ? nullptr : entries.constFirst()->item();
-}
-
-QQuickItem *TreeView::Private::lastRow() const
-{
-    return entries.isEmpty() ? nullptr : entries.constLast()->item();
-}
-
-/// The rows stand below one another: only the first and the last of them can be at the rectangle's
-/// edge, wherever the others are.
-void TreeView::Private::updateContentHeight()
-{
-    if (!contentItem || rebuilding || destroying) {
-        return;
-    }
-    qreal top = std::numeric_limits<qreal>::max();
-    qreal bottom = std::numeric_limits<qreal>::lowest();
-    const auto include = [&top, &bottom](const QQuickItem *item) {
-        if (item) {
-            top = qMin(top, item->y());
-            bottom = qMax(bottom, item->y() + item->height());
-        }
-    };
-    include(firstRow());
-    include(lastRow());
-    for (const OldRows &rows : oldRows) {
-        if (rows.haveItems) {
-            include(rows.entries.front()->item());
-            include(rows.entries.back()->item());
-        }
-    }
-    for (const QQuickItem *item : qAsConst(strangers)) {
-        include(item);
-    }
-    contentItem->setHeight(bottom > top ? bottom - top : 0);
-}
-
-void TreeView::Private::watchEnds()
-{
-    for (const QMetaObject::Connection &watch : endWatches) {
-        QObject::disconnect(watch);
-    }
-    const auto follow = [this] { updateContentHeight(); };
-    if (QQuickItem *first = firstRow()) {
-        endWatches[0] = QObject::connect(first, &QQuickItem::yChanged, view, follow);
-    }
-    if (QQuickItem *last = lastRow()) {
-        endWatches[1] = QObject::connect(last, &QQuickItem::yChanged, view, follow);
-        endWatches[2] = QObject::connect(last, &QQuickItem::heightChanged, view, follow);
-    }
-}
-
-/// A child that arrives is the last one of the list. Rows are known by their QObject parent.
-void TreeView::Private::contentChildrenChanged()
-{
-    const QList<QQuickItem *> children = contentItem->childItems();
-    if (children.isEmpty()) {
-        return;
-    }
-    QQuickItem *item = children.constLast();
-    if (qobject_cast<TreeViewEntry *>(item->parent()) || strangers.contains(item)) {
-        return;
-    }
-    strangers.insert(item);
-    const auto follow = [this] { updateContentHeight(); };
-    QObject::connect(item, &QQuickItem::yChanged, view, follow);
-    QObject::connect(item, &QQuickItem::heightChanged, view, follow);
-    QObject::connect(item, &QQuickItem::parentChanged, view, [this, item] {
-        if (item->parentItem() != contentItem) {
-            dropStranger(item);
-        }
-    });
-    QObject::connect(item, &QObject::destroyed, view, [this, item] { dropStranger(item); });
-    updateContentHeight();
-}
-
-void TreeView::Private::dropStranger(QQuickItem *item)
-{
-    if (strangers.remove(item)) {
-        QObject::disconnect(item, nullptr, view, nullptr);
-        updateContentHeight();
-    }
-}
-
-void TreeView::Private::entryDestroyed(TreeViewEntry *entry)
-{
-    for (auto rows = oldRows.begin(); rows != oldRows.end(); ++rows) {
-        // They go from the last to the first.
-        const auto place = std::find(rows->entries.rbegin(), rows->entries.rend(), entry);
-        if (place == rows->entries.rend()) {
-            continue;
-        }
-        std::vector<TreeViewEntry *> doomed;
-        if (rows->haveItems) {
-            rows->haveItems = false;
-            doomed = rows->entries;
-        }
-        rows->entries.erase(std::next(place).base());
-        if (rows->entries.empty()) {
-            oldRows.erase(rows);
-        }
-        destroyItems(doomed);
-        return;
-    }
-}
-
-/// Destroys the items of all rows of a rebuild with the first entry of it that goes. One by one,
-/// from the last, each would be searched for among the children of the content item, behind those
-/// that go after it and before all new ones. From the first, there is nothing to search; but then a
-/// row outlives its parent row, whose end would show it if its bindings still lived.
-void TreeView::Private::destroyItems(const std::vector<TreeViewEntry *> &doomed)
-{
-    const QPointer<TreeView> alive(view);
-    const std::vector<QPointer<TreeViewEntry>> rows(doomed.cbegin(), doomed.cend());
-    for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
-        if (*row) {
-            (*row)->destroyContext();
-        }
-    }
-    for (const QPointer<TreeViewEntry> &row : rows) {
-        if (row) {
-            row->destroyItem();
-        }
-    }
-    if (alive) {
-        updateContentHeight();
     }
 }
 
@@ -522,20 +326,16 @@ TreeView::~TreeView()
 {
     // The rows go while the view that their bindings ask is still whole.
     d->destroying = true;
-    for (const QMetaObject::Connection &watch : qAsConst(d->rootWatches)) {
-        disconnect(watch);
+    d->contentHeight.reset();
+    d->rows.destroy();
+    if (d->rebuilding && d->contentItem) {
+        // Qt Quick may be giving it a child just now, and is not done with it then.
+        d->contentItem->setParentItem(nullptr);
+        d->contentItem->setParent(nullptr);
+        d->contentItem->deleteLater();
+    } else {
+        delete d->contentItem;
     }
-    std::vector<TreeViewEntry *> rows = d->takeEntries();
-    if (!rows.empty()) {
-        d->oldRows.push_back({std::move(rows), true});
-    }
-    // One at a time: what the end of a row calls may have others deleted.
-    while (!d->oldRows.empty()) {
-        TreeViewEntry *entry = d->oldRows.front().entries.back();
-        QCoreApplication::removePostedEvents(entry, QEvent::DeferredDelete);
-        delete entry;
-    }
-    delete d->contentItem;
 }
 
 QObject *TreeView::qmlAttachedProperties(QObject *object)
@@ -543,7 +343,7 @@ QObject *TreeView::qmlAttachedProperties(QObject *object)
     for (QQmlContext *context = QQmlEngine::contextForObject(object); context;
          context = context->parentContext()) {
         if (auto *entry = qobject_cast<TreeViewEntry *>(context->parent())) {
-            return entry->attachedObject();
+            return TreeViewAttachedObject::of(entry);
         }
     }
     return nullptr;
@@ -555,24 +355,27 @@ QQmlListProperty<Document> TreeView::rootDocuments()
     return List(
         this, d.get(),
         [](List *list, Document *document) { Private::of(list)->appendRoot(document); },
-        [](List *list) { return Private::of(list)->rootDocuments.size(); },
-        [](List *list, int index) {
-            return Private::of(list)->rootDocuments.value(index, nullptr);
-        },
-        [](List *list) { Private::of(list)->clearRoots(); });
+        [](List *list) { return Private::of(list)->roots.count(); },
+        [](List *list, int index) { return Private::of(list)->roots.at(index); },
+        [](List *list) {
+            if (Private::of(list)->roots.clear()) {
+                Q_EMIT Private::of(list)->q->rootDocumentsChanged();
+            }
+        });
 }
 
 QString TreeView::childProperty() const
 {
-    return d->childProperty;
+    return d->childPropertyText;
 }
 
 void TreeView::setChildProperty(const QString &childProperty)
 {
-    if (d->childProperty == childProperty) {
+    if (d->childPropertyText == childProperty) {
         return;
     }
-    d->childProperty = childProperty;
+    d->childPropertyText = childProperty;
+    d->childPropertyName = childProperty.toLatin1();
     const QPointer<TreeView> alive(this);
     Q_EMIT childPropertyChanged();
     if (alive) {
@@ -601,15 +404,15 @@ void TreeView::setIndent(int indent)
 
 bool TreeView::rootCanCollapse() const
 {
-    return d->rootCanCollapse;
+    return d->rootsCollapse;
 }
 
 void TreeView::setRootCanCollapse(bool rootCanCollapse)
 {
-    if (d->rootCanCollapse == rootCanCollapse) {
+    if (d->rootsCollapse == rootCanCollapse) {
         return;
     }
-    d->rootCanCollapse = rootCanCollapse;
+    d->rootsCollapse = rootCanCollapse;
     Q_EMIT rootCanCollapseChanged();
 }
 
@@ -672,16 +475,7 @@ void TreeView::setBranchHandleDelegate(QQmlComponent *branchHandleDelegate)
 
 int TreeView::indexAt(double x, double y)
 {
-    QQuickItem *child = d->contentItem ? d->contentItem->childAt(x, y) : nullptr;
-    if (!child) {
-        return -1;
-    }
-    for (int i = 0; i < d->entries.size(); ++i) {
-        if (d->entries.at(i)->item() == child) {
-            return i;
-        }
-    }
-    return -1;
+    return d->contentItem ? d->rows.indexOf(d->contentItem->childAt(x, y)) : -1;
 }
 
 // The guards of the operations below never hold, as no index is negative and beyond the rows at
@@ -689,10 +483,10 @@ int TreeView::indexAt(double x, double y)
 
 Document *TreeView::documentAt(int index)
 {
-    if (index < 0 && index >= d->entries.size()) {
+    if (index < 0 && index >= d->rows.count()) {
         return nullptr;
     }
-    TreeViewEntry *entry = d->entryAt(index);
+    TreeViewEntry *entry = d->rows.at(index);
     Document *document = entry ? entry->document() : nullptr;
     // The engine would take over an object without a parent that a method returns.
     if (document && QQmlEngine::objectOwnership(document) == QQmlEngine::CppOwnership) {
@@ -703,17 +497,17 @@ Document *TreeView::documentAt(int index)
 
 int TreeView::indexOfParent(int index)
 {
-    if (index < 0 && index >= d->entries.size()) {
+    if (index < 0 && index >= d->rows.count()) {
         return -1;
     }
-    TreeViewEntry *entry = d->entryAt(index);
+    TreeViewEntry *entry = d->rows.at(index);
     if (!entry) {
         return -1;
     }
     // Upward through the row numbers, on purpose: past a later sibling this finds the first row
     // after its subtree on a shallower level. The rows end the search.
-    for (int i = index - 1; i < d->entries.size(); ++i) {
-        TreeViewEntry *other = d->entryAt(i);
+    for (int i = index - 1; i < d->rows.count(); ++i) {
+        TreeViewEntry *other = d->rows.at(i);
         if (other && other->level() < entry->level()) {
             return i;
         }
@@ -723,20 +517,12 @@ int TreeView::indexOfParent(int index)
 
 int TreeView::indexOfDocument(Document *document)
 {
-    if (!document || !d->shownDocuments.contains(document)) {
-        return -1;
-    }
-    for (int i = 0; i < d->entries.size(); ++i) {
-        if (d->entries.at(i)->document() == document) {
-            return i;
-        }
-    }
-    return -1;
+    return d->rows.indexOf(document);
 }
 
 void TreeView::collapseIndex(int index)
 {
-    if (index < 0 && index >= d->entries.size()) {
+    if (index < 0 && index >= d->rows.count()) {
         return;
     }
     d->setCollapsed(index, true);
@@ -744,7 +530,7 @@ void TreeView::collapseIndex(int index)
 
 void TreeView::expandIndex(int index)
 {
-    if (index < 0 && index >= d->entries.size()) {
+    if (index < 0 && index >= d->rows.count()) {
         return;
     }
     d->setCollapsed(index, false);
@@ -752,10 +538,10 @@ void TreeView::expandIndex(int index)
 
 void TreeView::toggleIndex(int index)
 {
-    if (index < 0 && index >= d->entries.size()) {
+    if (index < 0 && index >= d->rows.count()) {
         return;
     }
-    if (TreeViewEntry *entry = d->entryAt(index)) {
+    if (TreeViewEntry *entry = d->rows.at(index)) {
         entry->setCollapsed(!entry->isCollapsed());
     }
 }
@@ -765,7 +551,7 @@ QQuickItem *TreeView::currentEntry()
     if (d->activeIndex < 0) {
         return nullptr;
     }
-    TreeViewEntry *entry = d->entryAt(d->activeIndex);
+    TreeViewEntry *entry = d->rows.at(d->activeIndex);
     return entry ? entry->item() : nullptr;
 }
 
@@ -819,8 +605,11 @@ void TreeView::performScheduledUpdate()
         return;
     }
     const QPointer<TreeView> alive(this);
+    d->updateScheduled = true;
+    d->rebuilding = true;
     d->rebuild();
-    // Only now: every new row asks for an update, which would queue the next rebuild forever.
+    // Only now: a delegate that asks for an update as it completes would otherwise queue the next
+    // rebuild, with which it completes again, forever.
     if (alive) {
         d->updateScheduled = false;
     }
@@ -828,19 +617,12 @@ void TreeView::performScheduledUpdate()
 
 void TreeView::layoutItems()
 {
-    const QPointer<TreeView> alive(this);
-    const int generation = d->generation;
-    for (int i = 0; alive && d->generation == generation && i < d->entries.size(); ++i) {
-        QQuickItem *item = d->entries.at(i)->item();
-        if (item) {
-            TreeViewRow(item).requireLayout();
-        }
-    }
+    d->rows.layOut();
 }
 
 void TreeView::handleDocumentChanged(Document *doc)
 {
-    if (d->shownDocuments.contains(doc)) {
+    if (d->rows.contains(doc)) {
         scheduleUpdate();
     }
 }

@@ -3,12 +3,11 @@
 
 #pragma once
 
-#include "controls/tree/TreeViewAttachedObject.h"
-
 #include <OmbrelDataCore/Document.h>
 
 #include <QQmlListProperty>
 #include <QQuickItem>
+#include <QtQml>
 
 #include <memory>
 
@@ -17,8 +16,6 @@ class QQmlComponent;
 QT_END_NAMESPACE
 
 namespace om::controls {
-
-class TreeViewEntry;
 
 /// Shows a forest of documents as an indented list of rows that can be collapsed.
 ///
@@ -150,7 +147,6 @@ private Q_SLOTS:
     void updateHeight();
 
 private:
-    friend class TreeViewEntry;
     class Private;
     const std::unique_ptr<Private> d;
 };

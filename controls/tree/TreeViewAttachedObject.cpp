@@ -3,7 +3,6 @@
 
 #include "controls/tree/TreeViewAttachedObject.h"
 
-#include "controls/tree/TreeView.h"
 #include "controls/tree/TreeViewEntry.h"
 
 namespace om::controls {
@@ -25,6 +24,14 @@ TreeViewAttachedObject::TreeViewAttachedObject(TreeViewEntry *entry)
 }
 
 TreeViewAttachedObject::~TreeViewAttachedObject() = default;
+
+TreeViewAttachedObject *TreeViewAttachedObject::of(TreeViewEntry *entry)
+{
+    if (!entry->attachedObject()) {
+        entry->setAttachedObject(new TreeViewAttachedObject(entry));
+    }
+    return entry->attachedObject();
+}
 
 TreeView *TreeViewAttachedObject::view() const
 {

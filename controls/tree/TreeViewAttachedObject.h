@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QObject>
-#include <QtQml>
 
 #include <memory>
 
@@ -18,7 +17,7 @@ class TreeViewEntry;
 class TreeViewAttachedObject : public QObject
 {
     Q_OBJECT
-    /// The view that the row is in; null while the view is being destroyed.
+    /// The view that the row is in.
     Q_PROPERTY(om::controls::TreeView *view READ view CONSTANT)
     /// Whether the row is collapsed. Ignored for rows without children, and for roots of a view
     /// whose roots must not collapse.
@@ -28,8 +27,10 @@ class TreeViewAttachedObject : public QObject
     Q_PROPERTY(bool isActiveItem READ isActiveItem NOTIFY activeItemChanged)
 
 public:
-    explicit TreeViewAttachedObject(TreeViewEntry *entry);
     ~TreeViewAttachedObject() override;
+
+    /// The one of \a entry, made on the first call.
+    static TreeViewAttachedObject *of(TreeViewEntry *entry);
 
     TreeView *view() const;
 
@@ -43,6 +44,8 @@ Q_SIGNALS:
     void activeItemChanged(bool active);
 
 private:
+    explicit TreeViewAttachedObject(TreeViewEntry *entry);
+
     class Private;
     const std::unique_ptr<Private> d;
 };

@@ -3,106 +3,127 @@
 
 #include "controls/tree/TreeViewEntry.h"
 
-#include "controls/tree/TreeView.h"
-#include "controls/tree/TreeViewPrivate.h"
-#include "controls/tree/TreeViewRow.h"
+#include "controls/tree/RowItemAccess.h"
+#include "controls/tree/TreeViewEntryHost.h"
 
+#include <QMetaProperty>
 #include <QPointer>
 #include <QQmlComponent>
 #include <QQmlContext>
 #include <QQmlEngine>
+#include <QQmlIncubator>
 #include <QQmlListReference>
-#include <QQmlProperty>
 #include <QQuickItem>
 
 #include <utility>
 
+using om::data::Document;
+
 namespace om::controls {
+
+namespace {
+
+// The values of TreeView.ComponentType.
+enum Component {
+    EntryComponent = 1,
+    DelegateComponent = 2,
+    BackgroundComponent = 3,
+    BranchHandleComponent = 4
+};
+
+/// Makes a row item, which is given its place before its bindings are evaluated.
+///
+/// An incubator, because it holds what it needs: the component may be destroyed by what completes,
+/// which QQmlComponent::create() does not survive.
+class RowIncubator : public QQmlIncubator
+{
+public:
+    explicit RowIncubator(std::function<void(QQuickItem *)> place)
+        : QQmlIncubator(Synchronous)
+        , m_place(std::move(place))
+    {
+    }
+
+protected:
+    void setInitialState(QObject *object) override
+    {
+        if (auto *item = qobject_cast<QQuickItem *>(object)) {
+            m_place(item);
+        }
+    }
+
+private:
+    const std::function<void(QQuickItem *)> m_place;
+};
+
+} // namespace
 
 class TreeViewEntry::Private
 {
 public:
+    explicit Private(TreeViewEntry *entry)
+        : q(entry)
+    {
+    }
+
+    void followChildList();
+    QQuickItem *createItem(int component, QQuickItem *place);
+    void populate(QQuickItem *rowItem);
+    void moveItem(QQuickItem *content);
+    void destroyPart(QObject *part);
+
+    TreeViewEntry *const q;
+    TreeViewEntryHost *host = nullptr;
     bool collapsed = false;
     int level = 0;
     int index = 0;
     int childCount = 0;
-    QPointer<TreeView> view;
-    QPointer<om::data::Document> document;
+    QPointer<Document> document;
     QQmlContext *context = nullptr;
     QPointer<QQuickItem> item;
+    /// How many calls of moveItem() there are to come back to.
+    int itemMoves = 0;
     TreeViewAttachedObject *attached = nullptr;
+    /// The item's own completion is running.
+    bool completing = false;
     /// The part that is being destroyed: what its end calls may destroy the entry with the view.
     QObject *ending = nullptr;
 };
 
-TreeViewEntry::TreeViewEntry(TreeView *view, om::data::Document *document, int index, int level)
+TreeViewEntry::TreeViewEntry(QObject *view, TreeViewEntryHost *host, const Row &row)
     : QObject(view)
-    , d(std::make_unique<Private>())
+    , d(std::make_unique<Private>(this))
 {
-    d->level = level;
-    d->index = index;
-    d->view = view;
-    d->document = document;
-    d->collapsed = view->d->collapsedById.value(document->documentId(), false);
-
-    QQmlProperty children(document, view->childProperty());
-    children.connectNotifySignal(this, SLOT(updateChildCount()));
-    updateChildCount();
-
-    d->context = new QQmlContext(qmlContext(view), this);
-    d->context->setContextObject(this);
-
-    QQmlComponent *component = view->d->component(TreeView::EntryComponent);
-    QObject *made = component->beginCreate(d->context);
-    if (!made) {
-        return;
-    }
-    made->setParent(this);
-    d->item = qobject_cast<QQuickItem *>(made);
-    if (d->item) {
-        // Before the row's bindings are evaluated, so that once is enough.
-        TreeViewRow(d->item).setChildCount(d->childCount);
-        d->item->setParentItem(view->contentItem());
-    }
-    component->completeCreate();
-    if (d->item) {
-        populate();
-    }
+    d->host = host;
+    d->collapsed = row.collapsed;
+    d->level = row.level;
+    d->index = row.index;
+    d->childCount = row.childCount;
+    d->document = row.document;
+    d->followChildList();
 }
 
 TreeViewEntry::~TreeViewEntry()
 {
-    if (d->view) {
-        d->view->d->entryDestroyed(this);
-    }
+    d->host->entryEnds(this);
+    // What the row's end calls may destroy the view, which would destroy its child again.
+    setParent(nullptr);
     if (d->ending) {
         // Its destruction goes on when this is over, and is not to begin a second time.
         d->ending->setParent(nullptr);
     }
     destroyContext();
-    destroyItem();
-}
-
-void TreeViewEntry::destroyContext()
-{
-    destroyPart(std::exchange(d->context, nullptr));
-}
-
-void TreeViewEntry::destroyItem()
-{
-    QQuickItem *item = d->item;
-    d->item = nullptr;
-    destroyPart(item);
-}
-
-void TreeViewEntry::destroyPart(QObject *part)
-{
-    const QPointer<TreeViewEntry> alive(this);
-    d->ending = part;
-    delete part;
-    if (alive) {
-        d->ending = nullptr;
+    if (d->itemMoves > 0 && d->item) {
+        d->item->setParent(nullptr); // see moveItem()
+    } else {
+        d->destroyPart(d->item);
     }
+}
+
+TreeViewEntry *TreeViewEntry::ofRowItem(const QQuickItem *item)
+{
+    auto *entry = item ? qobject_cast<TreeViewEntry *>(item->parent()) : nullptr;
+    return entry && entry->item() == item ? entry : nullptr;
 }
 
 int TreeViewEntry::level() const
@@ -115,14 +136,14 @@ int TreeViewEntry::index() const
     return d->index;
 }
 
-om::data::Document *TreeViewEntry::document() const
+Document *TreeViewEntry::document() const
 {
     return d->document;
 }
 
 TreeView *TreeViewEntry::view() const
 {
-    return d->view;
+    return d->host->view();
 }
 
 QQuickItem *TreeViewEntry::item() const
@@ -137,20 +158,102 @@ bool TreeViewEntry::isCollapsed() const
 
 bool TreeViewEntry::isActive() const
 {
-    return d->view && d->document && d->document == d->view->activeDocument();
+    return d->document && d->document == d->host->activeDocument();
+}
+
+/// A list without a notify signal is not followed.
+void TreeViewEntry::Private::followChildList()
+{
+    const QMetaObject *type = document->metaObject();
+    const int property = type->indexOfProperty(host->childProperty().constData());
+    const int signal = property < 0 ? -1 : type->property(property).notifySignalIndex();
+    if (signal >= 0) {
+        static const int slot = staticMetaObject.indexOfSlot("updateChildCount()");
+        QMetaObject::connect(document, signal, q, slot);
+    }
+}
+
+void TreeViewEntry::createRow(QQuickItem *content, QQuickItem *treeParent)
+{
+    QQmlComponent *component = d->host->component(EntryComponent);
+    d->context = new QQmlContext(qmlContext(parent()), this);
+    d->context->setContextObject(this);
+
+    const QPointer<TreeViewEntry> alive(this);
+    RowIncubator incubator([this, content, treeParent](QQuickItem *item) {
+        item->setParent(this);
+        d->item = item;
+        RowItemAccess row(item);
+        row.setChildCount(d->childCount);
+        row.setTreeParent(treeParent);
+        d->moveItem(content);
+    });
+    d->completing = true;
+    component->create(incubator, d->context);
+    if (!alive) {
+        return;
+    }
+    d->completing = false;
+    // Not from within the item's completion: a delegate may destroy the view, and the engine does
+    // not survive the end of an item inside the item's own handler.
+    if (d->item) {
+        d->populate(d->item);
+    }
+}
+
+/// The item's new or old parent tells the application, which may destroy the view. The item then
+/// lives until Qt Quick is done with it.
+void TreeViewEntry::Private::moveItem(QQuickItem *content)
+{
+    const QPointer<TreeViewEntry> alive(q);
+    const QPointer<QQuickItem> moved = item;
+    ++itemMoves;
+    moved->setParentItem(content);
+    if (!alive) {
+        delete moved.data();
+        return;
+    }
+    --itemMoves;
+}
+
+void TreeViewEntry::leaveContent()
+{
+    if (d->item) {
+        d->moveItem(nullptr);
+    }
+}
+
+void TreeViewEntry::destroyContext()
+{
+    d->destroyPart(std::exchange(d->context, nullptr));
+}
+
+void TreeViewEntry::Private::destroyPart(QObject *part)
+{
+    const QPointer<TreeViewEntry> alive(q);
+    ending = part;
+    delete part;
+    if (alive) {
+        ending = nullptr;
+    }
 }
 
 void TreeViewEntry::setCollapsed(bool collapsed)
 {
-    if (!d->view || d->childCount <= 0 || (d->level < 1 && !d->view->rootCanCollapse())
+    if (d->childCount <= 0 || (d->level < 1 && !d->host->rootCanCollapse())
         || collapsed == d->collapsed) {
         return;
     }
+    const QPointer<TreeViewEntry> alive(this);
+    const QString id = d->document ? d->document->documentId() : QString();
+    if (!alive) {
+        return; // the identifier is the application's code
+    }
     d->collapsed = collapsed;
     if (d->document) {
-        d->view->d->collapsedById.insert(d->document->documentId(), collapsed);
+        d->host->rememberCollapsed(id, collapsed);
     }
-    d->view->d->hideOrShow(this, [this, collapsed] { Q_EMIT collapsedChanged(collapsed); });
+    d->host->hideOrShow(this, [this, collapsed] { Q_EMIT collapsedChanged(collapsed); });
 }
 
 void TreeViewEntry::announceActive()
@@ -158,90 +261,118 @@ void TreeViewEntry::announceActive()
     Q_EMIT activeChanged(isActive());
 }
 
-TreeViewAttachedObject *TreeViewEntry::attachedObject()
+TreeViewAttachedObject *TreeViewEntry::attachedObject() const
 {
-    if (!d->attached) {
-        d->attached = new TreeViewAttachedObject(this);
-    }
     return d->attached;
+}
+
+void TreeViewEntry::setAttachedObject(TreeViewAttachedObject *attached)
+{
+    d->attached = attached;
 }
 
 QObject *TreeViewEntry::createDelegateItem(int component, QQuickItem *parent)
 {
-    QQmlComponent *source = d->view ? d->view->d->component(component) : nullptr;
-    if (!source || !source->isReady()) {
+    QQmlComponent *source = d->host->component(component);
+    if (!d->context || !source || !source->isReady()) {
         return nullptr;
     }
-    // What completes may destroy the row, and this entry with it.
+    // What completes may destroy the row, and this entry and the component with it.
     const QPointer<QQuickItem> place(parent);
-    QObject *made = source->create(d->context);
+    QQmlIncubator incubator(QQmlIncubator::Synchronous);
+    source->create(incubator, d->context);
+    QObject *made = incubator.object();
     if (!made) {
         return nullptr;
     }
+    QQmlEngine::setObjectOwnership(made, QQmlEngine::JavaScriptOwnership);
+    const QPointer<QObject> alive(made);
     if (auto *item = qobject_cast<QQuickItem *>(made)) {
         item->setParentItem(place);
     }
-    QQmlEngine::setObjectOwnership(made, QQmlEngine::JavaScriptOwnership);
-    return made;
+    return alive;
 }
 
 /// As createDelegateItem(), for what has to be an item. Anything else is left to the collector.
-QQuickItem *TreeViewEntry::createItem(int component, QQuickItem *parent)
+QQuickItem *TreeViewEntry::Private::createItem(int component, QQuickItem *place)
 {
-    QQmlEngine *engine = d->context->engine();
-    QObject *made = createDelegateItem(component, parent);
-    auto *item = qobject_cast<QQuickItem *>(made);
-    if (made && !item) {
+    QQmlEngine *engine = context->engine();
+    QObject *made = q->createDelegateItem(component, place);
+    auto *madeItem = qobject_cast<QQuickItem *>(made);
+    if (made && !madeItem) {
         engine->newQObject(made);
     }
-    return item;
+    return madeItem;
 }
 
-/// Makes what the row shows. The row's file could do it by itself, but thousands of calls back and
-/// forth would take a tenth of a rebuild. What a delegate does as it completes may end the row.
-void TreeViewEntry::populate()
+void TreeViewEntry::populateRow(QQuickItem *row)
 {
-    const QPointer<QQuickItem> item = d->item;
-    TreeViewRow row(item);
-    QQuickItem *background = createItem(TreeView::BackgroundComponent, item);
-    if (background && item) {
-        row.takeBackground(background);
-    }
-    QQuickItem *delegate = item ? createItem(TreeView::DelegateComponent, item) : nullptr;
-    if (delegate && item) {
-        row.takeDelegate(delegate);
-    }
-    QQuickItem *marker = item ? row.collapseMarker() : nullptr;
-    QQuickItem *handle = marker ? createItem(TreeView::BranchHandleComponent, marker) : nullptr;
-    if (!item) {
+    // Its own row the entry populates once that is complete, see createRow().
+    if ((d->completing && row == d->item) || !RowItemAccess::fits(row)) {
         return;
     }
-    row.setBranchHandle(handle ? handle : row.makeDefaultBranchHandle());
-    if (item) {
-        row.raisePressArea();
+    RowItemAccess(row).setChildCount(d->childCount);
+    connect(this, &TreeViewEntry::childCountChanged, row,
+            [row](int count) { RowItemAccess(row).setChildCount(count); });
+    d->populate(row);
+}
+
+/// The row's file could do it by itself, but thousands of calls back and forth would take a tenth
+/// of a rebuild. What a delegate does as it completes may end the row, and the entry.
+void TreeViewEntry::Private::populate(QQuickItem *rowItem)
+{
+    const QPointer<TreeViewEntry> alive(q);
+    const QPointer<QQuickItem> guard(rowItem);
+    RowItemAccess row(rowItem);
+    const auto create = [&](int component, QQuickItem *place) {
+        QQuickItem *made = context && place ? createItem(component, place) : nullptr;
+        return alive && guard ? made : nullptr;
+    };
+    QQuickItem *background = create(BackgroundComponent, rowItem);
+    if (background) {
+        row.setBackgroundItem(background);
+    }
+    QQuickItem *delegate = alive && guard ? create(DelegateComponent, rowItem) : nullptr;
+    if (delegate) {
+        row.setDelegateItem(delegate);
+    }
+    QQuickItem *marker = alive && guard ? row.collapseMarker() : nullptr;
+    QQuickItem *handle = marker ? create(BranchHandleComponent, marker) : nullptr;
+    if (!alive || !guard) {
+        return;
+    }
+    row.setBranchHandleItem(handle ? handle : row.makeDefaultBranchHandle());
+    row.raisePressArea();
+    if (background) {
+        row.placeBackground();
+    }
+    if (delegate && alive && guard) {
+        row.placeDelegate();
     }
 }
 
 void TreeViewEntry::updateChildCount()
 {
-    if (!d->view) {
-        return;
-    }
+    const QPointer<TreeViewEntry> alive(this);
     int count = 0;
     if (d->document) {
-        const QByteArray property = d->view->childProperty().toLatin1();
+        const QByteArray property = d->host->childProperty();
         count = qMax(0, QQmlListReference(d->document, property.constData()).count());
     }
-    const QPointer<TreeViewEntry> alive(this);
+    if (!alive) {
+        return; // the count is the application's code
+    }
     if (count != d->childCount) {
         d->childCount = count;
         if (d->item) {
-            TreeViewRow(d->item).setChildCount(count);
+            RowItemAccess(d->item).setChildCount(count);
         }
-        Q_EMIT childCountChanged(count);
+        if (alive) {
+            Q_EMIT childCountChanged(count);
+        }
     }
-    if (alive && d->view) {
-        d->view->scheduleUpdate();
+    if (alive) {
+        d->host->requestUpdate();
     }
 }
 

@@ -17,6 +17,7 @@ namespace om::controls {
 
 class TreeView;
 class TreeViewAttachedObject;
+class TreeViewEntryHost;
 
 /// A row of a TreeView, and the context object of all that the row is made of.
 ///
@@ -33,8 +34,22 @@ class TreeViewEntry : public QObject
     Q_PROPERTY(om::data::Document *document READ document CONSTANT)
 
 public:
-    TreeViewEntry(TreeView *view, om::data::Document *document, int index, int level);
+    /// What is known of a row before it is made.
+    struct Row
+    {
+        om::data::Document *document;
+        int index;
+        int level;
+        bool collapsed;
+        int childCount;
+    };
+
+    /// An entry without an item yet. \a view is the host's view.
+    TreeViewEntry(QObject *view, TreeViewEntryHost *host, const Row &row);
     ~TreeViewEntry() override;
+
+    /// The entry that \a item is the row item of; null when it is no row item.
+    static TreeViewEntry *ofRowItem(const QQuickItem *item);
 
     int level() const;
     int index() const;
@@ -45,21 +60,32 @@ public:
     bool isCollapsed() const;
     bool isActive() const;
 
+    /// Makes the row item and what it shows, in \a content, below the row \a treeParent, which is
+    /// null for a root. The delegates run the application's code: the view may be gone afterwards,
+    /// and the entry with it.
+    void createRow(QQuickItem *content, QQuickItem *treeParent);
+    /// Ends all evaluation in the row, and takes the item out of the content, ahead of the entry's
+    /// own end.
+    void destroyContext();
+    void leaveContent();
+
     /// Collapses or expands the row. Ignored without children, and for a root whose view does not
     /// let roots collapse.
     void setCollapsed(bool collapsed);
     /// Tells the row whether it is active, changed or not.
     void announceActive();
-    /// Ends what is evaluated in the row, and after it the row item, ahead of the entry itself.
-    void destroyContext();
-    void destroyItem();
-    /// The object behind the attached properties, made on the first call.
-    TreeViewAttachedObject *attachedObject();
+
+    /// The object behind the attached properties, null until it is asked for; the entry's child.
+    TreeViewAttachedObject *attachedObject() const;
+    void setAttachedObject(TreeViewAttachedObject *attached);
 
     /// Makes an object from one of the view's components (TreeView.ComponentType) in the row's
     /// context, with \a parent as its visual parent. The object belongs to the QML engine. Null
-    /// when the view has no such component or it fails.
+    /// when the view has no such component or it fails, and once the row's context is gone.
     Q_INVOKABLE QObject *createDelegateItem(int component, QQuickItem *parent);
+    /// Gives \a row, an object made from the rows' file, what it shows: its background, its
+    /// delegate and its branch handle. For the row itself, which calls it on completion.
+    Q_INVOKABLE void populateRow(QQuickItem *row);
 
 Q_SIGNALS:
     void levelChanged(int level);
@@ -72,10 +98,6 @@ private Q_SLOTS:
     void updateChildCount();
 
 private:
-    QQuickItem *createItem(int component, QQuickItem *parent);
-    void populate();
-    void destroyPart(QObject *part);
-
     class Private;
     const std::unique_ptr<Private> d;
 };

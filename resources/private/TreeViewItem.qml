@@ -31,22 +31,27 @@ Item {
 
     signal layoutRequired()
 
-    // For the entry, which populates the row when it is complete.
+    // For the entry, which makes the row's parts and puts them into the properties above.
     property alias marker: collapseMarker
     property alias press: pressArea
     property alias defaultHandle: defaultBranchHandle
 
-    function takeBackground(item) {
-        item.anchors.fill = treeViewItem;
-        item.z = -1;
-        backgroundItem = item;
+    function populate() {
+        populateRow(treeViewItem);
     }
 
-    function takeDelegate(item) {
-        item.anchors.right = right;
-        item.width = Qt.binding(function() { return width - indent - markerIndent; });
-        delegateItem = item;
+    // Called by the entry when the row has its parts, so that each binding is evaluated once. Both
+    // end with what the application may answer by destroying the row.
+    function placeBackground() {
+        backgroundItem.z = -1;
+        backgroundItem.anchors.fill = treeViewItem;
     }
+    function placeDelegate() {
+        delegateItem.anchors.right = right;
+        delegateItem.width = Qt.binding(function() { return width - indent - markerIndent; });
+    }
+
+    Component.onCompleted: populate()
 
     width: parent ? parent.width : 100
     height: 0

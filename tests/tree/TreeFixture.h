@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QQmlContext>
 #include <QQmlListReference>
 #include <QSignalSpy>
 
@@ -26,6 +27,13 @@ class TreeFixture
 public:
     using Document = om::data::Document;
 
+    /// A document of the tests, "data/case.qml", and what it knows as "destroyer", if anything.
+    struct File
+    {
+        const char *path;
+        QObject *destroyer = nullptr;
+    };
+
     TreeFixture()
         : TreeFixture(plain())
     {
@@ -33,6 +41,15 @@ public:
     explicit TreeFixture(const QByteArray &qml)
     {
         view.load(qml);
+        tree = view.item("tree");
+        Q_ASSERT(tree);
+        rebuilt = std::make_unique<QSignalSpy>(tree, SIGNAL(indexRebuilt()));
+    }
+    explicit TreeFixture(const File &file)
+    {
+        view.engine()->rootContext()->setContextProperty(QStringLiteral("destroyer"),
+                                                         file.destroyer);
+        view.loadFile(QString::fromLatin1(file.path));
         tree = view.item("tree");
         Q_ASSERT(tree);
         rebuilt = std::make_unique<QSignalSpy>(tree, SIGNAL(indexRebuilt()));
@@ -118,6 +135,11 @@ public:
             texts.append(QStringLiteral("%1+%2").arg(item->y()).arg(item->height()));
         }
         return texts.join(QLatin1Char(' '));
+    }
+    /// The row's context object, as its delegates see it.
+    QObject *entry(int index) const
+    {
+        return qmlContext(row(index))->parentContext()->contextObject();
     }
     QVariant call(const QString &expression) const { return support::evaluate(tree, expression); }
     int activeIndex() const { return tree->property("activeIndex").toInt(); }

@@ -169,7 +169,8 @@ void TestTreeAbuse::changedFromADelegatesCompletion()
     f.call("tree.act = null");
     f.append(f.e);
     f.settle();
-    QCOMPARE(f.shown(), QString("e .x"));
+    // The rebuild went on with the roots that were there when it began, and completed their rows.
+    QCOMPARE(f.shown(), QString("e+ .x+"));
 }
 
 void TestTreeAbuse::changedFromIndexRebuilt()

@@ -11,16 +11,20 @@ QT_END_NAMESPACE
 
 namespace om::controls {
 
-/// What the view does to a row item, an object made from TreeViewItem.qml.
+/// Reaches into a row item, an object made from TreeViewItem.qml: its QML properties and functions
+/// by number.
 ///
-/// Thousands of rows are made and moved at a time, and up to half of that time would go into
-/// looking their properties up by name, which is what QML properties and even meta-properties do.
-/// All rows are of one file: the numbers of its properties are looked up once, in the first row.
-class TreeViewRow
+/// Looking properties up by name, as QQmlProperty and even QMetaObject do, would take up to half of
+/// the time in which thousands of rows are made and moved. All rows are of one file, so that the
+/// numbers of its properties are looked up once, in the first row, and hold for all.
+class RowItemAccess
 {
 public:
     /// \a item is a row item, not null.
-    explicit TreeViewRow(QQuickItem *item);
+    explicit RowItemAccess(QQuickItem *item);
+
+    /// Whether \a item is of the rows' file.
+    static bool fits(QQuickItem *item);
 
     void setChildCount(int count);
     void setTreeParent(QQuickItem *parentRow);
@@ -30,14 +34,12 @@ public:
 
     /// Clears the top anchor.
     void releaseTop();
-    /// Anchors the top to the bottom of \a above.
-    void setTop(QQuickItem *above);
+    /// Anchors the top to the bottom of the row's predecessor.
+    void anchorTop();
 
-    /// Fills the row with \a item, below everything else.
-    void takeBackground(QQuickItem *item);
-    /// Gives \a item the place right of the marker.
-    void takeDelegate(QQuickItem *item);
-    void setBranchHandle(QQuickItem *item);
+    void setBackgroundItem(QQuickItem *item);
+    void setDelegateItem(QQuickItem *item);
+    void setBranchHandleItem(QQuickItem *item);
     /// Where the branch handle goes.
     QQuickItem *collapseMarker() const;
     /// Makes the handle of a view that has none of its own. As what delegates make, it belongs to
@@ -45,6 +47,10 @@ public:
     QQuickItem *makeDefaultBranchHandle();
     /// Puts the press area above everything made so far: it sees each press first.
     void raisePressArea();
+    /// Has the background fill the row, and gives the delegate the place right of the marker. The
+    /// application's bindings follow: the row may be gone afterwards.
+    void placeBackground();
+    void placeDelegate();
 
 private:
     struct Numbers;

@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "controls/tree/TreeViewRow.h"
+#include "controls/tree/RowItemAccess.h"
 
+#include <QMetaMethod>
+#include <QMetaProperty>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQmlProperty>
@@ -10,8 +12,10 @@
 
 namespace om::controls {
 
-struct TreeViewRow::Numbers
+struct RowItemAccess::Numbers
 {
+    static const Numbers &of(QQuickItem *row);
+
     explicit Numbers(QQuickItem *row)
     {
         const QMetaObject *type = row->metaObject();
@@ -28,12 +32,14 @@ struct TreeViewRow::Numbers
         childCount = property("childCount");
         treeParent = property("treeParent");
         predecessor = property("predecessor");
+        backgroundItem = property("backgroundItem");
+        delegateItem = property("delegateItem");
         branchHandleItem = property("branchHandleItem");
         collapseMarker = property("marker");
         defaultHandle = property("defaultHandle");
         pressArea = property("press");
-        takeBackground = function("takeBackground(QVariant)");
-        takeDelegate = function("takeDelegate(QVariant)");
+        placeBackground = function("placeBackground()");
+        placeDelegate = function("placeDelegate()");
         layoutRequired =
             QQmlProperty(row, QStringLiteral("onLayoutRequired")).method().methodIndex();
         // Anchors and their lines are private types of Qt Quick.
@@ -46,12 +52,14 @@ struct TreeViewRow::Numbers
     int childCount;
     int treeParent;
     int predecessor;
+    int backgroundItem;
+    int delegateItem;
     int branchHandleItem;
     int collapseMarker;
     int defaultHandle;
     int pressArea;
-    int takeBackground;
-    int takeDelegate;
+    int placeBackground;
+    int placeDelegate;
     int layoutRequired;
     int anchors;
     int bottom;
@@ -88,81 +96,95 @@ void writeObject(QObject *object, int property, QObject *value)
     write(object, property, &value);
 }
 
-void call(QObject *object, int function, QObject *argument)
+void call(QObject *object, int function)
 {
-    QVariant value = QVariant::fromValue(argument);
-    void *arguments[] = {nullptr, &value};
+    void *arguments[] = {nullptr};
     QMetaObject::metacall(object, QMetaObject::InvokeMetaMethod, function, arguments);
 }
 
 } // namespace
 
-TreeViewRow::TreeViewRow(QQuickItem *item)
+const RowItemAccess::Numbers &RowItemAccess::Numbers::of(QQuickItem *row)
+{
+    static const Numbers numbers(row);
+    return numbers;
+}
+
+RowItemAccess::RowItemAccess(QQuickItem *item)
     : m_item(item)
-    , m_numbers([item]() -> const Numbers & {
-        static const Numbers numbers(item);
-        return numbers;
-    }())
+    , m_numbers(Numbers::of(item))
 {
 }
 
-void TreeViewRow::setChildCount(int count)
+bool RowItemAccess::fits(QQuickItem *item)
+{
+    if (!item) {
+        return false;
+    }
+    const QMetaObject *type = item->metaObject();
+    const Numbers &numbers = Numbers::of(item);
+    return type->method(numbers.placeDelegate).name() == "placeDelegate"
+        && qstrcmp(type->property(numbers.defaultHandle).name(), "defaultHandle") == 0;
+}
+
+void RowItemAccess::setChildCount(int count)
 {
     write(m_item, m_numbers.childCount, &count);
 }
 
-void TreeViewRow::setTreeParent(QQuickItem *parentRow)
+void RowItemAccess::setTreeParent(QQuickItem *parentRow)
 {
     writeObject(m_item, m_numbers.treeParent, parentRow);
 }
 
-void TreeViewRow::setPredecessor(QQuickItem *row)
+void RowItemAccess::setPredecessor(QQuickItem *row)
 {
     writeObject(m_item, m_numbers.predecessor, row);
 }
 
-void TreeViewRow::requireLayout()
+void RowItemAccess::requireLayout()
 {
-    void *arguments[] = {nullptr};
-    QMetaObject::metacall(m_item, QMetaObject::InvokeMetaMethod, m_numbers.layoutRequired,
-                          arguments);
+    call(m_item, m_numbers.layoutRequired);
 }
 
-void TreeViewRow::releaseTop()
+void RowItemAccess::releaseTop()
 {
     void *nothing[] = {nullptr};
     QMetaObject::metacall(readObject(m_item, m_numbers.anchors), QMetaObject::ResetProperty,
                           m_numbers.top, nothing);
 }
 
-void TreeViewRow::setTop(QQuickItem *above)
+void RowItemAccess::anchorTop()
 {
-    QVariant line(m_numbers.lineType, nullptr);
-    read(above, m_numbers.bottom, line.data());
-    write(readObject(m_item, m_numbers.anchors), m_numbers.top, line.data());
+    QObject *above = readObject(m_item, m_numbers.predecessor);
+    if (above) {
+        QVariant line(m_numbers.lineType, nullptr);
+        read(above, m_numbers.bottom, line.data());
+        write(readObject(m_item, m_numbers.anchors), m_numbers.top, line.data());
+    }
 }
 
-void TreeViewRow::takeBackground(QQuickItem *item)
+void RowItemAccess::setBackgroundItem(QQuickItem *item)
 {
-    call(m_item, m_numbers.takeBackground, item);
+    writeObject(m_item, m_numbers.backgroundItem, item);
 }
 
-void TreeViewRow::takeDelegate(QQuickItem *item)
+void RowItemAccess::setDelegateItem(QQuickItem *item)
 {
-    call(m_item, m_numbers.takeDelegate, item);
+    writeObject(m_item, m_numbers.delegateItem, item);
 }
 
-void TreeViewRow::setBranchHandle(QQuickItem *item)
+void RowItemAccess::setBranchHandleItem(QQuickItem *item)
 {
     writeObject(m_item, m_numbers.branchHandleItem, item);
 }
 
-QQuickItem *TreeViewRow::collapseMarker() const
+QQuickItem *RowItemAccess::collapseMarker() const
 {
     return qobject_cast<QQuickItem *>(readObject(m_item, m_numbers.collapseMarker));
 }
 
-QQuickItem *TreeViewRow::makeDefaultBranchHandle()
+QQuickItem *RowItemAccess::makeDefaultBranchHandle()
 {
     auto *component = qobject_cast<QQmlComponent *>(readObject(m_item, m_numbers.defaultHandle));
     auto *handle = qobject_cast<QQuickItem *>(component->beginCreate(component->creationContext()));
@@ -176,13 +198,23 @@ QQuickItem *TreeViewRow::makeDefaultBranchHandle()
     return handle;
 }
 
-void TreeViewRow::raisePressArea()
+void RowItemAccess::raisePressArea()
 {
     auto *area = qobject_cast<QQuickItem *>(readObject(m_item, m_numbers.pressArea));
     QQuickItem *last = m_item->childItems().constLast();
     if (area != last) {
         area->stackAfter(last);
     }
+}
+
+void RowItemAccess::placeBackground()
+{
+    call(m_item, m_numbers.placeBackground);
+}
+
+void RowItemAccess::placeDelegate()
+{
+    call(m_item, m_numbers.placeDelegate);
 }
 
 } // namespace om::controls
