@@ -24,9 +24,11 @@ if(OMBREL_WARNINGS_AS_ERRORS)
     add_compile_options(-Werror)
 endif()
 if(OMBREL_SANITIZE)
-    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
+    # "undefined" leaves out numbers too large for the integer they are turned into.
+    add_compile_options(-fsanitize=address,undefined,float-cast-overflow
+                        -fno-sanitize-recover=undefined,float-cast-overflow
                         -fno-omit-frame-pointer -O1 -g1)
-    add_link_options(-fsanitize=address,undefined)
+    add_link_options(-fsanitize=address,undefined,float-cast-overflow)
 endif()
 
 # Hides the API that was deprecated by Qt 5.12 and warns of none that was deprecated later: its
