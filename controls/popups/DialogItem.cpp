@@ -28,13 +28,18 @@ public:
     void setOpen(bool value);
     void takeOver();
     void giveBack();
+    void enableSiblings();
 
     DialogItem *const q;
     DialogTypes type = TypeNormal;
     bool open = false;
     bool modal = true;
-    /// Among the open dialogs. Differs from open only while openChanged() is being emitted.
+    /// Among the open dialogs. Differs from open only while openChanged() or zChanged() is being
+    /// emitted.
     bool counted = false;
+    /// Counts the changes of open: one that a handler makes leaves nothing to be done by the change
+    /// that the handler was told of.
+    int changes = 0;
     bool dying = false;
     QList<QPointer<QQuickItem>> disabledSiblings;
 };
@@ -48,9 +53,10 @@ void DialogItem::Private::setOpen(bool value)
         return;
     }
     open = value;
+    const int change = ++changes;
     const QPointer<DialogItem> self(q);
     Q_EMIT q->openChanged();
-    if (!self || open != value) {
+    if (!self || changes != change) {
         return;
     }
     // Opened again by a handler of its own closing, the dialog is still counted.
@@ -67,8 +73,13 @@ void DialogItem::Private::takeOver()
     if (dying) {
         return;
     }
-    counted = true;
+    const int change = changes;
+    const QPointer<DialogItem> self(q);
     q->setZ(lowestZ + openDialogs);
+    if (!self || changes != change) {
+        return;
+    }
+    counted = true;
     ++openDialogs;
     if (!modal || !q->parentItem()) {
         return;
@@ -80,31 +91,33 @@ void DialogItem::Private::takeOver()
             siblings.append(child);
         }
     }
-    const QPointer<DialogItem> self(q);
     for (const QPointer<QQuickItem> &sibling : qAsConst(siblings)) {
         if (sibling && sibling->isEnabled()) {
             disabledSiblings.append(sibling);
             sibling->setEnabled(false);
-            if (!self || !counted) {
+            if (!self || changes != change) {
                 return;
             }
         }
     }
 }
 
-/// Looks at the list, not at modal, which may have been changed since the dialog opened.
 void DialogItem::Private::giveBack()
 {
     counted = false;
     --openDialogs;
+    enableSiblings();
+}
+
+/// Looks at the list, not at modal, which may have been changed since the dialog opened. A sibling
+/// may destroy the dialog: its destructor then goes on with the list.
+void DialogItem::Private::enableSiblings()
+{
     const QPointer<DialogItem> self(q);
-    while (!counted && !disabledSiblings.isEmpty()) {
+    while (self && !counted && !disabledSiblings.isEmpty()) {
         const QPointer<QQuickItem> sibling = disabledSiblings.takeFirst();
         if (sibling) {
             sibling->setEnabled(true);
-            if (!self) {
-                return;
-            }
         }
     }
 }
@@ -121,8 +134,13 @@ DialogItem::DialogItem(QQuickItem *parent)
 DialogItem::~DialogItem()
 {
     d->dying = true;
+    // Leaving the tree runs handlers, which may ask for what is in the record: it must not be left
+    // to the base class, which goes when the record is gone.
+    setParentItem(nullptr);
     if (d->counted) {
         d->giveBack();
+    } else {
+        d->enableSiblings();
     }
 }
 
@@ -163,7 +181,9 @@ void DialogItem::accept(const QVariant &result)
 {
     const QPointer<DialogItem> self(this);
     setEnabled(false);
-    d->setOpen(false);
+    if (self) {
+        d->setOpen(false);
+    }
     if (self) {
         Q_EMIT accepted(result);
     }
@@ -178,7 +198,9 @@ void DialogItem::reject()
 {
     const QPointer<DialogItem> self(this);
     setEnabled(false);
-    d->setOpen(false);
+    if (self) {
+        d->setOpen(false);
+    }
     if (self) {
         Q_EMIT rejected();
     }
@@ -188,16 +210,26 @@ void DialogItem::show()
 {
     const QPointer<DialogItem> self(this);
     setEnabled(true);
-    forceActiveFocus();
-    d->setOpen(true);
-    // A handler of openChanged() may have closed the dialog by now.
-    if (self && d->open) {
+    // forceActiveFocus() begins with this, and would go on with a dialog that a handler of the
+    // focus has destroyed.
+    if (self) {
+        setFocus(true);
+    }
+    if (self) {
+        forceActiveFocus();
+    }
+    if (self) {
+        d->setOpen(true);
+    }
+    // Also of a dialog that a handler has closed by now: open tells that.
+    if (self) {
         Q_EMIT opened();
     }
 }
 
-/// Deliberately keeps the change to itself: the base class is not asked, and so the dialog never
-/// emits windowChanged(). The move waits for the event loop: the item tree is still changing.
+/// Keeps the change to itself: the base class is not asked, so that the dialog, which moves on to
+/// the content item, does not emit windowChanged(). The move waits for the event loop: the item
+/// tree is still changing.
 void DialogItem::itemChange(ItemChange change, const ItemChangeData &)
 {
     if (change == ItemSceneChange) {

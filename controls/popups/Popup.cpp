@@ -3,11 +3,14 @@
 
 #include "controls/popups/Popup.h"
 
+#include "controls/popups/Dependence.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QPropertyAnimation>
 #include <QQuickWindow>
+#include <QtNumeric>
 
 namespace om::controls {
 
@@ -18,8 +21,9 @@ public:
         : q(popup)
         , animation(new QPropertyAnimation(popup, "opacity", popup))
     {
-        // The ends are whole numbers on purpose; the animation turns them into the property's own
-        // type when it starts, and for that it has to know the property first.
+        // The ends read as the whole numbers that they are until the animation starts, which turns
+        // them into the property's own type. It would do so at once if it learnt of the property
+        // later than of the ends.
         animation->setStartValue(0);
         animation->setEndValue(1);
         animation->setDuration(100);
@@ -29,6 +33,7 @@ public:
     }
 
     void finish();
+    void releaseFade();
     void forgetAttachedItem();
     void followFrames(QQuickWindow *window);
     void filterEvents(QQuickWindow *window);
@@ -36,6 +41,9 @@ public:
 
     Popup *const q;
     bool open = false;
+    /// Counts the changes of open. Signals run the application's code, which may destroy the popup,
+    /// or open or close it once more: then the rest of the change that emitted them is no more due.
+    int changes = 0;
     bool persistent = false;
     bool pendingOpen = false;
     QPointer<QQuickItem> attachedItem;
@@ -54,6 +62,18 @@ void Popup::Private::finish()
     Q_EMIT q->animationFinished();
     if (self && !open) {
         q->setVisible(false);
+    }
+}
+
+/// The popup may be destroyed by a handler of opacityChanged(), which the fade causes: it goes on
+/// when the handler returns, and so must outlive the popup.
+void Popup::Private::releaseFade()
+{
+    animation->disconnect(q);
+    if (animation->state() != QAbstractAnimation::Stopped) {
+        animation->stop();
+        animation->setParent(nullptr);
+        animation->deleteLater();
     }
 }
 
@@ -91,12 +111,14 @@ void Popup::Private::filterEvents(QQuickWindow *window)
 
 bool Popup::Private::isOutside(const QMouseEvent *press) const
 {
+    // An item's shape is the application's code, which may destroy the popup.
+    const QPointer<Popup> self(q);
     const QPointF scene = filteredWindow->mapFromGlobal(press->globalPos());
     const QPointF point = q->mapFromScene(scene);
-    if (q->contains(point)) {
+    if (q->contains(point) || !self) {
         return false;
     }
-    return !attachedItem || !attachedItem->contains(q->mapToItem(attachedItem, point));
+    return !attachedItem || (!attachedItem->contains(q->mapToItem(attachedItem, point)) && self);
 }
 
 Popup::Popup(QQuickItem *parent)
@@ -111,8 +133,10 @@ Popup::Popup(QQuickItem *parent)
 
 Popup::~Popup()
 {
-    // What is left of the destruction must not reach the record again.
-    d->animation->disconnect(this);
+    // Leaving the tree runs handlers, which may ask for what is in the record: it must not be left
+    // to the base class, which goes when the record is gone.
+    setParentItem(nullptr);
+    d->releaseFade();
     QObject::disconnect(d->attachedItemDestroyed);
     d->followFrames(nullptr);
     d->filterEvents(nullptr);
@@ -122,9 +146,6 @@ bool Popup::isOpen() const
 {
     return d->open;
 }
-
-// Every signal below runs the application's code, which may destroy the popup, or open or close it
-// once more: what comes after a signal looks at the state anew.
 
 void Popup::setOpen(bool open)
 {
@@ -137,7 +158,8 @@ void Popup::setOpen(bool open)
     }
     d->open = open;
     const QPointer<Popup> self(this);
-    const auto isOutdated = [&] { return !self || d->open != open; };
+    const int change = ++d->changes;
+    const auto isOutdated = [&] { return !self || d->changes != change; };
     if (open) {
         setVisible(true);
         if (isOutdated()) {
@@ -147,6 +169,9 @@ void Popup::setOpen(bool open)
     d->animation->setDirection(open ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
     // Does nothing to a running animation, which so turns round where it stands.
     d->animation->start();
+    if (isOutdated()) {
+        return;
+    }
     setEnabled(open);
     if (isOutdated()) {
         return;
@@ -156,6 +181,9 @@ void Popup::setOpen(bool open)
         return;
     }
     updatePosition();
+    if (isOutdated()) {
+        return;
+    }
     d->filterEvents(open ? window() : nullptr);
     if (open && window()) {
         forceActiveFocus(Qt::PopupFocusReason);
@@ -208,8 +236,12 @@ void Popup::setHotspot(const QPointF &hotspot)
         return;
     }
     d->hotspot = hotspot;
+    const QPointer<Popup> self(this);
     updatePosition();
-    Q_EMIT hotspotChanged(hotspot);
+    // A handler of the move may have set another one.
+    if (self) {
+        Q_EMIT hotspotChanged(d->hotspot);
+    }
 }
 
 QPointF Popup::offset() const
@@ -223,8 +255,11 @@ void Popup::setOffset(const QPointF &offset)
         return;
     }
     d->offset = offset;
+    const QPointer<Popup> self(this);
     updatePosition();
-    Q_EMIT offsetChanged(offset);
+    if (self) {
+        Q_EMIT offsetChanged(d->offset);
+    }
 }
 
 void Popup::show()
@@ -256,12 +291,15 @@ void Popup::updatePosition()
     if (!parent) {
         return;
     }
-    QQuickItem *const anchor = d->attachedItem ? d->attachedItem.data() : parent;
-    if (anchor == this || isAncestorOf(anchor)) {
-        // The anchor point moves along with the popup: following it would never end.
+    if (dependsOn(d->attachedItem, this)) {
         return;
     }
-    setPosition(anchor->mapToItem(parent, d->offset) - d->hotspot);
+    const QQuickItem *const anchor = d->attachedItem ? d->attachedItem.data() : parent;
+    const QPointF position = anchor->mapToItem(parent, d->offset) - d->hotspot;
+    // What is no number differs from itself and would be a move with every frame.
+    if (qIsFinite(position.x()) && qIsFinite(position.y())) {
+        setPosition(position);
+    }
 }
 
 void Popup::componentComplete()
@@ -274,9 +312,9 @@ void Popup::componentComplete()
     while (root->parentItem()) {
         root = root->parentItem();
     }
-    setParentItem(root);
     const QPointer<Popup> self(this);
-    if (d->pendingOpen) {
+    setParentItem(root);
+    if (self && d->pendingOpen) {
         setOpen(true);
     }
     if (self) {
@@ -286,7 +324,8 @@ void Popup::componentComplete()
 
 bool Popup::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != d->filteredWindow || d->persistent) {
+    // The filter stays on the window until all has been told of the closing.
+    if (watched != d->filteredWindow || !d->open || d->persistent) {
         return QQuickItem::eventFilter(watched, event);
     }
     if (event->type() == QEvent::MouseButtonPress) {

@@ -3,14 +3,33 @@
 
 #include "controls/popups/PopupAnchorItem.h"
 
+#include "controls/popups/Dependence.h"
 #include "controls/popups/PopupIncubator.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QQuickWindow>
+#include <QtNumeric>
+
+#include <limits>
 
 namespace om::controls {
+
+namespace {
+
+/// Cuts towards zero; what an int cannot hold becomes the largest or smallest one, what is no
+/// number becomes 0.
+int toPixels(qreal length)
+{
+    if (qIsNaN(length)) {
+        return 0;
+    }
+    return static_cast<int>(
+        qBound<qreal>(std::numeric_limits<int>::min(), length, std::numeric_limits<int>::max()));
+}
+
+} // namespace
 
 class PopupAnchorItem::Private
 {
@@ -21,15 +40,17 @@ public:
     }
 
     void apply();
+    void placePopupItem();
     void createAnchor();
     void createPopupItem();
+    void moveAnchor(const QPointF &place);
     void watch(QQuickWindow *window);
     bool isOutside(const QMouseEvent *press) const;
 
     PopupAnchorItem *const q;
     bool popupVisible = false;
     bool persistent = false;
-    QQuickItem *anchor = nullptr;
+    QPointer<QQuickItem> anchor;
     QPointer<QQmlComponent> popup;
     QPointer<QQuickItem> popupItem;
     int distanceTop = 0;
@@ -40,10 +61,10 @@ public:
     QPointer<QQuickWindow> watchedWindow;
 };
 
-// Signals, and the popup's own handlers, run the application's code, which may destroy this item or
-// change its mind about the popup: what comes after them looks at the state anew.
-
 /// Carries the value of popupVisible over to the popup and the window.
+///
+/// Signals, and the popup's own handlers, run the application's code, which may destroy this item
+/// or what it has made, or change its mind about the popup: what comes after them looks anew.
 void PopupAnchorItem::Private::apply()
 {
     const bool visible = popupVisible;
@@ -57,17 +78,19 @@ void PopupAnchorItem::Private::apply()
         }
     }
     if (popupItem) {
-        q->updateAnchorPosition();
+        placePopupItem();
         if (isOutdated()) {
             return;
         }
-        if (popupItem) {
-            popupItem->setEnabled(visible);
-        }
+    }
+    if (popupItem) {
+        popupItem->setEnabled(visible);
         if (isOutdated()) {
             return;
         }
-        anchor->setEnabled(visible);
+        if (anchor) {
+            anchor->setEnabled(visible);
+        }
         if (isOutdated()) {
             return;
         }
@@ -75,26 +98,48 @@ void PopupAnchorItem::Private::apply()
     watch(visible ? q->window() : nullptr);
 }
 
+/// Whoever destroys the anchor leaves the popup without a place in the window.
+void PopupAnchorItem::Private::placePopupItem()
+{
+    const QPointer<PopupAnchorItem> self(q);
+    if (!anchor) {
+        createAnchor();
+        if (self && popupItem) {
+            popupItem->setParentItem(anchor);
+        }
+    }
+    if (self) {
+        q->updateAnchorPosition();
+    }
+}
+
 void PopupAnchorItem::Private::createAnchor()
 {
-    anchor = new QQuickItem;
-    anchor->setEnabled(false);
-    anchor->setParent(q);
-    anchor->setParentItem(q->window() ? q->window()->contentItem() : nullptr);
-    // Deliberately above a Popup, which lies at 65540.
-    anchor->setZ(65635.0);
+    const QPointer<QQuickItem> made(new QQuickItem);
+    anchor = made;
+    made->setEnabled(false);
+    made->setParent(q);
+    made->setParentItem(q->window() ? q->window()->contentItem() : nullptr);
+    // Above a Popup, which lies at 65540: the marked place may be inside one.
+    if (made) {
+        made->setZ(65635.0);
+    }
 }
 
 void PopupAnchorItem::Private::createPopupItem()
 {
+    const QPointer<PopupAnchorItem> self(q);
     if (!anchor) {
         createAnchor();
     }
-    if (!popup) {
+    if (!self || !popup) {
         return;
     }
     PopupIncubator incubator(q, anchor, &popupItem);
     popup->create(incubator, popup->creationContext());
+    if (!self) {
+        return;
+    }
     if (!incubator.isReady() && popupItem) {
         // An error that came up late leaves half a popup behind.
         popupItem->setParentItem(nullptr);
@@ -105,6 +150,25 @@ void PopupAnchorItem::Private::createPopupItem()
         incubator.object()->deleteLater();
     }
     Q_EMIT q->popupItemChanged();
+}
+
+/// Puts the anchor onto \a place, the origin of the item in the scene.
+void PopupAnchorItem::Private::moveAnchor(const QPointF &place)
+{
+    // What is no number differs from itself and would be a move with every frame.
+    if (!anchor || dependsOn(q, anchor) || !qIsFinite(place.x()) || !qIsFinite(place.y())) {
+        return;
+    }
+    const QPointer<PopupAnchorItem> self(q);
+    anchor->setPosition(place);
+    if (!self || !anchor) {
+        return;
+    }
+    qreal rotation = 0;
+    for (const QQuickItem *item = q; item; item = item->parentItem()) {
+        rotation += item->rotation();
+    }
+    anchor->setRotation(rotation);
 }
 
 /// Under the threaded render loop the signal comes from the render thread; the automatic connection
@@ -129,8 +193,10 @@ void PopupAnchorItem::Private::watch(QQuickWindow *window)
 
 bool PopupAnchorItem::Private::isOutside(const QMouseEvent *press) const
 {
+    // The shape of the popup is the application's code, which may destroy the item.
+    const QPointer<PopupAnchorItem> self(q);
     const QPointF scene = watchedWindow->mapFromGlobal(press->globalPos());
-    return !popupItem || !popupItem->contains(popupItem->mapFromScene(scene));
+    return !popupItem || (!popupItem->contains(popupItem->mapFromScene(scene)) && self);
 }
 
 PopupAnchorItem::PopupAnchorItem(QQuickItem *parent)
@@ -141,6 +207,9 @@ PopupAnchorItem::PopupAnchorItem(QQuickItem *parent)
 
 PopupAnchorItem::~PopupAnchorItem()
 {
+    // Leaving the tree runs handlers, which may ask for what is in the record: it must not be left
+    // to the base class, which goes when the record is gone.
+    setParentItem(nullptr);
     d->watch(nullptr);
 }
 
@@ -256,7 +325,11 @@ bool PopupAnchorItem::eventFilter(QObject *watched, QEvent *event)
 
 void PopupAnchorItem::itemChange(ItemChange change, const ItemChangeData &value)
 {
+    const QPointer<PopupAnchorItem> self(this);
     if (change == ItemSceneChange) {
+        if (isComponentComplete()) {
+            d->watch(d->popupVisible ? value.window : nullptr);
+        }
         if (value.window) {
             if (d->anchor) {
                 d->anchor->setParentItem(value.window->contentItem());
@@ -267,46 +340,42 @@ void PopupAnchorItem::itemChange(ItemChange change, const ItemChangeData &value)
             QMetaObject::invokeMethod(
                 this,
                 [this] {
-                    if (!window()) {
+                    if (!window() && d->anchor) {
                         d->anchor->setParentItem(nullptr);
                     }
                 },
                 Qt::QueuedConnection);
         }
-        if (isComponentComplete()) {
-            d->watch(d->popupVisible ? value.window : nullptr);
-        }
     }
-    QQuickItem::itemChange(change, value);
+    if (self) {
+        QQuickItem::itemChange(change, value);
+    }
 }
 
 void PopupAnchorItem::updateAnchorPosition()
 {
-    if (!window() || !d->anchor) {
+    if (!window()) {
         return;
     }
-    const QPointF place = mapToScene({});
-    d->anchor->setPosition(place);
-    qreal rotation = 0;
-    for (const QQuickItem *item = this; item; item = item->parentItem()) {
-        rotation += item->rotation();
-    }
-    d->anchor->setRotation(rotation);
-
-    const QQuickItem *const content = window()->contentItem();
-    const int bottom = int(content->height() - place.y());
-    const int right = int(content->width() - place.x());
     const QPointer<PopupAnchorItem> self(this);
-    const auto report = [this, &self](int &distance, int value,
+    const QPointF place = mapToScene({});
+    d->moveAnchor(place);
+    if (!self || !window()) {
+        return;
+    }
+    const QQuickItem *const content = window()->contentItem();
+    const int bottom = toPixels(content->height() - place.y());
+    const int right = toPixels(content->width() - place.x());
+    const auto report = [this, &self](int Private::*distance, int value,
                                       void (PopupAnchorItem::*changed)()) {
-        if (self && distance != value) {
-            distance = value;
+        if (self && d.get()->*distance != value) {
+            d.get()->*distance = value;
             Q_EMIT(this->*changed)();
         }
     };
-    report(d->distanceTop, int(place.y()), &PopupAnchorItem::distanceTopChanged);
-    report(d->distanceBottom, bottom, &PopupAnchorItem::distanceBottomChanged);
-    report(d->distanceRight, right, &PopupAnchorItem::distanceRightChanged);
+    report(&Private::distanceTop, toPixels(place.y()), &PopupAnchorItem::distanceTopChanged);
+    report(&Private::distanceBottom, bottom, &PopupAnchorItem::distanceBottomChanged);
+    report(&Private::distanceRight, right, &PopupAnchorItem::distanceRightChanged);
 }
 
 } // namespace om::controls

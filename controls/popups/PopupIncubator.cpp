@@ -15,14 +15,19 @@ PopupIncubator::PopupIncubator(QObject *owner, QQuickItem *anchor, QPointer<QQui
 
 void PopupIncubator::setInitialState(QObject *object)
 {
-    auto *const item = qobject_cast<QQuickItem *>(object);
+    if (!m_owner) {
+        return;
+    }
+    const QPointer<QQuickItem> item(qobject_cast<QQuickItem *>(object));
     *m_popupItem = item;
     if (!item) {
         return;
     }
     item->setEnabled(false);
-    item->setParent(m_owner);
-    item->setParentItem(m_anchor);
+    if (item && m_owner) {
+        item->setParent(m_owner);
+        item->setParentItem(m_anchor);
+    }
 }
 
 } // namespace om::controls

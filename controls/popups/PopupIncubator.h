@@ -22,8 +22,8 @@ protected:
     void setInitialState(QObject *object) override;
 
 private:
-    QObject *const m_owner;
-    QQuickItem *const m_anchor;
+    const QPointer<QObject> m_owner;
+    const QPointer<QQuickItem> m_anchor;
     QPointer<QQuickItem> *const m_popupItem;
 };
 
