@@ -312,9 +312,9 @@ void Popup::componentComplete()
     while (root->parentItem()) {
         root = root->parentItem();
     }
-    const QPointer<Popup> self(this);
     setParentItem(root);
-    if (self && d->pendingOpen) {
+    const QPointer<Popup> self(this);
+    if (d->pendingOpen) {
         setOpen(true);
     }
     if (self) {

@@ -1,13 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/popups/Dialogs.h"
 #include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
-#include "tests/support/QmlWindow.h"
 #include "tests/support/SignalRecorder.h"
 
 #include <QMetaEnum>
-#include <QPointer>
 #include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -34,7 +33,6 @@ private Q_SLOTS:
     void movesToTheContentItem();
     void neverEmitsWindowChanged();
     void windowlessDialogsStayWhereTheyAre();
-
     void orderOfShowing();
     void orderOfAccepting();
     void orderOfRejecting();
@@ -51,69 +49,7 @@ private Q_SLOTS:
     void modalKeepsPressesAway();
     void takesTheFocus();
     void opensBeforeItHasMoved();
-
-    void siblingDestroyedWhileOpen();
-    void destroyedWhileOpen();
-    void destroyedInsideASignal_data();
-    void destroyedInsideASignal();
-    void destroyedByItsLoader_data();
-    void destroyedByItsLoader();
-    void destroyedWithItsWindow();
-    void movedToAnotherWindowWhileOpen();
-    void showInOnRejected();
-    void rejectedInOnOpenChanged();
-    void shownInOnOpenChanged();
-    void closedWhileDisablingSiblings();
-    void reopenedWhileEnablingSiblings();
-    void aThousandOpensAndCloses();
-
-private:
-    /// The z of a dialog opened now says how many are open.
-    int openDialogs();
 };
-
-namespace {
-
-/// data/dialogs.qml in its window.
-struct Dialogs : support::QmlWindow
-{
-    Dialogs()
-        : QmlWindow(QStringLiteral("data/dialogs.qml"))
-    {
-        dialog = window->findChild<QQuickItem *>(QStringLiteral("dialog"));
-        second = window->findChild<QQuickItem *>(QStringLiteral("second"));
-        if (!QTest::qWaitFor([this] { return dialog->parentItem() == window->contentItem(); })) {
-            qFatal("The dialog stays where it was declared");
-        }
-    }
-
-    QString takeLog()
-    {
-        return run(QStringLiteral("log.splice(0, log.length).join(', ')")).toString();
-    }
-
-    QPointer<QQuickItem> dialog;
-    QPointer<QQuickItem> second;
-};
-
-void press(QWindow *window, const QPoint &point)
-{
-    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, point);
-}
-
-} // namespace
-
-int TestDialogItem::openDialogs()
-{
-    QQmlEngine engine;
-    QQmlComponent component(&engine);
-    component.setData("import ombrel.Controls 1.0; DialogItem {}", QUrl());
-    const QScopedPointer<QObject> probe(component.create());
-    QMetaObject::invokeMethod(probe.data(), "show");
-    const int count = int(probe->property("z").toReal()) - 65535;
-    QMetaObject::invokeMethod(probe.data(), "reject");
-    return count;
-}
 
 void TestDialogItem::cleanup()
 {
@@ -334,7 +270,7 @@ void TestDialogItem::nonModalDisablesNothing()
     Dialogs dialogs;
     dialogs.run(QStringLiteral("dialog.modal = false; dialog.show()"));
     QCOMPARE(dialogs.takeLog(), QStringLiteral("dialog true"));
-    press(dialogs.window.data(), QPoint(200, 200));
+    dialogs.press(QPoint(200, 200));
     QCOMPARE(dialogs.window->property("pressedBelow"), QVariant(1));
     dialogs.run(QStringLiteral("dialog.accept()"));
     QCOMPARE(dialogs.takeLog(), QStringLiteral("dialog false"));
@@ -441,10 +377,10 @@ void TestDialogItem::modalKeepsPressesAway()
 {
     Dialogs dialogs;
     dialogs.run(QStringLiteral("dialog.show()"));
-    press(dialogs.window.data(), QPoint(200, 200));
+    dialogs.press(QPoint(200, 200));
     QCOMPARE(dialogs.window->property("pressedBelow"), QVariant(0));
     dialogs.run(QStringLiteral("dialog.reject()"));
-    press(dialogs.window.data(), QPoint(200, 200));
+    dialogs.press(QPoint(200, 200));
     QCOMPARE(dialogs.window->property("pressedBelow"), QVariant(1));
 }
 
@@ -485,252 +421,6 @@ void TestDialogItem::opensBeforeItHasMoved()
     QVERIFY(view.item<>("place")->isEnabled());
     evaluate(view.root(), QStringLiteral("dialog.accept()"));
     QVERIFY(neighbour->isEnabled());
-}
-
-void TestDialogItem::siblingDestroyedWhileOpen()
-{
-    Dialogs dialogs;
-    auto *extra = new QQuickItem(dialogs.window->contentItem());
-    dialogs.run(QStringLiteral("second.show()"));
-    QVERIFY(!extra->isEnabled());
-    delete extra;
-    delete dialogs.item("first");
-    dialogs.takeLog();
-    dialogs.run(QStringLiteral("second.reject()"));
-    QCOMPARE(dialogs.takeLog(), QStringLiteral("second false, last true"));
-}
-
-void TestDialogItem::destroyedWhileOpen()
-{
-    Dialogs dialogs;
-    dialogs.run(QStringLiteral("dialog.show(); log = []"));
-    SignalRecorder recorder;
-    recorder.watch(
-        dialogs.dialog, QStringLiteral("dialog"),
-        {QStringLiteral("openChanged"), QStringLiteral("accepted"), QStringLiteral("rejected")});
-    delete dialogs.dialog.data();
-    QCOMPARE(dialogs.takeLog(), QStringLiteral("first true, last true"));
-    QCOMPARE(recorder.take(), QStringList());
-    QVERIFY(!dialogs.item("already")->isEnabled());
-    QCOMPARE(openDialogs(), 0);
-
-    // A handler that reaches for the dialog on its way out finds nothing to open any more.
-    Dialogs again;
-    again.run(QStringLiteral("dialog.show(); first.enabledChanged.connect(function() { "
-                             "if (dialog) dialog.show() })"));
-    delete again.dialog.data();
-    QVERIFY(again.item("first")->isEnabled());
-    QVERIFY(again.item("last")->isEnabled());
-    QCOMPARE(openDialogs(), 0);
-}
-
-void TestDialogItem::destroyedInsideASignal_data()
-{
-    QTest::addColumn<QString>("signalName");
-    QTest::addColumn<QString>("action");
-    QTest::newRow("opened") << "opened"
-                            << "dialog.show()";
-    QTest::newRow("opening") << "openChanged"
-                             << "dialog.show()";
-    QTest::newRow("accepted") << "accepted"
-                              << "dialog.show(); dialog.accept(1)";
-    QTest::newRow("rejected") << "rejected"
-                              << "dialog.show(); dialog.reject()";
-}
-
-void TestDialogItem::destroyedInsideASignal()
-{
-    QFETCH(QString, signalName);
-    QFETCH(QString, action);
-    for (const bool atOnce : {false, true}) {
-        QmlView view;
-        view.load("Item { id: root; width: 200; height: 200\n"
-                  "property Component maker: DialogItem {}\n"
-                  "Item { objectName: 'sibling' } }");
-        view.show();
-        const QPointer<QQuickItem> dialog =
-            evaluate(view.root(), QStringLiteral("maker.createObject(root)")).value<QQuickItem *>();
-        QTRY_COMPARE(dialog->parentItem(), view.window()->contentItem());
-        dialog->setParentItem(view.root());
-        if (atOnce) {
-            // An object without QML handlers of its own may be deleted where it stands.
-            struct Deleter : QObject
-            {
-                int qt_metacall(QMetaObject::Call call, int id, void **arguments) override
-                {
-                    id = QObject::qt_metacall(call, id, arguments);
-                    if (id == 0 && call == QMetaObject::InvokeMetaMethod) {
-                        delete target.data();
-                        return -1;
-                    }
-                    return id;
-                }
-                QPointer<QQuickItem> target;
-            } deleter;
-            deleter.target = dialog;
-            const QMetaObject *meta = dialog->metaObject();
-            for (int i = 0; i < meta->methodCount(); ++i) {
-                if (meta->method(i).name() == signalName.toLatin1()) {
-                    QMetaObject::connect(dialog, i, &deleter,
-                                         QObject::staticMetaObject.methodCount());
-                }
-            }
-            QMetaObject::invokeMethod(dialog, "show");
-            if (dialog && signalName == QLatin1String("rejected")) {
-                QMetaObject::invokeMethod(dialog, "reject");
-            } else if (dialog) {
-                QMetaObject::invokeMethod(dialog, "accept");
-            }
-            QVERIFY(!dialog);
-        } else {
-            evaluate(dialog,
-                     QStringLiteral("%1.connect(function() { destroy() })").arg(signalName));
-            evaluate(dialog, QString(action).remove(QStringLiteral("dialog.")));
-            QTRY_VERIFY(!dialog);
-        }
-        QVERIFY(view.item<>("sibling")->isEnabled());
-        QCOMPARE(openDialogs(), 0);
-    }
-}
-
-void TestDialogItem::destroyedByItsLoader_data()
-{
-    destroyedInsideASignal_data();
-}
-
-void TestDialogItem::destroyedByItsLoader()
-{
-    QFETCH(QString, signalName);
-    QFETCH(QString, action);
-    QmlView view;
-    view.load("Item { id: root; width: 200; height: 200; property Item dialog: loader.item\n"
-              "Item { objectName: 'sibling' }\n"
-              "Loader { id: loader; sourceComponent: DialogItem {} } }");
-    view.show();
-    const QPointer<QQuickItem> dialog = view.root()->property("dialog").value<QQuickItem *>();
-    QTRY_COMPARE(dialog->parentItem(), view.window()->contentItem());
-    evaluate(
-        view.root(),
-        QStringLiteral("dialog.%1.connect(function() { loader.active = false })").arg(signalName));
-    evaluate(view.root(), QStringLiteral("(function(dialog) { %1 })(dialog)").arg(action));
-    QTRY_VERIFY(!dialog);
-    QVERIFY(view.root()->isEnabled());
-    QCOMPARE(openDialogs(), 0);
-}
-
-void TestDialogItem::destroyedWithItsWindow()
-{
-    QPointer<QQuickItem> dialog;
-    {
-        Dialogs dialogs;
-        dialogs.run(QStringLiteral("dialog.show(); second.show()"));
-        dialog = dialogs.dialog;
-        QCOMPARE(openDialogs(), 2);
-    }
-    QVERIFY(!dialog);
-    QCOMPARE(openDialogs(), 0);
-}
-
-void TestDialogItem::movedToAnotherWindowWhileOpen()
-{
-    Dialogs dialogs;
-    dialogs.run(QStringLiteral("dialog.show()"));
-    QQuickWindow window;
-    QQuickItem place(window.contentItem());
-    dialogs.dialog->setParentItem(&place);
-    QTRY_COMPARE(dialogs.dialog->parentItem(), window.contentItem());
-    QVERIFY(!dialogs.item("first")->isEnabled());
-    QVERIFY(place.isEnabled());
-    dialogs.run(QStringLiteral("dialog.reject()"));
-    QVERIFY(dialogs.item("first")->isEnabled());
-    QVERIFY(dialogs.item("last")->isEnabled());
-    dialogs.dialog->setParentItem(dialogs.window->contentItem());
-}
-
-void TestDialogItem::showInOnRejected()
-{
-    Dialogs dialogs;
-    dialogs.run(QStringLiteral("var once = dialog.rejected.connect(function() { if "
-                               "(++pressedBelow === 1) dialog.show() }); dialog.show()"));
-    dialogs.run(QStringLiteral("dialog.reject()"));
-    QCOMPARE(dialogs.dialog->property("open"), QVariant(true));
-    QVERIFY(dialogs.dialog->isEnabled());
-    QVERIFY(!dialogs.item("first")->isEnabled());
-    QCOMPARE(openDialogs(), 1);
-    dialogs.run(QStringLiteral("dialog.reject()"));
-    QVERIFY(dialogs.item("first")->isEnabled());
-    QCOMPARE(openDialogs(), 0);
-}
-
-void TestDialogItem::rejectedInOnOpenChanged()
-{
-    Dialogs dialogs;
-    dialogs.run(QStringLiteral(
-        "dialog.openChanged.connect(function() { if (dialog.open) dialog.reject() })"));
-    SignalRecorder recorder;
-    recorder.watch(
-        dialogs.dialog, QStringLiteral("dialog"),
-        {QStringLiteral("openChanged"), QStringLiteral("opened"), QStringLiteral("rejected")});
-    dialogs.run(QStringLiteral("dialog.show()"));
-    QCOMPARE(recorder.entries().count(QStringLiteral("dialog.opened")), 0);
-    QCOMPARE(recorder.entries().count(QStringLiteral("dialog.rejected")), 1);
-    QCOMPARE(dialogs.dialog->property("open"), QVariant(false));
-    QVERIFY(!dialogs.dialog->isEnabled());
-    QVERIFY(dialogs.item("first")->isEnabled());
-    QCOMPARE(openDialogs(), 0);
-}
-
-void TestDialogItem::shownInOnOpenChanged()
-{
-    Dialogs dialogs;
-    dialogs.run(QStringLiteral("dialog.openChanged.connect(function() { if (!dialog.open && "
-                               "++pressedBelow === 1) dialog.show() }); dialog.show()"));
-    dialogs.run(QStringLiteral("dialog.reject()"));
-    QCOMPARE(dialogs.dialog->property("open"), QVariant(true));
-    QVERIFY(!dialogs.item("first")->isEnabled());
-    QCOMPARE(openDialogs(), 1);
-    dialogs.run(QStringLiteral("dialog.reject()"));
-    QVERIFY(dialogs.item("first")->isEnabled());
-    QVERIFY(dialogs.item("last")->isEnabled());
-}
-
-void TestDialogItem::closedWhileDisablingSiblings()
-{
-    Dialogs dialogs;
-    dialogs.run(QStringLiteral("first.enabledChanged.connect(function() { if (!first.enabled) "
-                               "dialog.reject() }); log = []; dialog.show()"));
-    QCOMPARE(dialogs.dialog->property("open"), QVariant(false));
-    QVERIFY(dialogs.item("first")->isEnabled());
-    QVERIFY(dialogs.item("last")->isEnabled());
-    QCOMPARE(openDialogs(), 0);
-}
-
-void TestDialogItem::reopenedWhileEnablingSiblings()
-{
-    Dialogs dialogs;
-    dialogs.run(QStringLiteral("first.enabledChanged.connect(function() { if (first.enabled && "
-                               "++pressedBelow === 1) dialog.show() }); dialog.show(); "
-                               "dialog.reject()"));
-    QCOMPARE(dialogs.dialog->property("open"), QVariant(true));
-    QVERIFY(!dialogs.item("first")->isEnabled());
-    QVERIFY(!dialogs.item("last")->isEnabled());
-    dialogs.run(QStringLiteral("dialog.reject()"));
-    QVERIFY(dialogs.item("first")->isEnabled());
-    QVERIFY(dialogs.item("last")->isEnabled());
-}
-
-void TestDialogItem::aThousandOpensAndCloses()
-{
-    Dialogs dialogs;
-    dialogs.run(QStringLiteral(
-        "for (let i = 0; i < 1000; ++i) { dialog.show(); second.show(); second.accept(i); "
-        "dialog.reject(); }"));
-    QCOMPARE(openDialogs(), 0);
-    QVERIFY(dialogs.item("first")->isEnabled());
-    QVERIFY(!dialogs.dialog->isEnabled());
-    dialogs.run(QStringLiteral("dialog.show()"));
-    QCOMPARE(dialogs.dialog->z(), 65535.0);
-    dialogs.run(QStringLiteral("dialog.reject()"));
 }
 
 QTEST_MAIN(TestDialogItem)
