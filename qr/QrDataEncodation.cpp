@@ -153,8 +153,9 @@ void encodeData(int level, int version, const char *text, int length, unsigned c
     stream.append(static_cast<unsigned>(length), countWidths[groupOf(version)][EightBit]);
     stream.appendBytes(text, length);
 
-    const int left = 8 * capacity - stream.bits();
-    stream.append(0, left < 4 ? left : 4);
+    // The terminator is cut where less than its four bits are left, but never here: the mode and
+    // the count take four bits more than whole bytes.
+    stream.append(0, 4);
     const int used = (stream.bits() + 7) / 8;
     for (int index = used; index < capacity; ++index)
         codewords[index] = static_cast<unsigned char>(padding[(index - used) & 1]);

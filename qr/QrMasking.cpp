@@ -162,8 +162,6 @@ void Band::read(int size, const BitMatrix &matrix, int word)
     m_lines = matrix.first(word);
 
     // The lines in front of the symbol are alike.
-    m_changes[0] = 0;
-    m_changes[1] = 0;
     std::uint64_t first = 0;
     std::uint64_t second = 0;
     for (int index = 2; index < size + 2 * BitMatrix::Margin - 1; ++index) {
