@@ -4,6 +4,7 @@
 #include "gallery/FolderTree.h"
 
 #include "gallery/FolderDocument.h"
+#include "gallery/PictureProvider.h"
 
 namespace om::gallery {
 
@@ -12,10 +13,18 @@ namespace {
 // Unpacking or checking out touches a folder many times in a row; it is read once for all of them.
 constexpr int refreshDelay = 50; // ms
 
+// Where a file is for those who read it; resources are files too.
+QString pathOf(const QUrl &file)
+{
+    return file.scheme() == QLatin1String("qrc") ? QLatin1Char(':') + file.path()
+                                                 : file.toLocalFile();
+}
+
 } // namespace
 
 FolderTree::FolderTree(const QString &path, QObject *parent)
     : QObject(parent)
+    , m_problems(std::make_shared<PictureProblems>())
 {
     m_refresh.setInterval(refreshDelay);
     m_refresh.setSingleShot(true);
@@ -41,6 +50,22 @@ om::data::Document *FolderTree::folder() const
 om::data::Context *FolderTree::context()
 {
     return &m_context;
+}
+
+QString FolderTree::pictureSource(const QUrl &file) const
+{
+    const QString path = pathOf(file);
+    return path.isEmpty() ? QString() : PictureProvider::sourceFor(path);
+}
+
+QString FolderTree::pictureProblem(const QUrl &file) const
+{
+    return m_problems->of(pathOf(file));
+}
+
+std::shared_ptr<PictureProblems> FolderTree::pictureProblems() const
+{
+    return m_problems;
 }
 
 bool FolderTree::watch(const QString &path, FolderDocument *document)

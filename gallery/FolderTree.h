@@ -16,6 +16,7 @@
 namespace om::gallery {
 
 class FolderDocument;
+class PictureProblems;
 
 /// The folder that the gallery was opened on: its document, the context of all documents below it,
 /// and the watch over those folders that have been read.
@@ -34,6 +35,13 @@ public:
     om::data::Document *folder() const;
     om::data::Context *context();
 
+    /// The source that shows the picture in a file; empty for what is no file.
+    Q_INVOKABLE QString pictureSource(const QUrl &file) const;
+    /// What is wrong with the picture that was read last from a file, as the end of a sentence that
+    /// begins with its name; empty when nothing is.
+    Q_INVOKABLE QString pictureProblem(const QUrl &file) const;
+    std::shared_ptr<PictureProblems> pictureProblems() const;
+
     /// From now on changes in the folder at `path` refresh `document`. Returns whether the folder
     /// was not watched before.
     bool watch(const QString &path, FolderDocument *document);
@@ -42,6 +50,7 @@ public:
 private:
     void refreshChanged();
 
+    const std::shared_ptr<PictureProblems> m_problems;
     om::data::Context m_context;
     QFileSystemWatcher m_watcher;
     QHash<QString, FolderDocument *> m_watched;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "gallery/FolderTree.h"
+#include "gallery/GalleryEngine.h"
+#include "gallery/Quiet.h"
 #include "gallery/ScreenshotRun.h"
 
 #include <QCommandLineParser>
@@ -10,7 +12,6 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
-#include <QQmlContext>
 #include <QQuickWindow>
 #include <QScreen>
 #include <QTextStream>
@@ -37,6 +38,7 @@ QStringList pageNames(const QQuickWindow *window)
 
 int main(int argc, char *argv[])
 {
+    om::gallery::keepQuiet();
     // The gallery draws its own controls; the style must not depend on the desktop's.
     qputenv("QT_QUICK_CONTROLS_STYLE", "Default");
     QGuiApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
@@ -86,7 +88,7 @@ int main(int argc, char *argv[])
 #endif
     engine.addImportPath(QDir(here).absoluteFilePath(QStringLiteral(OMBREL_GALLERY_QML_DIR)));
     engine.addImportPath(here + QStringLiteral("/../qml"));
-    engine.rootContext()->setContextProperty(QStringLiteral("gallery"), &tree);
+    om::gallery::prepareEngine(&engine, &tree);
     engine.load(QUrl(QStringLiteral("qrc:/gallery/qml/Gallery.qml")));
     auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
     if (!window)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "gallery/FolderTree.h"
+#include "gallery/GalleryEngine.h"
 #include "tests/support/ForeignProgram.h"
 #include "tests/support/Gesture.h"
 #include "tests/support/Items.h"
@@ -10,7 +11,6 @@
 #include "tests/support/Text.h"
 
 #include <QImage>
-#include <QQmlContext>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -28,6 +28,7 @@ private Q_SLOTS:
     void cleanup();
 
     void shelfHasTheFoldersFiles();
+    void tileSaysWhatIsWrongWithItsFile();
     void eachZoneTakesItsOwnFromTheShelf_data();
     void eachZoneTakesItsOwnFromTheShelf();
     void overAZoneItSaysWhatItWouldTake();
@@ -66,7 +67,7 @@ void TestDropZonesPage::init()
 {
     m_tree = std::make_unique<om::gallery::FolderTree>(m_folder.path());
     m_view = std::make_unique<support::QmlView>();
-    m_view->engine()->rootContext()->setContextProperty(text("gallery"), m_tree.get());
+    om::gallery::prepareEngine(m_view->engine(), m_tree.get());
     m_view->window()->setResizeMode(QQuickView::SizeRootObjectToView);
     m_view->window()->setGeometry(0, 0, 900, 800);
     m_view->loadFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
@@ -111,6 +112,18 @@ void TestDropZonesPage::shelfHasTheFoldersFiles()
         QVERIFY2(texts.contains(text(name)), name);
     }
     QVERIFY(!texts.contains(text("inner")));
+}
+
+void TestDropZonesPage::tileSaysWhatIsWrongWithItsFile()
+{
+    QFile file(m_folder.filePath(text("fake.png")));
+    QVERIFY(file.open(QFile::WriteOnly));
+    file.write("no picture");
+    file.close();
+    QQuickItem *shelf = support::itemsOf(m_view->root(), "FileShelf").value(0);
+    QTRY_VERIFY(support::textsOn(shelf).contains(text("is no picture")));
+    QVERIFY(file.remove());
+    QTRY_VERIFY(!support::textsOn(shelf).contains(text("fake.png")));
 }
 
 void TestDropZonesPage::eachZoneTakesItsOwnFromTheShelf_data()

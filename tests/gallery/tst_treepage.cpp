@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "gallery/FolderTree.h"
+#include "gallery/GalleryEngine.h"
 #include "tests/support/Gesture.h"
 #include "tests/support/Items.h"
 #include "tests/support/Leftovers.h"
@@ -15,7 +16,6 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QMimeData>
-#include <QQmlContext>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -118,7 +118,7 @@ void TestTreePage::init()
     }
     m_tree = std::make_unique<om::gallery::FolderTree>(m_folder->path());
     m_view = std::make_unique<support::QmlView>();
-    m_view->engine()->rootContext()->setContextProperty(text("gallery"), m_tree.get());
+    om::gallery::prepareEngine(m_view->engine(), m_tree.get());
     m_view->window()->setResizeMode(QQuickView::SizeRootObjectToView);
     m_view->window()->setGeometry(0, 0, 1000, 900);
     m_view->loadFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")

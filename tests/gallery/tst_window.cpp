@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "gallery/FolderTree.h"
+#include "gallery/GalleryEngine.h"
 #include "tests/support/Items.h"
 #include "tests/support/Leftovers.h"
 
@@ -10,7 +11,6 @@
 #include <QDir>
 #include <QFile>
 #include <QQmlApplicationEngine>
-#include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTemporaryDir>
@@ -72,7 +72,7 @@ void tst_Window::init()
     QVERIFY(QDir(m_dir->path()).mkpath("nothing"));
     m_tree = std::make_unique<FolderTree>(m_dir->path());
     m_engine = std::make_unique<QQmlApplicationEngine>();
-    m_engine->rootContext()->setContextProperty("gallery", m_tree.get());
+    om::gallery::prepareEngine(m_engine.get(), m_tree.get());
     m_engine->load(QUrl::fromLocalFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
                                        + "/gallery/qml/Gallery.qml"));
     m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().value(0));

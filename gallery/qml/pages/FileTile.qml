@@ -26,7 +26,9 @@ Item {
             .includes(suffix) ? "image"
         : ["avi", "flv", "mkv", "mp4", "webm", "mov"].includes(suffix) ? "video"
         : ["txt", "md", "pdf", "qml", "html", "cpp", "h", "json"].includes(suffix) ? "text" : "file"
-    readonly property color tone: Theme.typeColor(type)
+    readonly property string problem: image.status === Image.Ready ? gallery.pictureProblem(url) : ""
+    readonly property bool pictured: image.status === Image.Ready && problem === ""
+    readonly property color tone: problem !== "" ? Theme.errorText : Theme.typeColor(type)
 
     implicitWidth: 92
     implicitHeight: 92
@@ -36,30 +38,33 @@ Item {
         width: parent.width
         height: parent.height - 22
         radius: 5
-        color: image.status === Image.Ready ? Theme.panel
-                                            : Qt.rgba(tile.tone.r, tile.tone.g, tile.tone.b, 0.14)
-        border.color: image.status === Image.Ready ? Theme.line
-                                                   : Qt.rgba(tile.tone.r, tile.tone.g, tile.tone.b, 0.35)
+        color: tile.pictured ? Theme.panel
+                             : Qt.rgba(tile.tone.r, tile.tone.g, tile.tone.b, 0.14)
+        border.color: tile.pictured ? Theme.line
+                                    : Qt.rgba(tile.tone.r, tile.tone.g, tile.tone.b, 0.35)
 
         Label {
             anchors.centerIn: parent
             width: parent.width - 12
             horizontalAlignment: Text.AlignHCenter
-            visible: image.status !== Image.Ready
-            text: tile.suffix.length > 0 ? tile.suffix : "file"
-            color: Qt.darker(tile.tone, 1.35)
-            font.pixelSize: 17
+            visible: !tile.pictured
+            text: tile.problem !== "" ? tile.problem : tile.suffix.length > 0 ? tile.suffix : "file"
+            color: tile.problem !== "" ? tile.tone : Qt.darker(tile.tone, 1.35)
+            wrapMode: Text.WordWrap
+            maximumLineCount: 3
+            font.pixelSize: tile.problem !== "" ? Theme.small : 17
             font.weight: Font.DemiBold
-            font.capitalization: Font.AllUppercase
+            font.capitalization: tile.problem !== "" ? Font.MixedCase : Font.AllUppercase
         }
         Image {
             id: image
             anchors.fill: parent
             anchors.margins: 3
+            visible: tile.problem === ""
             asynchronous: true
             fillMode: Image.PreserveAspectCrop
             sourceSize.width: 184
-            source: tile.type === "image" ? tile.url : ""
+            source: tile.type === "image" ? gallery.pictureSource(tile.url) : ""
         }
     }
     Label {
