@@ -3,6 +3,7 @@
 
 #include "controls/tree/TreeView.h"
 
+#include "controls/support/ListElement.h"
 #include "controls/tree/ContentHeight.h"
 #include "controls/tree/RootDocuments.h"
 #include "controls/tree/TreeRows.h"
@@ -162,8 +163,7 @@ void TreeView::Private::entryEnds(TreeViewEntry *entry)
 
 void TreeView::Private::appendRoot(Document *document)
 {
-    // What JavaScript pushes arrives unchecked, whatever its type is.
-    if (document && !qobject_cast<Document *>(static_cast<QObject *>(document))) {
+    if (document && !isListElement(document)) {
         return;
     }
     roots.append(document);

@@ -4,7 +4,9 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QHash>
 #include <QRegularExpression>
+#include <QSet>
 #include <QTest>
 
 #include <algorithm>
@@ -18,6 +20,7 @@ private Q_SLOTS:
     void initTestCase();
     void includesFollowTheArrows_data();
     void includesFollowTheArrows();
+    void noPartIncludesItsUser();
     void everyRoomHasItsRow();
     void everyNameHasItsFiles_data();
     void everyNameHasItsFiles();
@@ -126,6 +129,47 @@ void TestHouse::includesFollowTheArrows()
             || folder == QLatin1String("controls/private")) {
             QVERIFY2(!text.contains(QStringLiteral("#include <OmbrelDataCore/")),
                      qPrintable(source + QStringLiteral(" includes the data core")));
+        }
+    }
+}
+
+/// A header and its source are one part, named without their suffix. Two parts that include each
+/// other, directly or by way of others, can only be read together.
+void TestHouse::noPartIncludesItsUser()
+{
+    const QRegularExpression include(QStringLiteral("^#include \"(controls/[^\"]+)\\.h\""),
+                                     QRegularExpression::MultilineOption);
+    QHash<QString, QSet<QString>> included;
+    const QStringList sources =
+        files(QStringLiteral("controls"), {QStringLiteral("*.cpp"), QStringLiteral("*.h")});
+    for (const QString &source : sources) {
+        const QString part = source.left(source.lastIndexOf(QLatin1Char('.')));
+        auto includes = include.globalMatch(read(source));
+        while (includes.hasNext()) {
+            const QString other = includes.next().captured(1);
+            if (other != part) {
+                included[part].insert(other);
+            }
+        }
+    }
+    QVERIFY2(included.size() > 30, "are there no includes any more?");
+    // The one exception: the overlays ask it what depends on them, and it asks them what they
+    // follow.
+    QVERIFY(included.remove(QStringLiteral("controls/popups/Dependence")) == 1);
+    for (auto it = included.cbegin(); it != included.cend(); ++it) {
+        QSet<QString> reached = it.value();
+        QStringList next(reached.cbegin(), reached.cend());
+        while (!next.isEmpty()) {
+            const QString part = next.takeLast();
+            QVERIFY2(
+                part != it.key() && !included.value(part).contains(it.key()),
+                qPrintable(QStringLiteral("%1 and %2 include each other").arg(it.key(), part)));
+            for (const QString &further : included.value(part)) {
+                if (!reached.contains(further)) {
+                    reached.insert(further);
+                    next.append(further);
+                }
+            }
         }
     }
 }
