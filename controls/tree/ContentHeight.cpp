@@ -34,8 +34,7 @@ void ContentHeight::resume()
         return;
     }
     if (QQuickItem *first = m_rows->firstItem()) {
-        m_endWatches.push_back(
-            connect(first, &QQuickItem::yChanged, this, &ContentHeight::update));
+        m_endWatches.push_back(connect(first, &QQuickItem::yChanged, this, &ContentHeight::update));
     }
     if (QQuickItem *last = m_rows->lastItem()) {
         m_endWatches.push_back(connect(last, &QQuickItem::yChanged, this, &ContentHeight::update));

@@ -171,9 +171,8 @@ bool TreeRows::add(Document *root, QQuickItem *content,
         if (static_cast<int>(path.size()) >= maximumLevels) {
             if (!m_warnedOfDepth) {
                 m_warnedOfDepth = true;
-                qmlWarning(m_view)
-                    << "The documents are nested more than " << maximumLevels
-                    << " levels deep, or contain themselves; deeper ones get no row";
+                qmlWarning(m_view) << "The documents are nested more than " << maximumLevels
+                                   << " levels deep, or contain themselves; deeper ones get no row";
             }
             tooDeep = true;
             continue;

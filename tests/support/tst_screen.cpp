@@ -79,7 +79,7 @@ void TestScreen::screenShowsOnlyWhatWasPainted()
     QTRY_COMPARE(pixelError(screenPixels(&sheet), {25, 25}, Qt::red), QString());
     QCOMPARE(screenPixels(&sheet).size(), QSize(50, 50));
     sheet.color = Qt::blue;
-    QTest::qWait(100);
+    QCoreApplication::processEvents();
     QVERIFY(!pixelError(screenPixels(&sheet), {25, 25}, Qt::blue).isEmpty());
     sheet.update();
     QTRY_COMPARE(pixelError(screenPixels(&sheet), {25, 25}, Qt::blue), QString());
