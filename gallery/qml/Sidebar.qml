@@ -146,7 +146,7 @@ Rectangle {
         Label { text: "Opened on"; color: Theme.faintText; font.pixelSize: Theme.small }
         Label {
             width: parent.width
-            text: sidebar.folder ? sidebar.folder.name : ""
+            text: sidebar.folder ? Theme.oneLine(sidebar.folder.name) : ""
             font.pixelSize: 13
         }
     }

@@ -28,6 +28,9 @@ private Q_SLOTS:
     void cleanup();
 
     void shelfHasTheFoldersFiles();
+    void shelfHasSomeOfEachType();
+    void refusedDragIsSaid();
+    void cancelledDragLeavesNothingFaded();
     void tileSaysWhatIsWrongWithItsFile();
     void eachZoneTakesItsOwnFromTheShelf_data();
     void eachZoneTakesItsOwnFromTheShelf();
@@ -36,6 +39,7 @@ private Q_SLOTS:
     void suffixesThatAreEditedCount();
 
 private:
+    void show();
     QQuickItem *pad(int index) const
     {
         return support::itemsOf(m_view->root(), "DropPad").value(index);
@@ -66,6 +70,11 @@ void TestDropZonesPage::initTestCase()
 void TestDropZonesPage::init()
 {
     m_tree = std::make_unique<om::gallery::FolderTree>(m_folder.path());
+    show();
+}
+
+void TestDropZonesPage::show()
+{
     m_view = std::make_unique<support::QmlView>();
     om::gallery::prepareEngine(m_view->engine(), m_tree.get());
     m_view->window()->setResizeMode(QQuickView::SizeRootObjectToView);
@@ -114,6 +123,76 @@ void TestDropZonesPage::shelfHasTheFoldersFiles()
     QVERIFY(!texts.contains(text("inner")));
 }
 
+void TestDropZonesPage::shelfHasSomeOfEachType()
+{
+    // A folder of pictures only, and many: the others come as samples.
+    QTemporaryDir pictures;
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    for (int i = 0; i < 12; ++i) {
+        QVERIFY(image.save(pictures.filePath(QStringLiteral("photo %1.png").arg(i))));
+    }
+    cleanup();
+    m_tree = std::make_unique<om::gallery::FolderTree>(pictures.path());
+    show();
+    QQuickItem *shelf = support::itemsOf(m_view->root(), "FileShelf").value(0);
+    const QStringList texts = support::textsOn(shelf);
+    for (const char *name : {"photo 0.png", "photo 1.png", "clip.mp4", "notes.txt", "All 4"}) {
+        QVERIFY2(texts.contains(text(name)), name);
+    }
+    // A sample is a file like any other.
+    QQuickItem *target = pad(4);
+    scrollTo(target);
+    const QPoint over = support::positionIn(target);
+    support::Gesture gesture;
+    gesture
+        .drag(
+            support::positionIn(allCard(), 40, 30), over,
+            [&] { return target->property("over").toBool(); }, "the drag")
+        .release()
+        .until([&] { return !target->property("over").toBool(); }, "the drop");
+    QVERIFY2(gesture.run(), gesture.error());
+    QVERIFY(support::textsOn(target).contains(text("Got 1 file")));
+}
+
+void TestDropZonesPage::refusedDragIsSaid()
+{
+    QQuickItem *target = pad(3); // images
+    scrollTo(target);
+    QQuickItem *tile = support::itemWith(m_view->root(), "text", text("notes.md"))->parentItem();
+    const QPoint over = support::positionIn(target);
+    const auto said = [&] {
+        return support::textsOn(target).contains(text("Would not take this"));
+    };
+    support::Gesture gesture;
+    gesture.drag(support::positionIn(tile), over, said, "the refusal").release();
+    gesture.until([&] { return !said(); }, "the end of it");
+    QVERIFY2(gesture.run(), gesture.error());
+    QVERIFY(target->property("got").toList().isEmpty());
+    QVERIFY(support::textsOn(target).contains(text("Drop images here")));
+}
+
+void TestDropZonesPage::cancelledDragLeavesNothingFaded()
+{
+    QQuickItem *tile = support::itemWith(m_view->root(), "text", text("notes.md"))->parentItem();
+    QQuickItem *target = pad(0);
+    const QPoint from = support::positionIn(tile);
+    const QPoint over = support::positionIn(target);
+    const auto isOver = [&] { return target->property("over").toBool(); };
+    support::Gesture gesture;
+    gesture.drag(from, over, isOver, "the drag").then([&] { QCOMPARE(tile->opacity(), 0.5); });
+    gesture.key(Qt::Key_Escape).until([&] { return !isOver(); }, "the cancellation").release();
+    gesture.until([&] { return tile->opacity() == 1; }, "the tile to look as before");
+    QVERIFY2(gesture.run(), gesture.error());
+    // It can be dragged again.
+    support::Gesture again;
+    again.drag(from, over, isOver, "the second drag")
+        .release()
+        .until([&] { return !isOver(); }, "the drop");
+    QVERIFY2(again.run(), again.error());
+    QVERIFY(support::textsOn(target).contains(text("Got 1 file")));
+}
+
 void TestDropZonesPage::tileSaysWhatIsWrongWithItsFile()
 {
     QFile file(m_folder.filePath(text("fake.png")));
@@ -124,6 +203,12 @@ void TestDropZonesPage::tileSaysWhatIsWrongWithItsFile()
     QTRY_VERIFY(support::textsOn(shelf).contains(text("is no picture")));
     QVERIFY(file.remove());
     QTRY_VERIFY(!support::textsOn(shelf).contains(text("fake.png")));
+    // Names are shown in one line.
+    QFile broken(m_folder.filePath(text("a\nb.txt")));
+    QVERIFY(broken.open(QFile::WriteOnly));
+    QTRY_VERIFY(support::textsOn(shelf).contains(text("a b.txt")));
+    QVERIFY(broken.remove());
+    QTRY_VERIFY(!support::textsOn(shelf).contains(text("a b.txt")));
 }
 
 void TestDropZonesPage::eachZoneTakesItsOwnFromTheShelf_data()

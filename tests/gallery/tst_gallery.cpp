@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
@@ -16,6 +17,7 @@ class tst_Gallery : public QObject
 private Q_SLOTS:
     void initTestCase();
     void listsItsPages();
+    void signsAreDrawn();
     void everyPageLoadsAndIsRendered();
     void onePageOnly();
     void staysSilentOnOddFiles();
@@ -89,6 +91,26 @@ void tst_Gallery::listsItsPages()
         QVERIFY2(text.count('"' + file + '"') == 1, qPrintable(file));
     QCOMPARE(m_pages.size(), files.size());
     QCOMPARE(m_pages.toSet().size(), m_pages.size());
+}
+
+// Arrows, triangles and the like come from whatever font has them, and change with it.
+void tst_Gallery::signsAreDrawn()
+{
+    QDirIterator it(qEnvironmentVariable("OMBREL_SOURCE_DIR") + "/gallery/qml", {"*.qml"},
+                    QDir::Files, QDirIterator::Subdirectories);
+    int files = 0;
+    while (it.hasNext()) {
+        QFile file(it.next());
+        QVERIFY(file.open(QFile::ReadOnly));
+        const QString source = QString::fromUtf8(file.readAll());
+        for (const QChar &character : source) {
+            const ushort code = character.unicode();
+            QVERIFY2(code < 0x2190 || code > 0x2bff,
+                     qPrintable(file.fileName() + ": " + character));
+        }
+        ++files;
+    }
+    QVERIFY(files > 50);
 }
 
 void tst_Gallery::everyPageLoadsAndIsRendered()

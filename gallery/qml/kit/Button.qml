@@ -9,6 +9,8 @@ Controls.AbstractButton {
     id: button
 
     property bool primary: false
+    // A drawn sign in place of the text, which then only names the button.
+    property string sign
 
     implicitWidth: Math.max(72, label.implicitWidth + 28)
     implicitHeight: 30
@@ -16,10 +18,15 @@ Controls.AbstractButton {
         id: label
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
-        text: button.text
+        text: button.sign === "" ? button.text : ""
         font.pixelSize: 13
         font.weight: button.primary ? Font.DemiBold : Font.Normal
         color: !button.enabled ? Theme.disabledText : button.primary ? Theme.accentContrast : Theme.text
+    }
+    Sign {
+        anchors.centerIn: parent
+        name: button.sign
+        size: 16
     }
     background: Rectangle {
         radius: 4

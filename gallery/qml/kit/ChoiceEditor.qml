@@ -36,12 +36,10 @@ PropertyRow {
             font: box.font
             color: box.enabled ? Theme.text : Theme.disabledText
         }
-        indicator: Label {
-            x: box.width - width - 9
-            y: (box.height - height) / 2 - 1
-            text: "▾"
-            color: Theme.softText
-            font.pixelSize: 12
+        indicator: Sign {
+            name: "chevron-down"
+            x: box.width - width - 8
+            y: (box.height - height) / 2
         }
         background: Rectangle {
             radius: 4

@@ -20,6 +20,6 @@ Rectangle {
         x: 14
         width: parent.width - 28
         anchors.verticalCenter: parent.verticalCenter
-        text: tile.document ? tile.document.name : ""
+        text: tile.document ? Theme.oneLine(tile.document.name) : ""
     }
 }

@@ -47,6 +47,9 @@ QtObject {
     readonly property int large: 18
     readonly property int huge: 30
 
+    // A name may have line breaks, which would have it drawn over what stands below.
+    function oneLine(name) { return name.replace(/[\r\n\u2028\u2029]+/g, " "); }
+
     function luminance(color) {
         const part = value => value <= 0.03928 ? value / 12.92 : Math.pow((value + 0.055) / 1.055, 2.4);
         return 0.2126 * part(color.r) + 0.7152 * part(color.g) + 0.0722 * part(color.b);

@@ -67,17 +67,15 @@ Demo {
             Row {
                 height: crumbs.height
                 spacing: 6
-                Label {
+                Sign {
+                    name: "chevron-right"
                     visible: index > 0
-                    height: parent.height
-                    verticalAlignment: Text.AlignVCenter
-                    text: "›"
-                    color: Theme.faintText
+                    y: (parent.height - height) / 2
                 }
                 Label {
                     height: parent.height
                     verticalAlignment: Text.AlignVCenter
-                    text: modelData ? modelData.name : "gone"
+                    text: modelData ? Theme.oneLine(modelData.name) : "gone"
                     color: index === demo.path.length - 1 ? Theme.text : Theme.accent
                     font.weight: index === demo.path.length - 1 ? Font.DemiBold : Font.Normal
                     MouseArea {
@@ -151,7 +149,7 @@ Demo {
                 x: 58
                 width: chip.x - x - 10
                 anchors.verticalCenter: parent.verticalCenter
-                text: entry.document ? entry.document.name : ""
+                text: entry.document ? Theme.oneLine(entry.document.name) : ""
             }
             Chip {
                 id: chip

@@ -30,10 +30,14 @@ Rectangle {
         Label {
             width: parent.width
             horizontalAlignment: Text.AlignHCenter
-            text: pad.received === "" ? "Drop here" : pad.received
-            color: Theme.faintText
+            text: refusal.over ? "Would not take this" : pad.received === "" ? "Drop here" : pad.received
+            color: refusal.over ? Theme.errorText : Theme.faintText
             elide: Text.ElideRight
         }
+    }
+    Refusal {
+        id: refusal
+        anchors.fill: parent
     }
     DropZone {
         id: zone
@@ -43,7 +47,7 @@ Rectangle {
             onEntered: pad.happened(type + ": entered")
             onExited: pad.happened(type + ": exited")
             onDropped: {
-                pad.received = Array.from(drag.source.dragDocuments).map(document => document.name).join(", ");
+                pad.received = Array.from(drag.source.dragDocuments).map(document => Theme.oneLine(document.name)).join(", ");
                 pad.happened(type + ": dropped");
             }
         }

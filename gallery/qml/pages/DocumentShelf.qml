@@ -26,7 +26,8 @@ ListView {
     clip: true
     interactive: false
     spacing: 4
-    model: Array.from(gallery.folder.children).slice(0, 8)
+    readonly property Samples samples: Samples { folder: gallery.folder }
+    model: samples.documents
     delegate: Rectangle {
         id: row
         readonly property Document document: modelData
@@ -47,15 +48,16 @@ ListView {
             x: 44
             width: chip.x - x - 8
             anchors.verticalCenter: parent.verticalCenter
-            text: row.document ? row.document.name : ""
+            text: row.document ? Theme.oneLine(row.document.name) : ""
         }
         Chip {
             id: chip
             anchors.right: parent.right
             anchors.rightMargin: 8
             anchors.verticalCenter: parent.verticalCenter
-            text: row.document && row.document.types.length > 0 ? row.document.types[0] : ""
-            tone: Theme.typeColor(text)
+            readonly property string type: row.document && row.document.types.length > 0 ? row.document.types[0] : ""
+            text: shelf.samples.isSample(row.document) ? type + ", sample" : type
+            tone: Theme.typeColor(type)
         }
         MouseArea {
             anchors.fill: parent

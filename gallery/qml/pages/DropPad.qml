@@ -79,6 +79,10 @@ Item {
         }
     }
 
+    Refusal {
+        id: refusal
+        anchors.fill: parent
+    }
     DropZone {
         id: zone
         anchors.fill: parent
@@ -111,19 +115,18 @@ Item {
             height: 44
             radius: 22
             color: Theme.accentSoft
-            Label {
+            Sign {
+                name: "arrow-down"
                 anchors.centerIn: parent
-                text: "↓"
-                color: Theme.accent
-                font.pixelSize: 22
-                font.family: "DejaVu Sans"
+                size: 22
             }
         }
         Label {
             width: parent.width
             topPadding: 6
             horizontalAlignment: Text.AlignHCenter
-            text: pad.over ? "A drag without files" : pad.invitation
+            text: pad.over ? "A drag without files" : refusal.over ? "Would not take this" : pad.invitation
+            color: refusal.over ? Theme.errorText : Theme.text
             font.pixelSize: 16
         }
         Label {
@@ -145,8 +148,9 @@ Item {
 
         Label {
             id: verb
-            text: pad.over ? "Would take " + pad.countOf(pad.shown) : "Got " + pad.countOf(pad.shown)
-            color: pad.over ? Theme.accentText : Theme.positiveText
+            text: refusal.over ? "Would not take this"
+                : pad.over ? "Would take " + pad.countOf(pad.shown) : "Got " + pad.countOf(pad.shown)
+            color: refusal.over ? Theme.errorText : pad.over ? Theme.accentText : Theme.positiveText
             font.weight: Font.DemiBold
         }
         Label {

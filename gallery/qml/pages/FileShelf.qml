@@ -13,31 +13,20 @@ Section {
     property Flickable page
     readonly property real stuck: page ? Math.max(0, page.contentY + 12 - parent.y - y) : 0
     // A tile that is being dragged has to stay, whatever becomes of its file.
-    readonly property var present: filesOf(gallery.folder)
+    readonly property var present: samples.documents.map(document => document.url)
+    readonly property Samples samples: Samples { folder: gallery.folder }
     property var files: []
     onPresentChanged: if (!dragging) files = present
     onDraggingChanged: if (!dragging) files = present
     property bool dragging: false
-
-    function filesOf(folder) {
-        const files = [];
-        for (let i = 0; i < folder.children.length && files.length < 7; ++i) {
-            const document = folder.children[i];
-            if (!document.hasType("folder"))
-                files.push(document.url);
-        }
-        return files;
-    }
 
     z: 1
     transform: Translate { y: shelf.stuck }
     border.color: stuck > 0 ? Theme.focus : Theme.line
 
     title: "Files to drag"
-    hint: files.length > 0
-          ? "From the opened folder. Drag one, or all of them by the card at the end, into a zone below. Or "
-            + "drag files in from your file manager."
-          : "The opened folder has no files: drag some in from your file manager."
+    hint: "Some of each type, from the opened folder or, where it has none, samples. Drag one, or all of them by the "
+          + "card at the end, into a zone below. Or drag files in from your file manager."
 
     Flow {
         width: parent.width
@@ -50,6 +39,7 @@ Section {
                 id: card
                 readonly property bool all: index === shelf.files.length
                 readonly property var urls: all ? shelf.files : [modelData]
+                property bool dragged: false
                 width: 92
                 height: 92
 
@@ -57,14 +47,14 @@ Section {
                     anchors.fill: parent
                     visible: !card.all
                     url: card.all ? "" : modelData
-                    opacity: mouse.pressed ? 0.5 : 1
+                    opacity: card.dragged ? 0.5 : 1
                 }
                 Rectangle {
                     visible: card.all
                     width: parent.width
                     height: parent.height - 22
                     radius: 5
-                    color: mouse.pressed ? Theme.accentSoft : Theme.panel
+                    color: card.dragged ? Theme.accentSoft : Theme.panel
                     border.color: Theme.accent
                     Label {
                         anchors.centerIn: parent
@@ -79,8 +69,9 @@ Section {
                     Drag.dragType: Drag.Automatic
                     Drag.supportedActions: Qt.CopyAction
                     Drag.mimeData: ({ "text/uri-list": card.urls.map(url => url.toString()).join("\r\n") })
-                    Drag.onDragStarted: shelf.dragging = true
-                    Drag.onDragFinished: shelf.dragging = false
+                    // Not the mouse area's word for it: a drag that is cancelled leaves it pressed.
+                    Drag.onDragStarted: shelf.dragging = card.dragged = true
+                    Drag.onDragFinished: shelf.dragging = card.dragged = false
                 }
                 MouseArea {
                     id: mouse

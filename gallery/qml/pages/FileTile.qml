@@ -71,7 +71,7 @@ Item {
         anchors.bottom: parent.bottom
         width: parent.width
         horizontalAlignment: Text.AlignHCenter
-        text: tile.name
+        text: Theme.oneLine(tile.name)
         color: Theme.softText
         font.pixelSize: Theme.small
         elide: Text.ElideMiddle

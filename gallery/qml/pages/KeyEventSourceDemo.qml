@@ -50,9 +50,9 @@ Demo {
             Row {
                 anchors.horizontalCenter: parent.horizontalCenter
                 spacing: 6
-                Button { width: 74; height: 34; focusPolicy: Qt.NoFocus; text: "←"; onClicked: demo.type(Qt.Key_Left, "") }
+                Button { width: 74; height: 34; focusPolicy: Qt.NoFocus; text: "Left"; sign: "arrow-left"; onClicked: demo.type(Qt.Key_Left, "") }
                 Button { width: 154; height: 34; focusPolicy: Qt.NoFocus; text: "Space"; onClicked: demo.type(Qt.Key_Space, " ") }
-                Button { width: 74; height: 34; focusPolicy: Qt.NoFocus; text: "⌫"; onClicked: demo.type(Qt.Key_Backspace, "") }
+                Button { width: 74; height: 34; focusPolicy: Qt.NoFocus; text: "Backspace"; sign: "backspace"; onClicked: demo.type(Qt.Key_Backspace, "") }
             }
         }
     }

@@ -62,14 +62,9 @@ Demo {
             verticalAlignment: Text.AlignVCenter
             text: demo.season
         }
-        Label {
-            anchors.right: parent.right
-            anchors.rightMargin: 12
-            height: parent.height
-            verticalAlignment: Text.AlignVCenter
-            text: "▾"
-            color: Theme.softText
-            font.pixelSize: 12
+        Sign {
+            name: "chevron-down"
+            anchors { right: parent.right; rightMargin: 10; verticalCenter: parent.verticalCenter }
         }
         activeFocusOnTab: true
         Keys.onSpacePressed: demo.openList()

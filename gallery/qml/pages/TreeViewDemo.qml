@@ -215,7 +215,7 @@ Demo {
                             anchors { left: thumbnail.right; leftMargin: 8; right: parent.right; rightMargin: 16 }
                             anchors.verticalCenter: parent.verticalCenter
                             visible: !rowContent.edited
-                            text: !document ? "" : readable ? document.name : document.name + "  –  cannot be read"
+                            text: !document ? "" : Theme.oneLine(document.name) + (readable ? "" : "  –  cannot be read")
                             color: readable ? Theme.text : Theme.errorText
                         }
                         // One row at most has the field: a row costs what it shows.
