@@ -14,9 +14,12 @@ public:
     }
 
     void setHovered(bool value);
+    void leaveLater();
 
     HoverArea *const q;
     bool hovered = false;
+    /// A queued call is to end the hovering, unless the pointer enters before it comes.
+    bool leaving = false;
 };
 
 void HoverArea::Private::setHovered(bool value)
@@ -26,6 +29,25 @@ void HoverArea::Private::setHovered(bool value)
     }
     hovered = value;
     Q_EMIT q->hoveredChanged(value);
+}
+
+/// The item tree is still changing: whoever hears of the leaving could do harm to it, or destroy
+/// the area under its hands.
+void HoverArea::Private::leaveLater()
+{
+    if (leaving) {
+        return;
+    }
+    leaving = true;
+    QMetaObject::invokeMethod(
+        q,
+        [this] {
+            if (leaving) {
+                leaving = false;
+                setHovered(false);
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 HoverArea::HoverArea(QQuickItem *parent)
@@ -48,13 +70,24 @@ bool HoverArea::isHovered() const
 void HoverArea::hoverEnterEvent(QHoverEvent *event)
 {
     Q_UNUSED(event)
+    d->leaving = false;
     d->setHovered(true);
 }
 
 void HoverArea::hoverLeaveEvent(QHoverEvent *event)
 {
     Q_UNUSED(event)
+    d->leaving = false;
     d->setHovered(false);
+}
+
+/// A window forgets an item that goes, and does not tell it that the pointer has left.
+void HoverArea::itemChange(ItemChange change, const ItemChangeData &value)
+{
+    if (change == ItemSceneChange && d->hovered) {
+        d->leaveLater();
+    }
+    QQuickItem::itemChange(change, value);
 }
 
 } // namespace om::controls

@@ -31,6 +31,7 @@ Q_SIGNALS:
 protected:
     void hoverEnterEvent(QHoverEvent *event) override;
     void hoverLeaveEvent(QHoverEvent *event) override;
+    void itemChange(ItemChange change, const ItemChangeData &value) override;
 
 private:
     class Private;

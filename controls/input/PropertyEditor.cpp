@@ -85,7 +85,12 @@ void PropertyEditor::Private::keyPressed(const QKeyEvent *event)
 
 void PropertyEditor::Private::mousePressed(const QMouseEvent *event)
 {
-    if (editing && !q->contains(q->mapFromScene(event->windowPos()))) {
+    if (!editing) {
+        return;
+    }
+    // The editor's shape is the application's code, which may destroy the editor.
+    const QPointer<PropertyEditor> self(q);
+    if (!q->contains(q->mapFromScene(event->windowPos())) && self) {
         q->setFocus(false);
     }
 }

@@ -105,6 +105,9 @@ private Q_SLOTS:
     void hiddenUnderARestingPointer();
     void disabledUnderARestingPointer();
     void movedUnderARestingPointer();
+    void leavesWithItsWindow_data();
+    void leavesWithItsWindow();
+    void enteredAgainBeforeItHasLeft();
     void destroyedUnderARestingPointer();
     void destroyedInItsOwnSignal_data();
     void destroyedInItsOwnSignal();
@@ -238,6 +241,63 @@ void TestHoverArea::movedUnderARestingPointer()
     QVERIFY(scene.area->isHovered());
 }
 
+void TestHoverArea::leavesWithItsWindow_data()
+{
+    QTest::addColumn<bool>("toAnother");
+    QTest::addColumn<bool>("deleted");
+    QTest::newRow("into another window") << true << false;
+    QTest::newRow("out of its window") << false << false;
+    QTest::newRow("into another window, deleted for it") << true << true;
+    QTest::newRow("out of its window, deleted for it") << false << true;
+}
+
+/// A window forgets an item that goes without telling it that the pointer has left.
+void TestHoverArea::leavesWithItsWindow()
+{
+    QFETCH(bool, toAnother);
+    QFETCH(bool, deleted);
+    Scene scene;
+    QQuickWindow other;
+    QVERIFY(scene.show());
+    scene.move(outside);
+    scene.changes.clear();
+    scene.move(inside);
+    if (deleted) {
+        connect(scene.area, &HoverArea::hoveredChanged, this,
+                [&scene] { delete scene.area.data(); });
+    }
+    scene.area->setParentItem(toAnother ? other.contentItem() : nullptr);
+    QTRY_COMPARE(scene.changes, QList<bool>({true, false}));
+    if (deleted) {
+        QVERIFY(!scene.area);
+        return;
+    }
+    QVERIFY(!scene.area->isHovered());
+    // Back again, it is told of the pointer as before.
+    scene.area->setParentItem(scene.window.contentItem());
+    scene.move(inside + QPoint(1, 0));
+    QCOMPARE(scene.changes, QList<bool>({true, false, true}));
+}
+
+/// There and back within one turn of the event loop, with the pointer over it in the end.
+void TestHoverArea::enteredAgainBeforeItHasLeft()
+{
+    Scene scene;
+    QQuickWindow other;
+    QVERIFY(scene.show());
+    scene.move(outside);
+    scene.changes.clear();
+    scene.move(inside);
+    scene.area->setParentItem(other.contentItem());
+    scene.area->setParentItem(scene.window.contentItem());
+    scene.move(inside + QPoint(1, 0));
+    QCoreApplication::processEvents();
+    QVERIFY(scene.area->isHovered());
+    QCOMPARE(scene.changes, QList<bool>({true}));
+    scene.move(outside);
+    QCOMPARE(scene.changes, QList<bool>({true, false}));
+}
+
 void TestHoverArea::destroyedUnderARestingPointer()
 {
     Scene scene;
@@ -255,18 +315,27 @@ void TestHoverArea::destroyedUnderARestingPointer()
 void TestHoverArea::destroyedInItsOwnSignal_data()
 {
     QTest::addColumn<bool>("hovered");
-    QTest::newRow("on entering") << true;
-    QTest::newRow("on leaving") << false;
+    QTest::addColumn<bool>("atOnce");
+    QTest::newRow("on entering, at once") << true << true;
+    // Not at once on leaving: the window goes on with the item that it has told.
+    QTest::newRow("on entering, later") << true << false;
+    QTest::newRow("on leaving, later") << false << false;
 }
 
 void TestHoverArea::destroyedInItsOwnSignal()
 {
     QFETCH(bool, hovered);
+    QFETCH(bool, atOnce);
     Scene scene;
     QVERIFY(scene.show());
     scene.move(outside);
-    connect(scene.area, &HoverArea::hoveredChanged, this, [&scene, hovered](bool value) {
-        if (value == hovered) {
+    connect(scene.area, &HoverArea::hoveredChanged, this, [&scene, hovered, atOnce](bool value) {
+        if (value != hovered) {
+            return;
+        }
+        if (atOnce) {
+            delete scene.area.data();
+        } else {
             scene.area->deleteLater();
         }
     });

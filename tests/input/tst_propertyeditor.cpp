@@ -192,6 +192,7 @@ private Q_SLOTS:
     void movedToAnotherWindowWhileEditing();
     void windowDestroyedWhileEditing();
     void editorDestroyedWhileEditing();
+    void destroyedByItsShape();
     void destroyedInItsSignals_data();
     void destroyedInItsSignals();
     void lineHeight_data();
@@ -456,6 +457,31 @@ void TestPropertyEditor::editorDestroyedWhileEditing()
     scene.key(Qt::Key_Return);
     scene.press(outside);
     QCOMPARE(scene.take(), QStringList());
+    QCOMPARE(scene.pad->presses, 1);
+}
+
+/// The shape of an item is the application's code, too.
+void TestPropertyEditor::destroyedByItsShape()
+{
+    class Shape : public QQuickItem
+    {
+    public:
+        using QQuickItem::QQuickItem;
+        bool contains(const QPointF &) const override
+        {
+            delete editor.data();
+            return false;
+        }
+        QPointer<PropertyEditor> editor;
+    };
+    Scene scene;
+    QVERIFY(scene.edit());
+    Shape shape(scene.pad);
+    shape.editor = scene.editor;
+    static_cast<QObject *>(scene.editor)
+        ->setProperty("containmentMask", QVariant::fromValue<QObject *>(&shape));
+    scene.press(outside);
+    QVERIFY(!shape.editor);
     QCOMPARE(scene.pad->presses, 1);
 }
 
