@@ -104,10 +104,7 @@ void TestDialogItem::changesNotifyOnce()
 void TestDialogItem::typesAreFlags()
 {
     QmlView view;
-    view.load("DialogItem { id: root\n"
-              "type: (DialogItem.TypeWarning | DialogItem.TypeError)\n"
-              "property var values: [DialogItem.TypeNormal, DialogItem.TypeWarning,\n"
-              "DialogItem.TypeError, DialogItem.TypeOk] }");
+    view.loadFile(QStringLiteral("data/typesareflags.qml"));
     QCOMPARE(view.root()->property("type").toInt(), 3);
     QCOMPARE(evaluate(view.root(), QStringLiteral("values.join()")).toString(),
              QStringLiteral("0,1,2,4"));
@@ -387,10 +384,7 @@ void TestDialogItem::modalKeepsPressesAway()
 void TestDialogItem::takesTheFocus()
 {
     QmlView view;
-    view.load("Item { id: root; width: 200; height: 200\n"
-              "TextInput { objectName: 'below'; focus: true }\n"
-              "DialogItem { id: dialog; objectName: 'dialog'\n"
-              "TextInput { objectName: 'field'; focus: true } } }");
+    view.loadFile(QStringLiteral("data/takesthefocus.qml"));
     view.show();
     QTest::keyClick(view.window(), Qt::Key_A);
     evaluate(view.root(), QStringLiteral("dialog.show()"));
@@ -407,10 +401,7 @@ void TestDialogItem::takesTheFocus()
 void TestDialogItem::opensBeforeItHasMoved()
 {
     QmlView view;
-    view.load("Item { id: root; width: 200; height: 200\n"
-              "Item { objectName: 'place'\n"
-              "Item { objectName: 'neighbour' }\n"
-              "DialogItem { id: dialog; Component.onCompleted: show() } } }");
+    view.loadFile(QStringLiteral("data/opensbeforeithasmoved.qml"));
     // The neighbours of that moment are the ones that are disabled, and given back.
     QQuickItem *neighbour = view.item<>("neighbour");
     QVERIFY(!neighbour->isEnabled());

@@ -263,9 +263,7 @@ void TestDialogLifetime::destroyedByItsLoader()
     QFETCH(QString, signalName);
     QFETCH(QString, action);
     QmlView view;
-    view.load("Item { id: root; width: 200; height: 200; property Item dialog: loader.item\n"
-              "Item { objectName: 'sibling' }\n"
-              "Loader { id: loader; sourceComponent: DialogItem {} } }");
+    view.loadFile(QStringLiteral("data/destroyedbyitsloader.qml"));
     view.show();
     const QPointer<QQuickItem> dialog = view.root()->property("dialog").value<QQuickItem *>();
     QTRY_COMPARE(dialog->parentItem(), view.window()->contentItem());

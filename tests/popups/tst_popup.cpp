@@ -161,9 +161,7 @@ void TestPopup::movesToTheRootOnCompletion()
 void TestPopup::openedInQmlOpensAtCompletion()
 {
     QmlView view;
-    view.load("Item { property var log: []; width: 100; height: 100\n"
-              "Item { Popup { objectName: 'popup'; open: true; width: 50; height: 50\n"
-              "onOpenChanged: log.push(open); Component.onCompleted: log.push('done') } } }");
+    view.loadFile(QStringLiteral("data/openedinqmlopensatcompletion.qml"));
     QQuickItem *popup = view.item<>("popup");
     QCOMPARE(popup->property("open"), QVariant(true));
     QVERIFY(popup->isEnabled());
@@ -410,10 +408,7 @@ void TestPopup::animationFinishedBothWays()
 void TestPopup::aboveEverythingElse()
 {
     QmlView view;
-    view.load("Item { width: 100; height: 100\n"
-              "Popup { objectName: 'popup'; width: 100; height: 100\n"
-              "Rectangle { anchors.fill: parent; color: 'orange' } }\n"
-              "Rectangle { anchors.fill: parent; z: 65539; color: 'blue' } }");
+    view.loadFile(QStringLiteral("data/aboveeverythingelse.qml"));
     view.show();
     QQuickItem *popup = view.item<>("popup");
     popup->setProperty("open", true);

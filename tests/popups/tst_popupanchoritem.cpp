@@ -130,10 +130,7 @@ void TestPopupAnchorItem::initialStateComesBeforeTheBindings()
     QCOMPARE(popup->property("atFirst").toString(), QStringLiteral("true true true"));
 
     QmlView view;
-    view.load("Item { id: root; PopupAnchorItem { id: anchor; objectName: 'anchor'\n"
-              "Item { property var log: []\n"
-              "property bool first: { log.push(enabled, parent !== null, anchor.popupItem !== "
-              "null); return true } } } }");
+    view.loadFile(QStringLiteral("data/initialstatecomesbeforethebindings.qml"));
     QQuickItem *anchor = view.item<>("anchor");
     QMetaObject::invokeMethod(anchor, "show");
     auto *made = anchor->property("popupItem").value<QQuickItem *>();
@@ -259,9 +256,7 @@ void TestPopupAnchorItem::shownBeforeTheWindow()
 void TestPopupAnchorItem::shownInQml()
 {
     QmlView view;
-    view.load("Item { width: 300; height: 200\n"
-              "PopupAnchorItem { objectName: 'anchor'; popupVisible: true; x: 20; y: 30\n"
-              "Rectangle { width: 50; height: 50; color: 'orange' } } }");
+    view.loadFile(QStringLiteral("data/showninqml.qml"));
     QQuickItem *anchor = view.item<>("anchor");
     auto *popup = anchor->property("popupItem").value<QQuickItem *>();
     QVERIFY(popup);

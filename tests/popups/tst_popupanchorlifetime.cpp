@@ -471,11 +471,7 @@ void TestPopupAnchorLifetime::deletedByTheShapeOfItsPopup()
 void TestPopupAnchorLifetime::destroyedByItsLoader()
 {
     QmlView view;
-    view.load("Item { id: root; width: 300; height: 300; property int pressedBelow: 0\n"
-              "MouseArea { anchors.fill: parent; onPressed: ++root.pressedBelow }\n"
-              "Loader { id: loader; sourceComponent: PopupAnchorItem {\n"
-              "onPopupVisibleChanged: if (!popupVisible) loader.active = false\n"
-              "Rectangle { width: 20; height: 20 } } } }");
+    view.loadFile(QStringLiteral("data/anchordestroyedbyitsloader.qml"));
     view.show();
     const QPointer<QQuickItem> anchor =
         evaluate(view.root(), QStringLiteral("loader.item")).value<QQuickItem *>();

@@ -112,11 +112,7 @@ void TestPopupInput::pressInThePopupPasses()
 void TestPopupInput::onlyTheShapeCounts()
 {
     QmlView view;
-    view.load("Item { id: root; width: 300; height: 300\n"
-              "Item { id: half; width: 20; height: 100 }\n"
-              "Item { id: target; x: 150; width: 100; height: 100; containmentMask: half }\n"
-              "Popup { id: popup; objectName: 'popup'; width: 100; height: 100\n"
-              "attachedItem: root } }");
+    view.loadFile(QStringLiteral("data/onlytheshapecounts.qml"));
     view.show();
     QQuickItem *popup = view.item<>("popup");
     popup->setProperty("containmentMask",
@@ -142,9 +138,7 @@ void TestPopupInput::onlyTheShapeCounts()
 void TestPopupInput::escapeIsConsumed()
 {
     QmlView view;
-    view.load("Item { id: root; property int escapes: 0; width: 100; height: 100; focus: true\n"
-              "Keys.onEscapePressed: ++escapes\n"
-              "Popup { id: popup; objectName: 'popup'; width: 50; height: 50 } }");
+    view.loadFile(QStringLiteral("data/escapeisconsumed.qml"));
     view.show();
     QQuickItem *popup = view.item<>("popup");
     SignalRecorder recorder;
@@ -196,9 +190,7 @@ void TestPopupInput::persistentIgnoresAll()
 void TestPopupInput::theLastOpenedIsAskedFirst()
 {
     QmlView view;
-    view.load("Item { id: root; property var log: []; width: 200; height: 200\n"
-              "Popup { id: first; objectName: 'first'; onRejected: log.push('first') }\n"
-              "Popup { id: second; objectName: 'second'; onRejected: log.push('second') } }");
+    view.loadFile(QStringLiteral("data/thelastopenedisaskedfirst.qml"));
     view.show();
     evaluate(view.root(), QStringLiteral("second.show(); first.show()"));
     QTest::keyClick(view.window(), Qt::Key_Escape);

@@ -201,9 +201,7 @@ void TestPopupLifetime::destroyedInsideItsEventFilter()
     QFETCH(bool, byKey);
     QFETCH(bool, atOnce);
     QmlView view;
-    view.load("Item { id: root; width: 400; height: 300; property int pressedBelow: 0\n"
-              "property Component maker: Popup { width: 40; height: 40 }\n"
-              "MouseArea { anchors.fill: parent; onPressed: ++root.pressedBelow } }");
+    view.loadFile(QStringLiteral("data/destroyedinsideitseventfilter.qml"));
     view.show();
     const QPointer<QQuickItem> popup =
         evaluate(view.root(), QStringLiteral("maker.createObject(root)")).value<QQuickItem *>();
@@ -247,10 +245,7 @@ void TestPopupLifetime::destroyedInsideASignal()
     QFETCH(QString, signalName);
     QFETCH(QString, action);
     QmlView view;
-    view.load("Item { id: root; width: 400; height: 300; property Item popup\n"
-              "property int pressedBelow: 0\n"
-              "property Component maker: Popup { width: 40; height: 40 }\n"
-              "MouseArea { anchors.fill: parent; onPressed: ++root.pressedBelow } }");
+    view.loadFile(QStringLiteral("data/destroyedinsideasignal.qml"));
     view.show();
     evaluate(view.root(),
              QStringLiteral("popup = maker.createObject(root); popup.%1.connect(function() { "
@@ -274,10 +269,7 @@ void TestPopupLifetime::destroyedByItsLoader()
     QFETCH(QString, signalName);
     QFETCH(QString, action);
     QmlView view;
-    view.load("Item { id: root; width: 400; height: 300; property Item popup: loader.item\n"
-              "property int pressedBelow: 0\n"
-              "MouseArea { anchors.fill: parent; onPressed: ++root.pressedBelow }\n"
-              "Loader { id: loader; sourceComponent: Popup { width: 40; height: 40 } } }");
+    view.loadFile(QStringLiteral("data/popupdestroyedbyitsloader.qml"));
     view.show();
     evaluate(
         view.root(),
@@ -406,9 +398,7 @@ void TestPopupLifetime::readWhileItGoes()
 void TestPopupLifetime::showInOnRejected()
 {
     QmlView view;
-    view.load("Item { id: root; width: 400; height: 300; property int rejections: 0\n"
-              "Popup { id: popup; objectName: 'popup'; width: 40; height: 40\n"
-              "onRejected: { if (++root.rejections < 3) popup.show() } } }");
+    view.loadFile(QStringLiteral("data/showinonrejected.qml"));
     view.show();
     QQuickItem *popup = view.item<>("popup");
     popup->setProperty("open", true);

@@ -190,11 +190,7 @@ void TestPopupPosition::movingTargetCostsTwoFramesAMove()
 void TestPopupPosition::attachedItemDestroyedWhileOpen()
 {
     QmlView view;
-    view.load("Item { id: root; width: 300; height: 300; property Item target\n"
-              "property Component maker: Item { x: 50; y: 50; width: 50; height: 50 }\n"
-              "Component.onCompleted: target = maker.createObject(root)\n"
-              "Popup { id: popup; objectName: 'popup'; width: 40; height: 40\n"
-              "attachedItem: root.target } }");
+    view.loadFile(QStringLiteral("data/attacheditemdestroyedwhileopen.qml"));
     view.show();
     QQuickItem *popup = view.item<>("popup");
     popup->setProperty("attachedItem", view.root()->property("target"));
@@ -215,10 +211,7 @@ void TestPopupPosition::attachedItemDestroyedWhileOpen()
 void TestPopupPosition::attachedItemInsideThePopup()
 {
     QmlView view;
-    view.load("Item { id: root; width: 300; height: 300\n"
-              "Popup { id: popup; objectName: 'popup'; width: 40; height: 40\n"
-              "offset: Qt.point(3, 3); attachedItem: inner\n"
-              "Item { id: inner; x: 60; width: 20; height: 20 } } }");
+    view.loadFile(QStringLiteral("data/attachediteminsidethepopup.qml"));
     view.show();
     QQuickItem *popup = view.item<>("popup");
     popup->setPosition(QPointF(30, 40));

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.12
+import ombrel.Controls 1.0
+
+Item {
+    id: root
+
+    width: 200
+    height: 200
+
+    TextInput {
+        objectName: "below"
+        focus: true
+    }
+
+    DialogItem {
+        id: dialog
+
+        objectName: "dialog"
+
+        TextInput {
+            objectName: "field"
+            focus: true
+        }
+    }
+}
