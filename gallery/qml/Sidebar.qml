@@ -127,7 +127,7 @@ Rectangle {
                             radius: Theme.radius
                             color: entry.current ? Theme.accentSoft
                                  : entry.hovered ? Theme.window : "transparent"
-                            border.width: entry.current && list.activeFocus ? 1 : 0
+                            border.width: entry.current && list.activeFocus ? 2 : 0
                             border.color: Theme.focus
                         }
                     }

@@ -19,7 +19,7 @@ Rectangle {
         id: label
         anchors.centerIn: parent
         text: chip.text
-        color: Qt.darker(chip.tone, 1.45)
+        color: Theme.textOnTone(chip.tone)
         font.pixelSize: Theme.small
     }
 }

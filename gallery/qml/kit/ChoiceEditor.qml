@@ -44,6 +44,7 @@ PropertyRow {
         background: Rectangle {
             radius: 4
             color: Theme.panel
+            border.width: box.activeFocus ? 2 : 1
             border.color: box.activeFocus ? Theme.focus : box.hovered ? Theme.strongLine : Theme.line
         }
         delegate: Controls.ItemDelegate {

@@ -29,14 +29,14 @@ Controls.TextField {
     selectByMouse: true
     color: enabled ? Theme.text : Theme.disabledText
     placeholderTextColor: Theme.faintText
-    selectionColor: Theme.positive
+    selectionColor: Theme.accent
     selectedTextColor: Theme.accentContrast
     font.family: Theme.family
     font.pixelSize: 13
     background: Rectangle {
         radius: 4
         color: field.enabled ? Theme.panel : Theme.sunken
-        border.width: 1
+        border.width: field.activeFocus || !field.valid ? 2 : 1
         border.color: !field.valid ? Theme.error
                     : field.activeFocus ? Theme.focus
                     : field.hovered ? Theme.strongLine : Theme.line

@@ -13,28 +13,29 @@ QtObject {
     readonly property color line: "#EAE8E2"
     readonly property color strongLine: "#D8D7D1"
 
-    readonly property color scrollThumb: "#BDBCB5"
+    readonly property color scrollThumb: "#8B8A83"
 
     readonly property color text: "#222222"
-    readonly property color softText: "#666666"
-    readonly property color faintText: "#979790"
+    readonly property color softText: "#555555"
+    readonly property color faintText: "#696963"
     readonly property color disabledText: "#BBBBBB"
 
-    readonly property color accent: "#40A1BB"
-    readonly property color accentHover: "#6AB7CC"
-    readonly property color accentPress: "#70A9B8"
+    readonly property color accent: "#2F7D93"
+    readonly property color accentHover: "#286E82"
+    readonly property color accentPress: "#205A6B"
     readonly property color accentSoft: "#E7F1F4"
     readonly property color accentText: "#2C6F81"
     readonly property color accentContrast: "#FFFFFF"
-    readonly property color positive: "#90C695"
+    readonly property color positive: "#4F9257"
     readonly property color positiveSoft: "#E9F4EA"
-    readonly property color positiveText: "#5E9A64"
+    readonly property color positiveText: "#3B7442"
     readonly property color warning: "#ECD284"
     readonly property color warningSoft: "#FBF6E4"
-    readonly property color error: "#D98C6A"
-    readonly property color errorText: "#A5583A"
-    readonly property color off: "#D7D7D7"
-    readonly property color focus: "#8BC7D8"
+    readonly property color error: "#C8643C"
+    readonly property color errorSoft: "#F4E6DF"
+    readonly property color errorText: "#9A4A2C"
+    readonly property color off: "#86857E"
+    readonly property color focus: "#2A8098"
 
     readonly property int radius: 6
     readonly property int gap: 8
@@ -47,10 +48,15 @@ QtObject {
     readonly property int large: 18
     readonly property int huge: 30
 
+    // For a text on a light tone of a colour.
+    function textOnTone(tone) { return Qt.darker(tone, 2.1); }
+
     // A name may have line breaks, which would have it drawn over what stands below.
     function oneLine(name) { return name.replace(/[\r\n\u2028\u2029]+/g, " "); }
 
-    function luminance(color) {
+    function luminance(colour) {
+        // A name or a number of a colour has no parts.
+        const color = Qt.lighter(colour, 1);
         const part = value => value <= 0.03928 ? value / 12.92 : Math.pow((value + 0.055) / 1.055, 2.4);
         return 0.2126 * part(color.r) + 0.7152 * part(color.g) + 0.0722 * part(color.b);
     }

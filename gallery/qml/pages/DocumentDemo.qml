@@ -76,7 +76,7 @@ Demo {
                     height: parent.height
                     verticalAlignment: Text.AlignVCenter
                     text: modelData ? Theme.oneLine(modelData.name) : "gone"
-                    color: index === demo.path.length - 1 ? Theme.text : Theme.accent
+                    color: index === demo.path.length - 1 ? Theme.text : Theme.accentText
                     font.weight: index === demo.path.length - 1 ? Font.DemiBold : Font.Normal
                     MouseArea {
                         anchors.fill: parent

@@ -157,7 +157,7 @@ Item {
             anchors.right: parent.right
             visible: !pad.over
             text: "Clear"
-            color: mouse.containsMouse ? Theme.accent : Theme.faintText
+            color: mouse.containsMouse ? Theme.accentText : Theme.faintText
             font.pixelSize: 13
             MouseArea {
                 id: mouse

@@ -49,7 +49,7 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             visible: !tile.pictured
             text: tile.problem !== "" ? tile.problem : tile.suffix.length > 0 ? tile.suffix : "file"
-            color: tile.problem !== "" ? tile.tone : Qt.darker(tile.tone, 1.35)
+            color: tile.problem !== "" ? tile.tone : Theme.textOnTone(tile.tone)
             wrapMode: Text.WordWrap
             maximumLineCount: 3
             font.pixelSize: tile.problem !== "" ? Theme.small : 17

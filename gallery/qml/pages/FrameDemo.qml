@@ -38,8 +38,8 @@ Demo {
             Rectangle {
                 anchors.fill: parent
                 gradient: Gradient {
-                    GradientStop { position: 0; color: Theme.accentHover }
-                    GradientStop { position: 1; color: Theme.positive }
+                    GradientStop { position: 0; color: Theme.accent }
+                    GradientStop { position: 1; color: Theme.accentPress }
                 }
             }
             Label { anchors.centerIn: parent; text: "Drag me"; color: Theme.accentContrast; font.weight: Font.DemiBold }

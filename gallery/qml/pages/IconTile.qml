@@ -4,7 +4,7 @@
 import QtQuick 2.12
 import "../kit"
 
-// One picture of the library: at its real size on three grounds, and enlarged.
+// One picture of the library at its real size, and enlarged, on a ground of the kind that it is made for.
 Item {
     id: tile
 
@@ -15,24 +15,22 @@ Item {
     width: 158
     height: 150
 
-    Row {
-        Repeater {
-            model: [Theme.panel, Theme.text, Theme.accent]
-            Rectangle {
-                width: tile.width / 3
-                height: 48
-                color: modelData
-                border { width: 1; color: Theme.line }
-                clip: true
-                Image { anchors.centerIn: parent; source: tile.picture }
-            }
-        }
+    // White pictures are for dark grounds; their names say so.
+    readonly property bool onDark: file.includes("-w.")
+
+    Rectangle {
+        width: parent.width
+        height: 49
+        color: tile.onDark ? Theme.text : Theme.panel
+        border { width: 1; color: Theme.line }
+        clip: true
+        Image { anchors.centerIn: parent; source: tile.picture }
     }
     Rectangle {
         y: 48
         width: parent.width
         height: 80
-        color: Theme.window
+        color: tile.onDark ? Theme.text : Theme.window
         border { width: 1; color: Theme.line }
         Image {
             id: natural

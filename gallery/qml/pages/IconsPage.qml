@@ -8,8 +8,8 @@ import "../kit"
 Page {
     id: page
     title: "Images and icons"
-    summary: "What the library carries under qrc:/controls/, each at its real size on light, dark and colour, "
-             + "and enlarged."
+    summary: "What the library carries under qrc:/controls/, each at its real size, and enlarged, on a ground of "
+             + "the kind that it is made for."
 
     readonly property var images: ["collapse-indicator.svg", "dialog-shadow.png", "dropdown-indicator.png",
                                    "flyout-peak.png"]

@@ -74,7 +74,8 @@ Demo {
                     clip: true
                     selectByMouse: true
                     color: Theme.text
-                    selectionColor: Theme.positive
+                    selectionColor: Theme.accent
+                    selectedTextColor: Theme.accentContrast
                     font.family: Theme.family
                     font.pixelSize: Theme.normal
                 }

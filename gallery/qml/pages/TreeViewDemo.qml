@@ -237,7 +237,7 @@ Demo {
                     }
                     backgroundDelegate: Rectangle {
                         color: TreeView.isActiveItem ? Theme.accentSoft : "transparent"
-                        border.width: TreeView.isActiveItem && tree.activeFocus ? 1 : 0
+                        border.width: TreeView.isActiveItem && tree.activeFocus ? 2 : 0
                         border.color: Theme.focus
                         // A row lets presses through, and the page below would take the focus and the drag.
                         MouseArea { anchors.fill: parent }

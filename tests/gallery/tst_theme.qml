@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.12
+import QtTest 1.12
+import "../../gallery/qml/kit"
+
+// Every text can be told from its ground, and every sign of focus and state from what it stands on.
+TestCase {
+    name: "Theme"
+
+    function test_luminance() {
+        compare(Theme.contrast("#000000", "#FFFFFF"), 21);
+        compare(Theme.contrast("#FFFFFF", "#000000"), 21);
+        compare(Theme.contrast("#40A1BB", "#40A1BB"), 1);
+        // A well known pair: the lightest grey that is readable on white.
+        verify(Math.abs(Theme.contrast("#767676", "#FFFFFF") - 4.54) < 0.01);
+    }
+
+    function test_textOnGround_data() {
+        const rows = [];
+        const add = (text, ground) => rows.push({ tag: text + " on " + ground, text: Theme[text], ground: Theme[ground] });
+        for (const text of ["text", "softText", "faintText", "accentText", "errorText"]) {
+            for (const ground of ["window", "panel", "sunken"])
+                add(text, ground);
+        }
+        for (const ground of ["accentSoft", "positiveSoft", "warningSoft"]) {
+            add("text", ground);
+            add("softText", ground);
+        }
+        for (const pair of [["accentText", "accentSoft"], ["faintText", "accentSoft"], ["positiveText", "positiveSoft"],
+                            ["positiveText", "panel"], ["positiveText", "sunken"], ["errorText", "errorSoft"],
+                            ["accentContrast", "accent"], ["accentContrast", "accentHover"],
+                            ["accentContrast", "accentPress"], ["panel", "text"]])
+            add(pair[0], pair[1]);
+        return rows;
+    }
+    function test_textOnGround(row) {
+        const contrast = Theme.contrast(row.text, row.ground);
+        verify(contrast >= 4.5, contrast.toFixed(2) + " : 1");
+    }
+
+    // A type's name stands on a light tone of the type's colour.
+    function test_typesOnTheirTone_data() {
+        return ["folder", "image", "video", "text", "file"].map(type => ({ tag: type, tone: Qt.lighter(Theme.typeColor(type), 1) }));
+    }
+    function test_typesOnTheirTone(row) {
+        for (const ground of [Theme.panel, Theme.sunken, Theme.accentSoft]) {
+            const share = 0.16;
+            const mix = part => ground[part] * (1 - share) + row.tone[part] * share;
+            const contrast = Theme.contrast(Theme.textOnTone(row.tone), Qt.rgba(mix("r"), mix("g"), mix("b"), 1));
+            verify(contrast >= 4.5, contrast.toFixed(2) + " : 1");
+        }
+    }
+
+    function test_stateOnGround_data() {
+        const rows = [];
+        for (const state of ["focus", "positive", "off", "error", "accent", "scrollThumb"]) {
+            for (const ground of ["window", "panel", "sunken"])
+                rows.push({ tag: state + " on " + ground, state: Theme[state], ground: Theme[ground] });
+        }
+        return rows;
+    }
+    function test_stateOnGround(row) {
+        const contrast = Theme.contrast(row.state, row.ground);
+        verify(contrast >= 3, contrast.toFixed(2) + " : 1");
+    }
+}
