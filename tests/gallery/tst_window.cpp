@@ -34,6 +34,7 @@ private Q_SLOTS:
     void sidebarOpensPages();
     void sidebarTakesArrowKeys();
     void pageScrollsByWheel();
+    void wheelScrollsWhereverThePointerIs();
     void pageScrollsByKeys();
     void everythingIsInItsCard_data();
     void everythingIsInItsCard();
@@ -138,6 +139,18 @@ QStringList tst_Window::pageTitles() const
     return titles;
 }
 
+// Demos and sections: what has a title and a hint.
+static void collectCards(QQuickItem *item, QList<QQuickItem *> *cards)
+{
+    if (item->property("hint").isValid() && item->property("title").isValid()) {
+        cards->append(item);
+        return;
+    }
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *child : children)
+        collectCards(child, cards);
+}
+
 void tst_Window::sidebarHasEveryPage()
 {
     const QStringList titles = pageTitles();
@@ -199,6 +212,43 @@ void tst_Window::pageScrollsByWheel()
     QTRY_COMPARE(heading->mapToScene({}).y(), before);
 }
 
+void tst_Window::wheelScrollsWhereverThePointerIs()
+{
+    resize({820, 480});
+    const QVariantList pages = m_window->property("pages").toList();
+    for (const QVariant &entry : pages) {
+        const QString name = entry.toMap().value("name").toString();
+        m_window->setProperty("currentPage", name);
+        QVERIFY(!m_window->grabWindow().isNull());
+        QList<QQuickItem *> cards;
+        collectCards(m_window->contentItem(), &cards);
+        QQuickItem *page = cards.first();
+        while (!page->property("summary").isValid())
+            page = page->parentItem();
+        const qreal last = page->property("contentHeight").toReal() - page->height();
+        QVERIFY2(last > 0, qPrintable(name));
+        // Down the whole page with the pointer over all that comes by. What scrolls by itself takes
+        // its share first.
+        for (const int x : {300, 500, 700}) {
+            page->setProperty("contentY", 0);
+            for (int i = 0; i < 200 && page->property("contentY").toReal() < last; ++i) {
+                const QPointF position(x, 240);
+                QWheelEvent event(position, m_window->mapToGlobal(position.toPoint()), {},
+                                  {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                                  false);
+                QCoreApplication::sendEvent(m_window, &event);
+                QCoreApplication::processEvents();
+            }
+            QVERIFY2(page->property("contentY").toReal() >= last - 1,
+                     qPrintable(QString("%1: stuck at %2 of %3, at x %4")
+                                    .arg(name)
+                                    .arg(page->property("contentY").toReal())
+                                    .arg(last)
+                                    .arg(x)));
+        }
+    }
+}
+
 void tst_Window::pageScrollsByKeys()
 {
     // A field keeps its keys; a click beside it gives them to the page.
@@ -213,18 +263,6 @@ void tst_Window::pageScrollsByKeys()
     QTRY_VERIFY(before - heading->mapToScene({}).y() > step);
     QTest::keyClick(m_window, Qt::Key_Home);
     QTRY_COMPARE(heading->mapToScene({}).y(), before);
-}
-
-// Demos and sections: what has a title and a hint.
-static void collectCards(QQuickItem *item, QList<QQuickItem *> *cards)
-{
-    if (item->property("hint").isValid() && item->property("title").isValid()) {
-        cards->append(item);
-        return;
-    }
-    const QList<QQuickItem *> children = item->childItems();
-    for (QQuickItem *child : children)
-        collectCards(child, cards);
 }
 
 // Texts and fields below `item` that leave `card`, with how far they do.
