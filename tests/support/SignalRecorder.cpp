@@ -4,6 +4,9 @@
 #include "tests/support/SignalRecorder.h"
 
 #include <QMetaMethod>
+#include <QMetaProperty>
+#include <QPointF>
+#include <QPointer>
 
 namespace support {
 
@@ -40,8 +43,74 @@ void SignalRecorder::watch(QObject *object, const QString &name, const QStringLi
     }
 }
 
+/// A value as an entry shows it.
+static QString shown(const QVariant &value)
+{
+    if (value.userType() == QMetaType::QPointF) {
+        const QPointF point = value.toPointF();
+        return QStringLiteral("(%1, %2)").arg(point.x()).arg(point.y());
+    }
+    if (auto *const object = value.value<QObject *>()) {
+        return object->objectName().isEmpty()
+            ? QString::fromLatin1(object->metaObject()->className())
+            : object->objectName();
+    }
+    return value.isValid() && !value.toString().isNull() ? value.toString()
+                                                         : QStringLiteral("null");
+}
+
+void SignalRecorder::follow(QObject *object, const QString &name, QStringList properties)
+{
+    const QMetaObject *const meta = object->metaObject();
+    if (properties.isEmpty()) {
+        for (int i = meta->propertyOffset(); i < meta->propertyCount(); ++i) {
+            properties.append(QString::fromLatin1(meta->property(i).name()));
+        }
+    }
+    const QPointer<QObject> guarded(object);
+    for (const QString &property : qAsConst(properties)) {
+        const QByteArray key = property.toLatin1();
+        if (meta->indexOfProperty(key) < 0) {
+            qFatal("SignalRecorder: %s has no property %s", qPrintable(name), key.constData());
+        }
+        follow(name + QLatin1Char('.') + property, [guarded, key]() -> QVariant {
+            return guarded ? guarded->property(key) : QStringLiteral("gone");
+        });
+    }
+}
+
+void SignalRecorder::follow(const QString &name, std::function<QVariant()> value)
+{
+    const QString now = shown(value());
+    m_followed.push_back({name, std::move(value), now});
+}
+
+void SignalRecorder::note(const QString &entry)
+{
+    noteChanges();
+    append(entry);
+}
+
+void SignalRecorder::noteChanges()
+{
+    for (Followed &followed : m_followed) {
+        const QString now = shown(followed.value());
+        if (now != followed.last) {
+            followed.last = now;
+            append(followed.name + QStringLiteral(" = ") + now);
+        }
+    }
+}
+
+void SignalRecorder::append(const QString &entry, const QVariantList &arguments)
+{
+    m_entries.append(entry);
+    m_arguments.append(QVariant(arguments));
+}
+
 QStringList SignalRecorder::take()
 {
+    noteChanges();
     m_arguments.clear();
     QStringList taken;
     taken.swap(m_entries);
@@ -70,8 +139,8 @@ int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void **arguments
     if (slot.probe) {
         entry += QStringLiteral(" [%1]").arg(slot.probe());
     }
-    m_entries.append(entry);
-    m_arguments.append(QVariant(values));
+    noteChanges();
+    append(entry, values);
     return -1;
 }
 

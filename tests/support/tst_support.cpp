@@ -30,6 +30,7 @@ private Q_SLOTS:
     void pixelErrorRejectsPointsOutside();
     void imageErrorRejectsSizeAndContent();
     void recorderKeepsOrderAndArguments();
+    void recorderSeesWritesBetweenSignals();
     void itemsAreFoundByTypePropertyAndText();
     void leftoversNameVisibleWindows();
     void leftoversNameObjects();
@@ -102,6 +103,39 @@ void TestSupport::recorderKeepsOrderAndArguments()
              (QStringList{QStringLiteral("second.widthChanged"),
                           QStringLiteral("first.objectNameChanged [named x]")}));
     QVERIFY(recorder.entries().isEmpty());
+}
+
+/// Two setters that do the same in another order make different records; what is written without a
+/// signal and what is written back are in them.
+void TestSupport::recorderSeesWritesBetweenSignals()
+{
+    const auto record = [](bool zFirst) {
+        QQuickItem item;
+        int secret = 0;
+        support::SignalRecorder recorder;
+        recorder.watch(&item, QStringLiteral("item"),
+                       {QStringLiteral("xChanged"), QStringLiteral("yChanged")});
+        recorder.follow(&item, QStringLiteral("item"),
+                        {QStringLiteral("x"), QStringLiteral("z"), QStringLiteral("parent")});
+        recorder.follow(QStringLiteral("secret"), [&secret] { return secret; });
+        if (zFirst) {
+            item.setZ(2);
+        }
+        item.setX(1);
+        if (!zFirst) {
+            item.setZ(2);
+        }
+        secret = 7;
+        item.setY(1);
+        secret = 0;
+        return recorder.take();
+    };
+    QCOMPARE(record(true).join(QStringLiteral(", ")),
+             QStringLiteral("item.x = 1, item.z = 2, item.xChanged, secret = 7, item.yChanged, "
+                            "secret = 0"));
+    QCOMPARE(record(false).join(QStringLiteral(", ")),
+             QStringLiteral("item.x = 1, item.xChanged, item.z = 2, secret = 7, item.yChanged, "
+                            "secret = 0"));
 }
 
 void TestSupport::itemsAreFoundByTypePropertyAndText()
