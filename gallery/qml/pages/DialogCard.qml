@@ -95,7 +95,7 @@ DialogItem {
             width: parent.width - 44
             implicitHeight: 32
             visible: dialog.isQuestion
-            focus: visible
+            focus: dialog.isQuestion
             font.pixelSize: 14
             text: "Draft " + dialog.level
         }
