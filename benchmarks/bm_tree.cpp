@@ -8,7 +8,10 @@
 
 #include <QAbstractListModel>
 #include <QCoreApplication>
+#include <QDir>
+#include <QFile>
 #include <QGuiApplication>
+#include <QProcess>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQmlListReference>
@@ -16,6 +19,8 @@
 #include <QQuickRenderControl>
 #include <QQuickWindow>
 #include <QStandardItemModel>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 
 #include <cstdio>
 #include <ctime>
@@ -23,6 +28,11 @@
 #include <memory>
 #include <string>
 #include <vector>
+
+#if __has_include(<valgrind/callgrind.h>)
+#include <valgrind/callgrind.h>
+#define HAS_CALLGRIND
+#endif
 
 using om::data::Document;
 
@@ -425,6 +435,137 @@ void measureVirtual(QQmlEngine &engine, Stage &stage, int count, Times *times)
     });
 }
 
+/// Runs \a body and has callgrind write what it took under \a name.
+void countInstructions(QQmlEngine &engine, const char *name, const std::function<void()> &body)
+{
+    engine.collectGarbage();
+    deleteNow();
+#ifdef HAS_CALLGRIND
+    CALLGRIND_START_INSTRUMENTATION;
+    CALLGRIND_ZERO_STATS;
+    body();
+    CALLGRIND_DUMP_STATS_AT(name);
+    CALLGRIND_STOP_INSTRUMENTATION;
+#else
+    Q_UNUSED(name)
+    body();
+#endif
+}
+
+const int countedRows = 400;
+const int countedRoots = 10000;
+
+/// What is counted when the benchmark runs itself under callgrind: making all rows again, shown and
+/// hidden, and the end of many roots. All warm.
+void runCounted(QQmlEngine &engine, Stage &stage)
+{
+    std::vector<RowModel::Row> rows;
+    const std::unique_ptr<Document> root = forest("flat", countedRows, &rows);
+    {
+        std::unique_ptr<QQuickItem> tree(create(engine, treeQml, stage.window.contentItem()));
+        QQmlListReference(tree.get(), "rootDocuments").append(root.get());
+        rebuildNow(tree.get());
+        const auto again = [&tree] {
+            deleteNow();
+            QMetaObject::invokeMethod(tree.get(), "rootDocumentsChanged");
+        };
+        again();
+        countInstructions(engine, "shown, ours", [&tree] { rebuildNow(tree.get()); });
+        QMetaObject::invokeMethod(tree.get(), "collapseIndex", Q_ARG(int, 0));
+        again();
+        countInstructions(engine, "hidden, ours", [&tree] { rebuildNow(tree.get()); });
+    }
+    {
+        RowModel model(rows);
+        std::unique_ptr<QQuickItem> column(create(engine, columnQml, stage.window.contentItem()));
+        const auto fill = [&column, &model] {
+            column->setProperty("rows", QVariant::fromValue<QObject *>(&model));
+            QMetaObject::invokeMethod(column.get(), "forceLayout");
+        };
+        const auto empty = [&column] {
+            column->setProperty("rows", QVariant());
+            deleteNow();
+        };
+        fill();
+        empty();
+        countInstructions(engine, "shown, theirs", fill);
+        empty();
+        column->setProperty("rootCollapsed", true);
+        countInstructions(engine, "hidden, theirs", fill);
+    }
+    for (const int count : {countedRoots, countedRoots / 10}) {
+        std::unique_ptr<QQuickItem> tree(create(engine, treeQml, stage.window.contentItem()));
+        std::vector<std::unique_ptr<Document>> roots;
+        for (int i = 0; i < count; ++i) {
+            roots.push_back(std::make_unique<Document>());
+            QQmlListReference(tree.get(), "rootDocuments").append(roots.back().get());
+        }
+        countInstructions(engine, count == countedRoots ? "roots, many" : "roots, few",
+                          [&roots] { roots.clear(); });
+    }
+}
+
+/// The totals in callgrind's files in \a folder, by the names given to countInstructions().
+std::map<std::string, double> readCounts(const QDir &folder)
+{
+    std::map<std::string, double> counts;
+    const QStringList files = folder.entryList({QStringLiteral("counts*")}, QDir::Files);
+    for (const QString &name : files) {
+        QFile file(folder.filePath(name));
+        if (!file.open(QIODevice::ReadOnly)) {
+            continue;
+        }
+        std::string section;
+        while (!file.atEnd()) {
+            const QByteArray line = file.readLine().trimmed();
+            const QByteArray trigger = "desc: Trigger: Client Request: ";
+            if (line.startsWith(trigger)) {
+                section = line.mid(trigger.size()).toStdString();
+            } else if (line.startsWith("totals: ") && !section.empty()) {
+                counts[section] = line.mid(8).toDouble();
+            }
+        }
+    }
+    return counts;
+}
+
+/// Times waver with whatever else the machine does; instructions do not.
+void printInstructions()
+{
+    const QString valgrind = QStandardPaths::findExecutable(QStringLiteral("valgrind"));
+#ifdef HAS_CALLGRIND
+    const bool compiled = true;
+#else
+    const bool compiled = false;
+#endif
+    if (valgrind.isEmpty() || !compiled) {
+        std::printf("No instructions counted: valgrind is missing\n");
+        return;
+    }
+    const QTemporaryDir folder;
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(valgrind,
+                  {QStringLiteral("-q"), QStringLiteral("--tool=callgrind"),
+                   QStringLiteral("--instr-atstart=no"),
+                   QStringLiteral("--callgrind-out-file=") + folder.filePath("counts"),
+                   QCoreApplication::applicationFilePath(), QStringLiteral("--counted")});
+    if (!process.waitForFinished(-1) || process.exitCode() != 0) {
+        std::printf("No instructions counted: valgrind failed\n");
+        return;
+    }
+    std::map<std::string, double> counts = readCounts(QDir(folder.path()));
+    const auto perRow = [&counts](const char *name) { return counts[name] / countedRows; };
+    benchmark::printRow("a shown row, beside a Repeater, instructions", 1.15, perRow("shown, ours"),
+                        perRow("shown, theirs"), "");
+    benchmark::printRow("a hidden row, beside a Repeater, instructions", 1.25,
+                        perRow("hidden, ours"), perRow("hidden, theirs"), "");
+    benchmark::printRow("a hidden row, beside a shown one, instructions", 1, perRow("hidden, ours"),
+                        perRow("shown, ours"), "");
+    benchmark::printRow("roots destroyed, 10,000 beside 1,000, instructions", 12,
+                        counts["roots, many"], counts["roots, few"], "");
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -434,6 +575,14 @@ int main(int argc, char **argv)
     engine.addImportPath(QStringLiteral(OMBREL_QML_IMPORT));
     Stage stage;
     stage.window.resize(640, 640);
+    if (application.arguments().contains(QStringLiteral("--counted"))) {
+        runCounted(engine, stage);
+        return 0;
+    }
+    printInstructions();
+    if (application.arguments().contains(QStringLiteral("--instructions"))) {
+        return 0;
+    }
     const auto tidy = [&engine] {
         engine.collectGarbage();
         deleteNow();

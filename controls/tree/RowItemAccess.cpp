@@ -29,6 +29,7 @@ struct RowItemAccess::Numbers
             Q_ASSERT(number >= 0);
             return number;
         };
+        awaitsEntry = property("awaitsEntry");
         childCount = property("childCount");
         treeParent = property("treeParent");
         predecessor = property("predecessor");
@@ -38,17 +39,22 @@ struct RowItemAccess::Numbers
         collapseMarker = property("marker");
         defaultHandle = property("defaultHandle");
         pressArea = property("press");
-        placeBackground = function("placeBackground()");
-        placeDelegate = function("placeDelegate()");
+        bindDelegateWidth = function("bindDelegateWidth()");
+        measureMarker = function("measureMarker()");
         layoutRequired =
             QQmlProperty(row, QStringLiteral("onLayoutRequired")).method().methodIndex();
         // Anchors and their lines are private types of Qt Quick.
         anchors = property("anchors");
         bottom = property("bottom");
         lineType = type->property(bottom).userType();
-        top = row->property("anchors").value<QObject *>()->metaObject()->indexOfProperty("top");
+        right = property("right");
+        const QMetaObject *anchorsType = row->property("anchors").value<QObject *>()->metaObject();
+        anchorTop = anchorsType->indexOfProperty("top");
+        anchorRight = anchorsType->indexOfProperty("right");
+        anchorFill = anchorsType->indexOfProperty("fill");
     }
 
+    int awaitsEntry;
     int childCount;
     int treeParent;
     int predecessor;
@@ -58,13 +64,17 @@ struct RowItemAccess::Numbers
     int collapseMarker;
     int defaultHandle;
     int pressArea;
-    int placeBackground;
-    int placeDelegate;
+    int bindDelegateWidth;
+    int measureMarker;
     int layoutRequired;
     int anchors;
     int bottom;
     int lineType;
-    int top; ///< Of the anchors.
+    int right;
+    // Of the anchors.
+    int anchorTop;
+    int anchorRight;
+    int anchorFill;
 };
 
 namespace {
@@ -123,8 +133,13 @@ bool RowItemAccess::fits(QQuickItem *item)
     }
     const QMetaObject *type = item->metaObject();
     const Numbers &numbers = Numbers::of(item);
-    return type->method(numbers.placeDelegate).name() == "placeDelegate"
+    return type->method(numbers.bindDelegateWidth).name() == "bindDelegateWidth"
         && qstrcmp(type->property(numbers.defaultHandle).name(), "defaultHandle") == 0;
+}
+
+void RowItemAccess::setAwaitsEntry(bool awaits)
+{
+    write(m_item, m_numbers.awaitsEntry, &awaits);
 }
 
 void RowItemAccess::setChildCount(int count)
@@ -151,17 +166,22 @@ void RowItemAccess::releaseTop()
 {
     void *nothing[] = {nullptr};
     QMetaObject::metacall(readObject(m_item, m_numbers.anchors), QMetaObject::ResetProperty,
-                          m_numbers.top, nothing);
+                          m_numbers.anchorTop, nothing);
 }
 
 void RowItemAccess::anchorTop()
 {
-    QObject *above = readObject(m_item, m_numbers.predecessor);
-    if (above) {
-        QVariant line(m_numbers.lineType, nullptr);
-        read(above, m_numbers.bottom, line.data());
-        write(readObject(m_item, m_numbers.anchors), m_numbers.top, line.data());
+    if (QObject *above = readObject(m_item, m_numbers.predecessor)) {
+        anchor(m_item, m_numbers.anchorTop, above, m_numbers.bottom);
     }
+}
+
+/// Sets the anchor line \a own of \a object to the line \a line of \a target.
+void RowItemAccess::anchor(QObject *object, int own, QObject *target, int line)
+{
+    QVariant value(m_numbers.lineType, nullptr);
+    read(target, line, value.data());
+    write(readObject(object, m_numbers.anchors), own, value.data());
 }
 
 void RowItemAccess::setBackgroundItem(QQuickItem *item)
@@ -198,6 +218,32 @@ QQuickItem *RowItemAccess::makeDefaultBranchHandle()
     return handle;
 }
 
+void RowItemAccess::followMarkerChildren(QQuickItem *handle)
+{
+    QQuickItem *marker = collapseMarker();
+    const auto measure = [row = m_item, marker] {
+        QObject::disconnect(marker, &QQuickItem::childrenChanged, row, nullptr);
+        // Read before it is bound: the first time, the rectangle is announced as it is read.
+        marker->childrenRect();
+        call(row, RowItemAccess(row).m_numbers.measureMarker);
+    };
+    if (marker->childItems().size() != (handle ? 1 : 0)) {
+        measure();
+        return;
+    }
+    QObject::connect(marker, &QQuickItem::childrenChanged, m_item, measure);
+    if (handle) {
+        const auto follow = [marker, handle] {
+            if (marker->childItems().size() == 1 && handle->parentItem() == marker) {
+                marker->setSize(handle->size());
+            }
+        };
+        follow();
+        QObject::connect(handle, &QQuickItem::widthChanged, marker, follow);
+        QObject::connect(handle, &QQuickItem::heightChanged, marker, follow);
+    }
+}
+
 void RowItemAccess::raisePressArea()
 {
     auto *area = qobject_cast<QQuickItem *>(readObject(m_item, m_numbers.pressArea));
@@ -207,14 +253,16 @@ void RowItemAccess::raisePressArea()
     }
 }
 
-void RowItemAccess::placeBackground()
+void RowItemAccess::placeBackground(QQuickItem *item)
 {
-    call(m_item, m_numbers.placeBackground);
+    item->setZ(-1);
+    writeObject(readObject(item, m_numbers.anchors), m_numbers.anchorFill, m_item);
 }
 
-void RowItemAccess::placeDelegate()
+void RowItemAccess::placeDelegate(QQuickItem *item)
 {
-    call(m_item, m_numbers.placeDelegate);
+    anchor(item, m_numbers.anchorRight, m_item, m_numbers.right);
+    call(m_item, m_numbers.bindDelegateWidth);
 }
 
 } // namespace om::controls

@@ -6,6 +6,7 @@
 #include <QtGlobal>
 
 QT_BEGIN_NAMESPACE
+class QObject;
 class QQuickItem;
 QT_END_NAMESPACE
 
@@ -26,6 +27,8 @@ public:
     /// Whether \a item is of the rows' file.
     static bool fits(QQuickItem *item);
 
+    /// Whether the row leaves it to the entry to populate it.
+    void setAwaitsEntry(bool awaits);
     void setChildCount(int count);
     void setTreeParent(QQuickItem *parentRow);
     void setPredecessor(QQuickItem *row);
@@ -45,15 +48,21 @@ public:
     /// Makes the handle of a view that has none of its own. As what delegates make, it belongs to
     /// the QML engine, and it goes with the marker.
     QQuickItem *makeDefaultBranchHandle();
+    /// Keeps the marker as large as the rectangle of its children, of which \a handle is the only
+    /// one to begin with; null when there is none.
+    void followMarkerChildren(QQuickItem *handle);
     /// Puts the press area above everything made so far: it sees each press first.
     void raisePressArea();
-    /// Has the background fill the row, and gives the delegate the place right of the marker. The
-    /// application's bindings follow: the row may be gone afterwards.
-    void placeBackground();
-    void placeDelegate();
+    /// Has the background \a item fill the row, below everything else. Here and in the next, the
+    /// application may answer by destroying the row.
+    void placeBackground(QQuickItem *item);
+    /// Gives the delegate \a item the place right of the marker.
+    void placeDelegate(QQuickItem *item);
 
 private:
     struct Numbers;
+
+    void anchor(QObject *object, int own, QObject *target, int line);
 
     QQuickItem *const m_item;
     const Numbers &m_numbers;

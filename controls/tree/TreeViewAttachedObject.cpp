@@ -18,9 +18,14 @@ TreeViewAttachedObject::TreeViewAttachedObject(TreeViewEntry *entry)
     , d(std::make_unique<Private>())
 {
     d->entry = entry;
-    connect(entry, &TreeViewEntry::collapsedChanged, this,
-            &TreeViewAttachedObject::collapsedItemChanged);
-    connect(entry, &TreeViewEntry::activeChanged, this, &TreeViewAttachedObject::activeItemChanged);
+    // By number, looked up once: there is one of these for each of thousands of rows.
+    const QMetaObject &from = TreeViewEntry::staticMetaObject;
+    static const int collapsed = from.indexOfSignal("collapsedChanged(bool)");
+    static const int collapsedItem = staticMetaObject.indexOfSignal("collapsedItemChanged(bool)");
+    static const int active = from.indexOfSignal("activeChanged(bool)");
+    static const int activeItem = staticMetaObject.indexOfSignal("activeItemChanged(bool)");
+    QMetaObject::connect(entry, collapsed, this, collapsedItem);
+    QMetaObject::connect(entry, active, this, activeItem);
 }
 
 TreeViewAttachedObject::~TreeViewAttachedObject() = default;

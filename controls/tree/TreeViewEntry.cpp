@@ -84,8 +84,6 @@ public:
     /// How many calls of moveItem() there are to come back to.
     int itemMoves = 0;
     TreeViewAttachedObject *attached = nullptr;
-    /// The item's own completion is running.
-    bool completing = false;
     /// The part that is being destroyed: what its end calls may destroy the entry with the view.
     QObject *ending = nullptr;
 };
@@ -184,19 +182,14 @@ void TreeViewEntry::createRow(QQuickItem *content, QQuickItem *treeParent)
         item->setParent(this);
         d->item = item;
         RowItemAccess row(item);
+        row.setAwaitsEntry(true);
         row.setChildCount(d->childCount);
         row.setTreeParent(treeParent);
         d->moveItem(content);
     });
-    d->completing = true;
     component->create(incubator, d->context);
-    if (!alive) {
-        return;
-    }
-    d->completing = false;
-    // Not from within the item's completion: a delegate may destroy the view, and the engine does
-    // not survive the end of an item inside the item's own handler.
-    if (d->item) {
+    if (alive && d->item) {
+        RowItemAccess(d->item).setAwaitsEntry(false);
         d->populate(d->item);
     }
 }
@@ -307,13 +300,14 @@ QQuickItem *TreeViewEntry::Private::createItem(int component, QQuickItem *place)
 
 void TreeViewEntry::populateRow(QQuickItem *row)
 {
-    // Its own row the entry populates once that is complete, see createRow().
-    if ((d->completing && row == d->item) || !RowItemAccess::fits(row)) {
+    if (!RowItemAccess::fits(row)) {
         return;
     }
-    RowItemAccess(row).setChildCount(d->childCount);
-    connect(this, &TreeViewEntry::childCountChanged, row,
-            [row](int count) { RowItemAccess(row).setChildCount(count); });
+    if (row != d->item) {
+        RowItemAccess(row).setChildCount(d->childCount);
+        connect(this, &TreeViewEntry::childCountChanged, row,
+                [row](int count) { RowItemAccess(row).setChildCount(count); });
+    }
     d->populate(row);
 }
 
@@ -341,13 +335,17 @@ void TreeViewEntry::Private::populate(QQuickItem *rowItem)
     if (!alive || !guard) {
         return;
     }
-    row.setBranchHandleItem(handle ? handle : row.makeDefaultBranchHandle());
+    if (!handle) {
+        handle = row.makeDefaultBranchHandle();
+    }
+    row.setBranchHandleItem(handle);
+    row.followMarkerChildren(handle);
     row.raisePressArea();
     if (background) {
-        row.placeBackground();
+        row.placeBackground(background);
     }
     if (delegate && alive && guard) {
-        row.placeDelegate();
+        row.placeDelegate(delegate);
     }
 }
 

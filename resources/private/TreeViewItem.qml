@@ -36,19 +36,27 @@ Item {
     property alias press: pressArea
     property alias defaultHandle: defaultBranchHandle
 
+    // Makes what the row shows. The view's own rows are populated by their entry, right after their
+    // completion: what a delegate does may be to destroy the view, and the engine does not survive
+    // the end of an item inside the item's own handler.
+    property bool awaitsEntry: false
     function populate() {
-        populateRow(treeViewItem);
+        if (!awaitsEntry)
+            populateRow(treeViewItem);
     }
 
-    // Called by the entry when the row has its parts, so that each binding is evaluated once. Both
-    // end with what the application may answer by destroying the row.
-    function placeBackground() {
-        backgroundItem.z = -1;
-        backgroundItem.anchors.fill = treeViewItem;
-    }
-    function placeDelegate() {
-        delegateItem.anchors.right = right;
+    // Called by the entry when the row has all its parts: the width is evaluated once. Nothing may
+    // follow what the application answers to it, which may be to destroy the row.
+    function bindDelegateWidth() {
         delegateItem.width = Qt.binding(function() { return width - indent - markerIndent; });
+    }
+
+    // Called by the entry when the marker has other children than the handle. Until then it gives
+    // the marker the handle's size: to ask for childrenRect has an item look at all of its children
+    // at every change of any, for good.
+    function measureMarker() {
+        collapseMarker.width = Qt.binding(function() { return collapseMarker.childrenRect.width; });
+        collapseMarker.height = Qt.binding(function() { return collapseMarker.childrenRect.height; });
     }
 
     Component.onCompleted: populate()
@@ -89,8 +97,6 @@ Item {
         id: collapseMarker
         x: treeViewItem.indent
         anchors.verticalCenter: parent.verticalCenter
-        width: childrenRect.width
-        height: childrenRect.height
         enabled: treeViewItem.collapsable
         visible: treeViewItem.collapsable
         acceptedButtons: Qt.LeftButton

@@ -75,6 +75,7 @@ private Q_SLOTS:
     void otherListProperties();
     void attachedObjectFollowsTheContextChain();
     void delegatesOfAllKinds();
+    void markerIsAsLargeAsItsChildren();
     void pressReachesTheDelegateToo();
     void markerClickCollapses();
     void f2AsksForEditing();
@@ -785,6 +786,34 @@ void TestTreeView::delegatesOfAllKinds()
     QCOMPARE(handle->mapToItem(row, QPointF()).y(), 9.0);
     QVERIFY(handle->isVisible());
     QVERIFY(!f.row(0)->property("branchHandleItem").value<QQuickItem *>()->isVisible());
+}
+
+void TestTreeView::markerIsAsLargeAsItsChildren()
+{
+    TreeFixture f(TreeFixture::File{"data/handles.qml"});
+    f.fill();
+    QQuickItem *row = f.row(1);
+    auto *handle = row->property("branchHandleItem").value<QQuickItem *>();
+    QQuickItem *marker = handle->parentItem();
+    QCOMPARE(marker->size(), QSizeF(9, 6));
+    handle->setSize(QSizeF(11, 8));
+    handle->setX(3);
+    QCOMPARE(marker->size(), QSizeF(11, 8));
+    QCOMPARE(row->property("markerIndent").toInt(), 11);
+    auto *component = f.tree->property("sibling").value<QQmlComponent *>();
+    std::unique_ptr<QQuickItem> sibling(qobject_cast<QQuickItem *>(component->create()));
+    sibling->setParentItem(marker);
+    QCOMPARE(marker->size(), QSizeF(22, 12));
+    sibling->setWidth(15);
+    handle->setWidth(40);
+    QCOMPARE(marker->size(), QSizeF(40, 12));
+    sibling.reset();
+    QCOMPARE(marker->size(), QSizeF(40, 8));
+    handle->setParentItem(row);
+    QCOMPARE(marker->size(), QSizeF(0, 0));
+    handle->setSize(QSizeF(1, 1));
+    QCOMPARE(marker->size(), QSizeF(0, 0));
+    QCOMPARE(row->property("markerIndent").toInt(), 0);
 }
 
 void TestTreeView::pressReachesTheDelegateToo()
