@@ -14,6 +14,7 @@ Demo {
     // a picture of the folder, breadth first, up to this many documents.
     property int limit: 1000
     property bool cut: false
+    property int perShelf: 600
     property bool renaming: false
     property int rowCount: 0
 
@@ -54,7 +55,7 @@ Demo {
             const root = mirror.createObject(forest, { documentId: "r" + i, name: "Shelf " + (i + 1),
                                                        types: ["folder"] });
             const children = [];
-            for (let j = 0; j < 600; ++j) {
+            for (let j = 0; j < perShelf; ++j) {
                 children.push(mirror.createObject(root, { documentId: "r" + i + "c" + j,
                                                           name: "Document " + (j + 1), types: ["text"] }));
             }
