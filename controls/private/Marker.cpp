@@ -41,7 +41,8 @@ bool Marker::take(QQmlComponent *delegate)
 
 bool Marker::create(QQmlComponent *delegate, const char *warning)
 {
-    if (!delegate || m_delegate != delegate) {
+    if (!delegate || m_delegate != delegate || m_item) {
+        // A handler of the announcement has set another one, or this one again, which has its item.
         return false;
     }
     const QPointer<QQuickItem> box(m_box);
@@ -60,18 +61,15 @@ bool Marker::create(QQmlComponent *delegate, const char *warning)
     m_item = item;
     item->setParent(box);
     item->setParentItem(box);
-    return box && item;
+    if (box && item) {
+        item->setY(box->height() * 0.5);
+    }
+    return box && item && m_item == item;
 }
 
 void Marker::placeByHue(int hue)
 {
-    const QPointer<QQuickItem> item(m_item);
-    const qreal x = hue * m_box->width();
-    item->setY(m_box->height() * 0.5);
-    // A handler of the item's may have deleted the box: what is needed of it was read before.
-    if (item) {
-        item->setX(x);
-    }
+    m_item->setX(hue * m_box->width());
 }
 
 } // namespace om::controls

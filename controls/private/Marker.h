@@ -28,13 +28,13 @@ public:
     /// false, and changes nothing, when \a delegate is the present one.
     bool take(QQmlComponent *delegate);
 
-    /// Makes the item, in the box, unless another component than \a delegate was taken since. Warns
-    /// with \a warning when what the component makes is not an item. Returns true when the box is
-    /// still there and has got the item.
+    /// Makes the item, in the box and at half its height, unless the box's component is another
+    /// than \a delegate by now, or has its item. Warns with \a warning when what the component
+    /// makes is not an item. Returns true when the box is still there and has got the item.
     bool create(QQmlComponent *delegate, const char *warning);
 
-    /// Puts the item to half the height of the box, and \a hue times its width to the right: the
-    /// hue itself, not its part of 359, so the place is far outside for any hue but 0.
+    /// Puts the item \a hue times the width of the box to the right: the hue itself, not its part
+    /// of 359, so the place is outside for any hue but 0. There has to be an item.
     void placeByHue(int hue);
 
 private:

@@ -30,18 +30,19 @@ public:
     Marker crossHair;
 };
 
-/// The item announces both coordinates, and a handler may delete it or the box: callers that go on
-/// from here hold a guard, too.
+/// The item announces both coordinates. A handler of the first may change what the second depends
+/// on, or delete the item or the box: callers that go on from here hold a guard, too.
 void SaturationValueBox::Private::placeCrossHair()
 {
-    const QPointer<QQuickItem> item(crossHair.item());
-    if (!item) {
+    const QPointer<SaturationValueBox> box(q);
+    if (QQuickItem *item = crossHair.item()) {
+        item->setX(q->width() * value / 255);
+    }
+    if (!box) {
         return;
     }
-    const qreal y = q->height() * (1 - saturation / 255.0);
-    item->setX(q->width() * value / 255);
-    if (item) {
-        item->setY(y);
+    if (QQuickItem *item = crossHair.item()) {
+        item->setY(q->height() * (1 - saturation / 255.0));
     }
 }
 

@@ -19,6 +19,10 @@ private Q_SLOTS:
     void init();
     void everyStepOfThePlacement_data();
     void everyStepOfThePlacement();
+    void sliderWhoseStepChangesTheHue();
+    void crossHairWhoseStepChangesTheSaturation();
+    void oneMarkerWhenTheDelegateComesBack_data();
+    void oneMarkerWhenTheDelegateComesBack();
     void removedAfterItsComponent_data();
     void removedAfterItsComponent();
     void nullWithoutAMarkerIsNoChange_data();
@@ -59,12 +63,69 @@ void TestMarkers::everyStepOfThePlacement()
     QCOMPARE(evaluate(m_view->root(), QStringLiteral("notes.join(' ')")).toString(), steps);
 }
 
+/// Each step uses the numbers as they are when its turn comes.
+void TestMarkers::sliderWhoseStepChangesTheHue()
+{
+    QQuickItem *strip = m_view->item("strip");
+    evaluate(strip, QStringLiteral("sliderDelegate = hueSetter"));
+    QCOMPARE(strip->property("hue").toInt(), 2);
+    QCOMPARE(strip->childItems().value(0)->x(), 2 * 180.0);
+}
+
+void TestMarkers::crossHairWhoseStepChangesTheSaturation()
+{
+    QQuickItem *square = m_view->item("square");
+    evaluate(square, QStringLiteral("crossHairDelegate = saturationSetter"));
+    QQuickItem *cross = square->childItems().value(0);
+    QVERIFY(cross);
+    QCOMPARE(cross->y(), 64.0);
+    square->setProperty("saturation", 204);
+    QCOMPARE(cross->y(), 16.0);
+    square->setProperty("value", 51);
+    QCOMPARE(square->property("saturation").toInt(), 51);
+    QCOMPARE(cross->position(), QPointF(20, 64));
+}
+
 void TestMarkers::boxRows()
 {
     QTest::addColumn<QString>("box");
     QTest::addColumn<QByteArray>("property");
     QTest::newRow("strip") << "strip" << QByteArray("sliderDelegate");
     QTest::newRow("square") << "square" << QByteArray("crossHairDelegate");
+}
+
+void TestMarkers::oneMarkerWhenTheDelegateComesBack_data()
+{
+    boxRows();
+}
+
+/// A handler that sets another delegate and then this one again has a marker made; there is no
+/// second one.
+void TestMarkers::oneMarkerWhenTheDelegateComesBack()
+{
+    QFETCH(QString, box);
+    QFETCH(QByteArray, property);
+    QQuickItem *item = m_view->item(box.toLatin1());
+    const QString assignment = QString::fromLatin1(property) + QStringLiteral(" = ");
+    bool done = false;
+    SignalRecorder recorder;
+    recorder.watch(item, QString(), {QString::fromLatin1(property) + QStringLiteral("Changed")},
+                   [&] {
+                       if (!done) {
+                           done = true;
+                           evaluate(item, assignment + QStringLiteral("plain"));
+                           evaluate(item, assignment + QStringLiteral("noted"));
+                       }
+                       return QString();
+                   });
+    evaluate(item, assignment + QStringLiteral("noted"));
+    QCOMPARE(recorder.take().size(), 3);
+    // What was discarded goes with the event loop.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(item->childItems().size(), 1);
+    evaluate(item, assignment + QStringLiteral("null"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(item->childItems().size(), 0);
 }
 
 void TestMarkers::removedAfterItsComponent_data()

@@ -28,6 +28,8 @@ private Q_SLOTS:
     void boxFromAPress();
     void boxFromItsMarker_data();
     void boxFromItsMarker();
+    void boxFromItsMarkersFirstPlace_data();
+    void boxFromItsMarkersFirstPlace();
 
 public Q_SLOTS:
     void deleteVictim();
@@ -276,6 +278,36 @@ void TestDeletedByHandlers::boxFromItsMarker()
         QVERIFY(marker->position() != before);
         delete m_victim;
     }
+}
+
+void TestDeletedByHandlers::boxFromItsMarkersFirstPlace_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QByteArray>("delegate");
+    QTest::addColumn<QByteArray>("signature");
+    for (const char *signature : {"yChanged()", "xChanged()"}) {
+        QTest::addRow("HueBox, %s", signature)
+            << "HueBox" << QByteArray("sliderDelegate") << QByteArray(signature);
+        QTest::addRow("SaturationValueBox, %s", signature)
+            << "SaturationValueBox" << QByteArray("crossHairDelegate") << QByteArray(signature);
+    }
+}
+
+/// While the delegate is being set: the box has got the marker and puts it to its place.
+void TestDeletedByHandlers::boxFromItsMarkersFirstPlace()
+{
+    QFETCH(QString, type);
+    QFETCH(QByteArray, delegate);
+    QFETCH(QByteArray, signature);
+    QQuickItem *box = make(type);
+    box->setProperty("hue", 30);
+    connect(box, &QQuickItem::childrenChanged, this, [&] {
+        if (QQuickItem *marker = box->childItems().value(0)) {
+            deleteFrom(marker, signature);
+        }
+    });
+    box->setProperty(delegate, box->property("marker"));
+    QVERIFY(!m_victim);
 }
 
 QTEST_MAIN(TestDeletedByHandlers)

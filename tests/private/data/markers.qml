@@ -18,8 +18,20 @@ Item {
         }
     }
 
-    HueBox { objectName: "strip"; x: 20; y: 20; width: 180; height: 20; hue: 30 }
+    // Markers that change the box from inside the step before the last.
+    property Component hueSetter: Component {
+        Item { onYChanged: strip.hue = 2 }
+    }
+    property Component saturationSetter: Component {
+        Item { onXChanged: square.saturation = 51 }
+    }
+    property Component plain: Component {
+        Item {}
+    }
+
+    HueBox { id: strip; objectName: "strip"; x: 20; y: 20; width: 180; height: 20; hue: 30 }
     SaturationValueBox {
+        id: square
         objectName: "square"
         x: 20; y: 60; width: 100; height: 80
         hue: 20; value: 102; saturation: 204
