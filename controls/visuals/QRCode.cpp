@@ -92,15 +92,14 @@ void QRCode::Private::encode()
     }
 }
 
-/// Both extents announce themselves, and a handler may delete the item: callers that go on from
-/// here hold a guard, too.
+/// Both extents announce themselves. A handler of the first may change what the second is made of,
+/// or delete the item: callers that go on from here hold a guard, too.
 void QRCode::Private::updateImplicitSize()
 {
     const QPointer<QRCode> item(q);
-    const int extent = moduleSize * moduleCount;
-    q->setImplicitWidth(extent);
+    q->setImplicitWidth(moduleSize * moduleCount);
     if (item) {
-        item->setImplicitHeight(extent);
+        q->setImplicitHeight(moduleSize * moduleCount);
     }
 }
 
@@ -151,7 +150,8 @@ void QRCode::setModuleSize(int moduleSize)
     const QPointer<QRCode> item(this);
     d->updateImplicitSize();
     if (item) {
-        Q_EMIT moduleSizeChanged(moduleSize);
+        // A handler of the implicit size may have set another one.
+        Q_EMIT moduleSizeChanged(d->moduleSize);
     }
 }
 

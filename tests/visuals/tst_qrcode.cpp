@@ -88,6 +88,8 @@ private Q_SLOTS:
     void tooLongShowsLight();
     void fitsAgainAfterTooLong();
     void signalOrder();
+    void sizedByItsOwnHandler_data();
+    void sizedByItsOwnHandler();
     void sceneGraphReleasedAndRemade();
     void hiddenAndShown();
     void changedWhileHidden();
@@ -325,6 +327,31 @@ void TestQRCode::signalOrder()
     QCOMPARE(recorder.take(),
              (QStringList{QStringLiteral("code.darkColorChanged [2 50]"),
                           QStringLiteral("code.lightColorChanged [2 50]")}));
+}
+
+void TestQRCode::sizedByItsOwnHandler_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::newRow("another module size") << "moduleSize = 20";
+    QTest::newRow("more modules") << "url = 'https://example.org/longer/than/before'";
+}
+
+/// A code that is kept small by a handler of its first extent stays square, and what is announced
+/// last is what holds.
+void TestQRCode::sizedByItsOwnHandler()
+{
+    QFETCH(QString, change);
+    support::QmlView view;
+    view.load("Item { width: 100; height: 100; QRCode { objectName: 'code'\n"
+              "onImplicitWidthChanged: if (implicitWidth > 170) moduleSize = 4 } }");
+    QQuickItem *item = view.item("code");
+    support::SignalRecorder recorder;
+    recorder.watch(item, QStringLiteral("code"), {QStringLiteral("moduleSizeChanged")});
+    support::evaluate(item, change);
+    QCOMPARE(item->property("moduleSize").toInt(), 4);
+    QCOMPARE(item->implicitHeight(), item->implicitWidth());
+    const int last = recorder.entries().size() - 1;
+    QCOMPARE(recorder.arguments(last), QVariantList{4});
 }
 
 void TestQRCode::sceneGraphReleasedAndRemade()
