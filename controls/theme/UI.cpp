@@ -75,8 +75,7 @@ constexpr const char *palette[] = {
     "#B5CDD2", // VideoBoxBackground
     "#EDEDED", // ThumbPreviewBackground
     "#F8F8F8", // AreaEditorBackground
-    // On purpose not the "#F8F8F8" of the other editor areas: a menu editor shows the warning
-    // yellow.
+    // Not the "#F8F8F8" of AreaEditorBackground: callers see the warning yellow for this value.
     "#ECD284", // MenuEditorBackground
     "#ECD284", // NotificationBarBackground
     "#333333", // NotificationText

@@ -304,14 +304,11 @@ void TestTheme::currencyCodeWhenTheFontLacksTheSign()
     }
 }
 
+/// No country has no currency: neither a sign nor a code.
 void TestTheme::currencyOfAnUnknownCountry()
 {
-    const QLocale locale(QLocale::AnyLanguage, QLocale::AnyCountry);
-    const QString sign = locale.currencySymbol(QLocale::CurrencySymbol);
-    const QString code = locale.currencySymbol(QLocale::CurrencyIsoCode);
-    const QString answer =
-        evaluate(QStringLiteral("UI.currencyString('nowhere', 'serif')")).toString();
-    QVERIFY2(answer == sign || answer == code, qPrintable(answer));
+    QCOMPARE(evaluate(QStringLiteral("UI.currencyString('nowhere', 'serif')")),
+             QVariant(QString()));
 }
 
 void TestTheme::edges()
