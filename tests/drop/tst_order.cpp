@@ -50,16 +50,16 @@ void TestDropOrder::init()
     }
     QVERIFY(record);
     m_recorder = std::make_unique<support::SignalRecorder>();
-    m_recorder->watch(zone, QStringLiteral("zone"), lines("containsDragChanged; dropHandlersChanged"));
+    m_recorder->watch(zone, QStringLiteral("zone"),
+                      lines("containsDragChanged; dropHandlersChanged"));
     m_recorder->follow(zone, QStringLiteral("zone"), lines("containsDrag"));
     const QQmlListReference handlers(zone, "dropHandlers", m_view->engine());
     for (int i = 0; i < handlers.count(); ++i) {
         m_recorder->watch(handlers.at(i), handlers.at(i)->objectName());
     }
     m_recorder->follow(record, QStringLiteral("drag"), lines("position"));
-    m_recorder->follow(QStringLiteral("urls"), [record] {
-        return record->property("data").value<QList<QUrl>>().size();
-    });
+    m_recorder->follow(QStringLiteral("urls"),
+                       [record] { return record->property("data").value<QList<QUrl>>().size(); });
     m_drag = std::make_unique<support::DragEvents>(zone);
     m_drag->setUrls({QUrl(QStringLiteral("file:///a"))});
 }
@@ -72,8 +72,8 @@ void TestDropOrder::cleanup()
     QCOMPARE(support::leftovers(), QString());
 }
 
-/// That the zone has a drag is told before the drag's record is filled, and while it leaves the zone
-/// has it still.
+/// That the zone has a drag is told before the drag's record is filled, and while it leaves the
+/// zone has it still.
 void TestDropOrder::entersMovesAndLeaves()
 {
     m_drag->enter({10, 10});

@@ -57,7 +57,8 @@ void TestPickerOrder::mapperDerivesOneViewAfterTheOther()
                    "m.red = 128, m.redChanged, m.green = 64, m.greenChanged, "
                    "m.blue = 32, m.blueChanged, m.hex = 804020, m.hexChanged, m.colorChanged"));
     QMetaObject::invokeMethod(mapper.get(), "updateAlpha", Q_ARG(int, 128));
-    QCOMPARE(recorder.take(), lines("m.color = #80804020, m.alpha = 128, m.alphaChanged, m.colorChanged"));
+    QCOMPARE(recorder.take(),
+             lines("m.color = #80804020, m.alpha = 128, m.alphaChanged, m.colorChanged"));
 }
 
 void TestPickerOrder::newCrossHairStandsWhereASliderWouldFirst()

@@ -86,7 +86,8 @@ void TestTreeOrder::activeRowChanges()
     QObject *const view = tree.view.root();
     view->setProperty("activeIndex", 0);
     support::SignalRecorder recorder;
-    recorder.watch(view, QStringLiteral("view"), lines("activeIndexChanged, activeDocumentChanged"));
+    recorder.watch(view, QStringLiteral("view"),
+                   lines("activeIndexChanged, activeDocumentChanged"));
     recorder.follow(view, QStringLiteral("view"), lines("activeIndex, activeDocument"));
     const QStringList names = lines("one, two");
     for (int i = 0; i < names.size(); ++i) {
