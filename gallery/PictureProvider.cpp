@@ -40,10 +40,11 @@ QString PictureProblems::of(const QString &path) const
 void PictureProblems::set(const QString &path, const QString &problem)
 {
     const QMutexLocker lock(&m_mutex);
-    if (problem.isEmpty())
+    if (problem.isEmpty()) {
         m_problems.remove(path);
-    else
+    } else {
         m_problems.insert(path, problem);
+    }
 }
 
 PictureProvider::PictureProvider(std::shared_ptr<PictureProblems> problems)
@@ -71,14 +72,16 @@ QImage PictureProvider::requestImage(const QString &id, QSize *size, const QSize
     if (qint64(whole.width()) * whole.height() > mostPixels) {
         problem = QStringLiteral("is too large to show");
     } else {
-        if (requestedSize.width() > 0 && whole.width() > requestedSize.width())
+        if (requestedSize.width() > 0 && whole.width() > requestedSize.width()) {
             reader.setScaledSize(
                 whole.scaled(requestedSize.width(), whole.height(), Qt::KeepAspectRatio));
+        }
         image = reader.read();
-        if (image.isNull())
+        if (image.isNull()) {
             problem = problemOf(reader, path);
-        else if (!listening.heard().isEmpty())
+        } else if (!listening.heard().isEmpty()) {
             problem = QStringLiteral("is damaged");
+        }
     }
     m_problems->set(path, problem);
     if (image.isNull()) {

@@ -24,10 +24,11 @@ bool isMutter(const QString &message)
 
 void filter(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (listener)
+    if (listener) {
         listener->append(message);
-    else if (!isMutter(message))
+    } else if (!isMutter(message)) {
         printer(type, context, message);
+    }
 }
 
 } // namespace
