@@ -312,9 +312,9 @@ void Popup::componentComplete()
     while (root->parentItem()) {
         root = root->parentItem();
     }
-    setParentItem(root);
     const QPointer<Popup> self(this);
-    if (d->pendingOpen) {
+    setParentItem(root);
+    if (self && d->pendingOpen) {
         setOpen(true);
     }
     if (self) {

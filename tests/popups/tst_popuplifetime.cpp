@@ -4,6 +4,7 @@
 #include "tests/popups/PopupScene.h"
 #include "tests/popups/SentInput.h"
 #include "tests/support/Leftovers.h"
+#include "tests/support/ObjectCensus.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/QmlView.h"
 #include "tests/support/SignalRecorder.h"
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void destroyedInsideItsEventFilter();
     void destroyedInsideASignal_data();
     void destroyedInsideASignal();
+    void destroyedByItsMoveToTheTop();
     void destroyedByItsLoader_data();
     void destroyedByItsLoader();
     void destroyedWithItsWindow_data();
@@ -257,6 +259,24 @@ void TestPopupLifetime::destroyedInsideASignal()
     QTRY_VERIFY(!popup);
     press(view.window(), outside);
     QCOMPARE(view.root()->property("pressedBelow"), QVariant(1));
+}
+
+/// A popup that is visible from the start is told of to the root that it moves to.
+void TestPopupLifetime::destroyedByItsMoveToTheTop()
+{
+    Maker maker;
+    QQuickItem *const top = maker.window()->contentItem();
+    QPointer<QQuickItem> popup;
+    const SignalTrap trap(top, "visibleChildrenChanged", [top, &popup] {
+        popup = top->childItems().constLast();
+        delete popup.data();
+    });
+    const auto holder =
+        evaluate(maker.root(), QStringLiteral("visibleFromTheStart.createObject(root)"));
+    QVERIFY(trap.hasSprung());
+    QVERIFY(!popup);
+    QVERIFY(holder.value<QQuickItem *>());
+    support::grab(maker.window());
 }
 
 void TestPopupLifetime::destroyedByItsLoader_data()
@@ -499,11 +519,13 @@ void TestPopupLifetime::closedByAHandlerOfItsMove()
     Maker maker;
     QQuickItem *popup = maker.make();
     maker.target->setPosition(place);
+    const QStringList filters = support::eventFilters();
     const SignalTrap trap(popup, signalName, [popup] { popup->setProperty("open", false); });
     open(popup);
     QVERIFY(trap.hasSprung());
     QCOMPARE(popup->property("open"), QVariant(false));
-    QVERIFY(!popup->hasActiveFocus());
+    QVERIFY(!popup->hasFocus());
+    QCOMPARE(support::eventFilters(), filters);
     SignalRecorder recorder;
     recorder.watch(popup, QStringLiteral("popup"), {QStringLiteral("rejected")});
     press(maker.window(), outside);

@@ -17,6 +17,12 @@ Item {
         height: 40
         attachedItem: target
     }
+    property Component visibleFromTheStart: Item {
+        Popup {
+            visible: true
+            open: true
+        }
+    }
 
     MouseArea {
         anchors.fill: parent
