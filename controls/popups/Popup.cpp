@@ -291,14 +291,15 @@ void Popup::updatePosition()
     if (!parent) {
         return;
     }
-    if (dependsOn(d->attachedItem, this)) {
+    const QQuickItem *const anchor = d->attachedItem ? d->attachedItem.data() : parent;
+    const QPointF place = anchor->mapToItem(parent, d->offset) - d->hotspot;
+    // What is no number differs from itself and would be a move with every frame.
+    if (!qIsFinite(place.x()) || !qIsFinite(place.y())) {
         return;
     }
-    const QQuickItem *const anchor = d->attachedItem ? d->attachedItem.data() : parent;
-    const QPointF position = anchor->mapToItem(parent, d->offset) - d->hotspot;
-    // What is no number differs from itself and would be a move with every frame.
-    if (qIsFinite(position.x()) && qIsFinite(position.y())) {
-        setPosition(position);
+    // Most frames move nothing: what the popup depends on is looked up only when it is to move.
+    if (place != position() && !dependsOn(d->attachedItem, this)) {
+        setPosition(place);
     }
 }
 

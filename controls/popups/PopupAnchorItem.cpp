@@ -43,6 +43,7 @@ public:
     void placePopupItem();
     void createAnchor();
     void createPopupItem();
+    qreal sceneRotation() const;
     void moveAnchor(const QPointF &place);
     void watch(QQuickWindow *window);
     bool isOutside(const QMouseEvent *press) const;
@@ -152,23 +153,34 @@ void PopupAnchorItem::Private::createPopupItem()
     Q_EMIT q->popupItemChanged();
 }
 
-/// Puts the anchor onto \a place, the origin of the item in the scene.
-void PopupAnchorItem::Private::moveAnchor(const QPointF &place)
+/// What the item and all that it lies in are turned by.
+qreal PopupAnchorItem::Private::sceneRotation() const
 {
-    // What is no number differs from itself and would be a move with every frame.
-    if (!anchor || dependsOn(q, anchor) || !qIsFinite(place.x()) || !qIsFinite(place.y())) {
-        return;
-    }
-    const QPointer<PopupAnchorItem> self(q);
-    anchor->setPosition(place);
-    if (!self || !anchor) {
-        return;
-    }
     qreal rotation = 0;
     for (const QQuickItem *item = q; item; item = item->parentItem()) {
         rotation += item->rotation();
     }
-    anchor->setRotation(rotation);
+    return rotation;
+}
+
+/// Puts the anchor onto \a place, the origin of the item in the scene.
+void PopupAnchorItem::Private::moveAnchor(const QPointF &place)
+{
+    // What is no number differs from itself and would be a move with every frame.
+    if (!anchor || !qIsFinite(place.x()) || !qIsFinite(place.y())) {
+        return;
+    }
+    // Most frames move nothing: what the item depends on is looked up only when the anchor is to
+    // move.
+    if ((place == anchor->position() && sceneRotation() == anchor->rotation())
+        || dependsOn(q, anchor)) {
+        return;
+    }
+    const QPointer<PopupAnchorItem> self(q);
+    anchor->setPosition(place);
+    if (self && anchor) {
+        anchor->setRotation(sceneRotation());
+    }
 }
 
 /// Under the threaded render loop the signal comes from the render thread; the automatic connection
