@@ -65,9 +65,10 @@ void FpsCounter::findWindow()
         if (!item || !item->window()) {
             continue;
         }
-        // Deliberately once for each such ancestor: the meter ignores the intervals of length zero
-        // that come of it. The signal may come from the render thread and is then queued, so that
-        // the meter is only ever touched on the counter's own thread.
+        // Each such ancestor makes a connection, several of them in one window, too: the meter
+        // ignores the intervals of length zero that come of it. The signal may come from the render
+        // thread and is then queued, so that the meter is only ever touched on the counter's own
+        // thread.
         connect(item->window(), &QQuickWindow::frameSwapped, this, &FpsCounter::updateFps);
         found = true;
     }

@@ -52,7 +52,8 @@ int FrameRateMeter::computeRate() const
     if (count == 0) {
         return 0;
     }
-    // An integer division, deliberately.
+    // Whole milliseconds, as the times are: a span of 983 ms is 61 frames a second, one of 984
+    // ms 60.
     const qint64 mean = sum / count;
     return static_cast<int>(60000.0 / static_cast<double>(mean));
 }

@@ -57,7 +57,12 @@ HoverArea::HoverArea(QQuickItem *parent)
     setAcceptHoverEvents(true);
 }
 
-HoverArea::~HoverArea() = default;
+HoverArea::~HoverArea()
+{
+    // Leaving the tree runs handlers, which may ask for what is in the record: it must not be left
+    // to the base class, which goes when the record is gone.
+    setParentItem(nullptr);
+}
 
 bool HoverArea::isHovered() const
 {

@@ -28,7 +28,12 @@ KeyEventSource::KeyEventSource(QQuickItem *parent)
 {
 }
 
-KeyEventSource::~KeyEventSource() = default;
+KeyEventSource::~KeyEventSource()
+{
+    // Leaving the tree runs handlers, which may ask for what is in the record: it must not be left
+    // to the base class, which goes when the record is gone.
+    setParentItem(nullptr);
+}
 
 QQuickItem *KeyEventSource::target() const
 {

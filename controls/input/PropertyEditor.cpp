@@ -106,9 +106,12 @@ PropertyEditor::PropertyEditor(QQuickItem *parent)
 
 PropertyEditor::~PropertyEditor()
 {
-    // The base class's destructor takes the focus away, when the record is gone.
+    // The end of an editor is no end of editing.
     disconnect(this, &QQuickItem::activeFocusChanged, this, &PropertyEditor::handleFocusChange);
     d->unwatch();
+    // Leaving the tree runs handlers, which may ask for what is in the record: it must not be left
+    // to the base class, which goes when the record is gone.
+    setParentItem(nullptr);
 }
 
 data::Document *PropertyEditor::document() const
@@ -192,8 +195,8 @@ void PropertyEditor::handleFocusChange(bool focus)
         return;
     }
     d->unwatch();
-    // Without a window the editor deliberately counts as editing still: gaining focus again is then
-    // no second beginning.
+    // Without a window the editor counts as editing still, so that gaining focus again is no second
+    // beginning.
     if (window()) {
         d->editing = false;
     }

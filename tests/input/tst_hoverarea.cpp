@@ -109,6 +109,7 @@ private Q_SLOTS:
     void leavesWithItsWindow();
     void enteredAgainBeforeItHasLeft();
     void destroyedUnderARestingPointer();
+    void readWhileItGoes();
     void destroyedInItsOwnSignal_data();
     void destroyedInItsOwnSignal();
     void windowDestroyedUnderARestingPointer();
@@ -310,6 +311,21 @@ void TestHoverArea::destroyedUnderARestingPointer()
     // The window delivers as before.
     QTest::mouseClick(&scene.window, Qt::LeftButton, Qt::NoModifier, inside);
     QCOMPARE(scene.pad->presses, 1);
+}
+
+/// Leaving the tree is told of: whoever hears it finds the area whole.
+void TestHoverArea::readWhileItGoes()
+{
+    Scene scene;
+    QVERIFY(scene.show());
+    scene.move(inside);
+    QVERIFY(scene.area->isHovered());
+    const QObject *const area = scene.area;
+    QVariantList seen;
+    connect(scene.area, &QQuickItem::windowChanged, this,
+            [&seen, area] { seen.append(area->property("hovered")); });
+    delete scene.area;
+    QCOMPARE(seen, QVariantList{true});
 }
 
 void TestHoverArea::destroyedInItsOwnSignal_data()

@@ -121,6 +121,7 @@ private Q_SLOTS:
     void destroyedByThePress_data();
     void destroyedByThePress();
     void targetSetByThePress();
+    void readWhileItGoes();
 };
 
 void TestKeyEventSource::pressAndReleaseReachTheFocusItem()
@@ -287,6 +288,21 @@ void TestKeyEventSource::targetSetByThePress()
     scene.source->triggerKeyEvent(Qt::Key_A, QStringLiteral("a"));
     QCOMPARE(scene.field->keys, QStringList({pressA, releaseA}));
     QVERIFY(!scene.source->target());
+}
+
+/// Leaving the tree is told of: whoever hears it finds the source whole.
+void TestKeyEventSource::readWhileItGoes()
+{
+    QQuickWindow window;
+    QQuickItem target;
+    auto source = std::make_unique<KeyEventSource>(window.contentItem());
+    source->setTarget(&target);
+    QList<QQuickItem *> seen;
+    const QObject *const asked = source.get();
+    connect(source.get(), &QQuickItem::windowChanged, this,
+            [&seen, asked] { seen.append(asked->property("target").value<QQuickItem *>()); });
+    source.reset();
+    QCOMPARE(seen, QList<QQuickItem *>{&target});
 }
 
 QTEST_MAIN(TestKeyEventSource)

@@ -192,6 +192,7 @@ private Q_SLOTS:
     void movedToAnotherWindowWhileEditing();
     void windowDestroyedWhileEditing();
     void editorDestroyedWhileEditing();
+    void readWhileItGoes();
     void destroyedByItsShape();
     void destroyedInItsSignals_data();
     void destroyedInItsSignals();
@@ -461,6 +462,22 @@ void TestPropertyEditor::editorDestroyedWhileEditing()
 }
 
 /// The shape of an item is the application's code, too.
+/// Leaving the tree takes the focus away: whoever is told of it finds the editor whole.
+void TestPropertyEditor::readWhileItGoes()
+{
+    Scene scene;
+    QVERIFY(scene.edit());
+    scene.editor->setProperty(QStringLiteral("title"));
+    QStringList seen;
+    const QObject *const editor = scene.editor;
+    const auto look = [&seen, editor] { seen.append(editor->property("property").toString()); };
+    connect(scene.editor, &QQuickItem::activeFocusChanged, this, look);
+    connect(scene.editor, &QQuickItem::windowChanged, this, look);
+    delete scene.editor;
+    QCOMPARE(seen, (QStringList{QStringLiteral("title"), QStringLiteral("title")}));
+    QCOMPARE(scene.take(), QStringList(QStringLiteral("propertyChanged")));
+}
+
 void TestPropertyEditor::destroyedByItsShape()
 {
     class Shape : public QQuickItem
