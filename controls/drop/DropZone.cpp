@@ -7,10 +7,9 @@
 #include "controls/support/ListElement.h"
 
 #include <QDebug>
+#include <QHash>
 #include <QMimeData>
 #include <QPointer>
-
-#include <algorithm>
 
 namespace om::controls {
 
@@ -25,7 +24,7 @@ public:
 
     void append(DropHandler *handler);
     void clear();
-    void forget(QObject *handler);
+    void forget(DropHandler *handler);
     void unwatchHandlers();
     void setDragSource(QObject *source);
     DropHandler *findHandler(const QPointer<QMimeData> &mimeData) const;
@@ -39,6 +38,8 @@ public:
     DropHandler *activeHandler = nullptr;
     DropData *const dropData;
     QList<DropHandler *> handlers;
+    /// One connection a handler, however often it is listed.
+    QHash<DropHandler *, QMetaObject::Connection> watches;
 };
 
 void DropZone::Private::append(DropHandler *handler)
@@ -46,10 +47,10 @@ void DropZone::Private::append(DropHandler *handler)
     if (!isListElement(handler)) {
         return;
     }
-    // Once, however often it is listed.
-    if (!handlers.contains(handler)) {
-        QObject::connect(handler, &QObject::destroyed, q,
-                         [this](QObject *object) { forget(object); });
+    if (!watches.contains(handler)) {
+        watches.insert(handler, QObject::connect(handler, &QObject::destroyed, q, [this, handler] {
+                           forget(handler);
+                       }));
     }
     handlers.append(handler);
     Q_EMIT q->dropHandlersChanged();
@@ -71,10 +72,10 @@ void DropZone::Private::clear()
 }
 
 /// \a handler is being destroyed: only its address is left to look at.
-void DropZone::Private::forget(QObject *handler)
+void DropZone::Private::forget(DropHandler *handler)
 {
-    const auto isHandler = [handler](const DropHandler *other) { return other == handler; };
-    handlers.erase(std::remove_if(handlers.begin(), handlers.end(), isHandler), handlers.end());
+    watches.remove(handler);
+    handlers.removeAll(handler);
     const bool wasActive = activeHandler == handler;
     if (wasActive) {
         activeHandler = nullptr;
@@ -88,10 +89,11 @@ void DropZone::Private::forget(QObject *handler)
 
 void DropZone::Private::unwatchHandlers()
 {
-    // Only what append() connected: the application may have connections of its own.
-    for (DropHandler *handler : qAsConst(handlers)) {
-        QObject::disconnect(handler, &QObject::destroyed, q, nullptr);
+    // By their handles: between a handler and the zone the application may have connections too.
+    for (const QMetaObject::Connection &watch : qAsConst(watches)) {
+        QObject::disconnect(watch);
     }
+    watches.clear();
 }
 
 void DropZone::Private::setDragSource(QObject *source)
@@ -158,8 +160,8 @@ bool DropZone::containsDrag() const
 void DropZone::dragEnterEvent(QDragEnterEvent *event)
 {
     const QPointer<DropZone> self(this);
-    // Both belong to the drag, which may end inside what is called below. The event's own pointer
-    // to the source is not cleared when that is destroyed.
+    // Both belong to the drag, which may end inside what is called below. The event gets its
+    // source from the drag, which goes on naming one that has been destroyed.
     const QPointer<QMimeData> mimeData(const_cast<QMimeData *>(event->mimeData()));
     const QPointer<QObject> source(event->source());
     d->setDragSource(source);

@@ -96,6 +96,7 @@ private Q_SLOTS:
     void handlerDestroyedInTheList();
     void handlerDestroyedWhileActive();
     void handlerListedTwiceAndDestroyed();
+    void clearedListLeavesOtherConnections();
     void handlerDestroyedAfterItsZone();
     void handlerDestroyedWhileItsZoneIs();
     void activeHandlerDestroyedInside_data() { moments(); }
@@ -217,6 +218,21 @@ void TestDropZoneLifetimes::handlerListedTwiceAndDestroyed()
     a.reset();
     QCOMPARE(count(&zone), 0);
     QCOMPARE(takeHappened(), words("dropHandlersChanged"));
+}
+
+void TestDropZoneLifetimes::clearedListLeavesOtherConnections()
+{
+    // The application waits for the same signal, and for as long as the zone lives.
+    DropZone zone;
+    auto a = std::make_unique<RecordingHandler>("a");
+    int told = 0;
+    connect(a.get(), &QObject::destroyed, &zone, [&told] { ++told; });
+    append(&zone, a.get());
+    clear(&zone);
+    watch(&zone);
+    a.reset();
+    QCOMPARE(told, 1);
+    QCOMPARE(takeHappened(), QStringList());
 }
 
 void TestDropZoneLifetimes::handlerDestroyedAfterItsZone()
