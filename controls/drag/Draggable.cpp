@@ -330,10 +330,11 @@ void Draggable::drag()
         return;
     }
     d->runningDrag.clear();
-    d->end();
+    // Also when the gesture was given up inside the loop; before the end is told, as the next
+    // gesture may begin there.
+    d->lower();
     if (alive) {
-        // Also when the gesture was given up inside the loop.
-        d->lower();
+        d->end();
     }
 }
 

@@ -80,6 +80,7 @@ private Q_SLOTS:
     void destroyedByItsOwnZ_data();
     void destroyedByItsOwnZ();
     void startedAnewInsideDragStarted();
+    void startedAnewInsideDragEnded();
 
 private:
     void send(QEvent::Type type, const QPointF &at, Qt::MouseButtons buttons = Qt::LeftButton);
@@ -366,6 +367,29 @@ void TestDraggableGesture::startedAnewInsideDragStarted()
     QCOMPARE(m_card->z(), 3.0);
     QCOMPARE(recorder.entries().count(text("card.dragStarted")),
              recorder.entries().count(text("card.dragEnded")));
+}
+
+void TestDraggableGesture::startedAnewInsideDragEnded()
+{
+    support::SignalRecorder recorder;
+    recorder.watch(m_card, text("card"), {text("dragStarted"), text("dragEnded")});
+    bool first = true;
+    connect(m_card, &Draggable::dragEnded, this, [&] {
+        if (first) {
+            first = false;
+            release();
+            press();
+            move(20, 0);
+        }
+    });
+    qreal zOfTheSecond = 0;
+    connect(m_card, &Draggable::dragStarted, this, [&] { zOfTheSecond = m_card->z(); });
+    press();
+    move(6, 0);
+    QTRY_COMPARE(recorder.entries().size(), 4);
+    QCOMPARE(zOfTheSecond, qreal(std::numeric_limits<float>::max()));
+    release();
+    QCOMPARE(m_card->z(), 3.0);
 }
 
 QTEST_MAIN(TestDraggableGesture)
