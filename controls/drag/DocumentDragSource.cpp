@@ -76,8 +76,7 @@ void DocumentDragSource::filterChildEvent(QQuickItem *child, const QEvent *event
     default:
         return;
     }
-    const bool aboutToRun = alive && m_drag && !m_loopRunning;
-    if (alive && m_state == Dragging && m_differences.endsWithLoop && !aboutToRun) {
+    if (alive && m_state == Dragging && m_differences.endsWithLoop && !isAboutToRun()) {
         finish();
     }
 }
@@ -89,7 +88,7 @@ void DocumentDragSource::press(QQuickItem *child, const QMouseEvent *event)
     }
     const bool leavesADrag = m_state == Dragging && !m_loopRunning;
     m_pressPosition = event->localPos();
-    m_receiver = child;
+    setReceiver(child);
     m_state = Pressed;
     m_finishing = false;
     if (leavesADrag) {
@@ -101,7 +100,8 @@ void DocumentDragSource::press(QQuickItem *child, const QMouseEvent *event)
 
 void DocumentDragSource::move(QQuickItem *child, const QMouseEvent *event)
 {
-    if (m_differences.yieldsToKeptGrab) {
+    // A drag that is about to run is not given up: inside its loop the move would not come here.
+    if (m_differences.yieldsToKeptGrab && !isAboutToRun()) {
         const QQuickWindow *const window = source->window();
         const QQuickItem *const grabber = window ? window->mouseGrabberItem() : nullptr;
         if (grabber && grabber->keepMouseGrab()) {
@@ -112,7 +112,7 @@ void DocumentDragSource::move(QQuickItem *child, const QMouseEvent *event)
     if (m_state == Idle) {
         return;
     }
-    m_receiver = child;
+    setReceiver(child);
     if (m_state != Pressed) {
         return;
     }
@@ -131,9 +131,11 @@ void DocumentDragSource::start()
 {
     const QPointer<QQuickItem> alive(source);
     m_state = Dragging;
+    m_loopIsOver = false;
     announceActive(true);
-    // With a drag there already, a gesture inside the signal has come this far by itself.
-    if (!alive || m_state != Dragging || m_drag) {
+    // With a drag there already, or its loop over, a gesture inside the signal has come this far by
+    // itself.
+    if (!alive || m_state != Dragging || m_drag || m_loopIsOver) {
         return;
     }
     watchWindow(source->window());
@@ -185,6 +187,7 @@ void DocumentDragSource::runDrag()
         }
         m_loopRunning = false;
         m_drag.clear();
+        m_loopIsOver = true;
         endIncubation();
         if (!alive) {
             return;
@@ -210,6 +213,25 @@ void DocumentDragSource::release()
     finish();
 }
 
+/// Remembers the \a child that has the gesture. Should it go while its release is waited for, none
+/// can come: the end waits for the event loop, so that no signal comes out of a destructor.
+void DocumentDragSource::setReceiver(QQuickItem *child)
+{
+    if (m_receiver == child) {
+        return;
+    }
+    QObject::disconnect(m_receiverWatch);
+    m_receiver = child;
+    m_receiverWatch = QObject::connect(
+        child, &QObject::destroyed, &m_receiverOfCalls,
+        [this] {
+            if (isWaitingForRelease() && !canBeReleased()) {
+                finish();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
 /// The \a child has lost the mouse: the release will be another item's.
 void DocumentDragSource::ungrab(const QQuickItem *child)
 {
@@ -222,10 +244,16 @@ void DocumentDragSource::ungrab(const QQuickItem *child)
     }
 }
 
+/// Whether there is a drag whose loop has not begun.
+bool DocumentDragSource::isAboutToRun() const
+{
+    return m_state == Dragging && !m_loopRunning && !m_loopIsOver;
+}
+
 /// Whether the loop is over and the drag is not.
 bool DocumentDragSource::isWaitingForRelease() const
 {
-    return m_state == Dragging && !m_drag;
+    return m_state == Dragging && m_loopIsOver;
 }
 
 /// Whether a release can still arrive by way of the child that has the gesture. A drop that removes

@@ -112,7 +112,9 @@ private:
     void scheduleRun();
     void runDrag();
     void release();
+    void setReceiver(QQuickItem *child);
     void ungrab(const QQuickItem *child);
+    bool isAboutToRun() const;
     bool isWaitingForRelease() const;
     bool canBeReleased() const;
     void finish();
@@ -134,6 +136,7 @@ private:
     QPointF m_pressPosition;
     /// The child that the last mouse event of the gesture was for: the release will be, too.
     QPointer<QQuickItem> m_receiver;
+    QMetaObject::Connection m_receiverWatch;
     QList<om::data::Document *> m_documents;
     /// One connection a document, however often it is listed.
     QHash<om::data::Document *, QMetaObject::Connection> m_watches;
@@ -142,14 +145,16 @@ private:
     QPointer<QDrag> m_drag;
     bool m_runScheduled = false;
     bool m_loopRunning = false;
+    /// The loop of the last drag that was announced has run.
+    bool m_loopIsOver = false;
     /// Where the filter sits, which need not be the source's window any more.
     QPointer<QQuickWindow> m_watchedWindow;
     std::unique_ptr<QQmlIncubator> m_incubator;
     /// What the incubator handed out, complete or not, an item or not.
     QPointer<QObject> m_incubated;
     QPointer<QQuickItem> m_visual;
-    /// The receiver of the documents' signals and of the scheduled call: with it they end, while
-    /// the item behind the source still lives for a while.
+    /// The receiver of the documents' and the child's signals and of the scheduled call: with it
+    /// they end, while the item behind the source still lives for a while.
     QObject m_receiverOfCalls;
 };
 

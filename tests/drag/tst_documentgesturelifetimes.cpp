@@ -100,6 +100,10 @@ private Q_SLOTS:
     void areaStaysActiveThoughItsChildHasNoGrab();
     void areaEndsWithTheLoopWhereNoReleaseCanCome_data();
     void areaEndsWithTheLoopWhereNoReleaseCanCome();
+    void runsThoughNoReleaseCanComeAtTheStart_data();
+    void runsThoughNoReleaseCanComeAtTheStart();
+    void movesBeforeTheLoopAreNoMatter_data() { sources(); }
+    void movesBeforeTheLoopAreNoMatter();
     void areaEndsOnceNoReleaseCanCome_data();
     void areaEndsOnceNoReleaseCanCome();
     void areaWaitsForAChildThatTookTheMouseOver();
@@ -107,6 +111,7 @@ private Q_SLOTS:
     void pressedAnewInsideTheEnd();
     void startedAnewInsideTheStart_data() { sources(); }
     void startedAnewInsideTheStart();
+    void startedAndRunInsideTheStart();
 
     void sourceDestroyedByItsVisualAtTheNextPress();
     void sourceDestroyedByItsVisualAtTheRelease_data() { sources(); }
@@ -445,10 +450,76 @@ void TestDocumentGestureLifetimes::areaEndsWithTheLoopWhereNoReleaseCanCome()
     QVERIFY(!source()->isActive());
 }
 
+void TestDocumentGestureLifetimes::runsThoughNoReleaseCanComeAtTheStart_data()
+{
+    QTest::addColumn<bool>("ungrabs");
+    for (const char *type : {"DragArea", "DragZone"}) {
+        QTest::addRow("%s, pressed child ungrabbed", type) << true;
+        QTest::addRow("%s, filtering switched off", type) << false;
+    }
+}
+
+void TestDocumentGestureLifetimes::runsThoughNoReleaseCanComeAtTheStart()
+{
+    // As a list does that is not to be flicked during a drag.
+    QFETCH(bool, ungrabs);
+    support::SignalRecorder recorder;
+    recorder.watch(source()->item(), text("source"), {text("dragActiveChanged")}, [&] {
+        if (!source()->isActive()) {
+            return text("off");
+        }
+        if (ungrabs) {
+            source()->ungrab();
+        } else {
+            source()->item()->setProperty("dragEnabled", false);
+        }
+        return text("on");
+    });
+    source()->press();
+    source()->moveOnly(10, 0);
+    QVERIFY2(source()->isActive(), "the drag is still to run");
+    QCOMPARE(source()->payload(), payloadOf({text("first"), text("second"), text("third")}));
+    QCoreApplication::processEvents();
+    QVERIFY2(!source()->isActive(), "the end of the loop is the end of the drag");
+    QCOMPARE(recorder.take(),
+             (QStringList{text("source.dragActiveChanged [on]"),
+                          text("source.dragActiveChanged [off]")}));
+}
+
+void TestDocumentGestureLifetimes::movesBeforeTheLoopAreNoMatter()
+{
+    // Neither inside the signal, nor those from which on a list keeps the grab for being flicked.
+    QFETCH(bool, isZone);
+    support::SignalRecorder recorder;
+    recorder.watch(source()->item(), text("source"), {text("dragActiveChanged")}, [this] {
+        if (!source()->isActive()) {
+            return text("off");
+        }
+        source()->moveOnly(15, 0);
+        return text("on");
+    });
+    source()->press();
+    source()->moveOnly(10, 0);
+    source()->child()->grabMouse();
+    source()->child()->setKeepMouseGrab(true);
+    QCOMPARE(m_window->mouseGrabberItem(), source()->child());
+    source()->moveOnly(20, 0);
+    QVERIFY2(source()->isActive(), "the drag is still to run");
+    QCOMPARE(source()->drags().size(), 1);
+    QCoreApplication::processEvents();
+    QCOMPARE(source()->isActive(), !isZone);
+    source()->release();
+    QCOMPARE(recorder.take(),
+             (QStringList{text("source.dragActiveChanged [on]"),
+                          text("source.dragActiveChanged [off]")}));
+}
+
 void TestDocumentGestureLifetimes::areaEndsOnceNoReleaseCanCome_data()
 {
     using Happening = std::function<void(FilteredSource *)>;
     QTest::addColumn<Happening>("happening");
+    QTest::newRow("pressed child destroyed")
+        << Happening([](FilteredSource *source) { delete source->child(); });
     QTest::newRow("pressed child ungrabbed")
         << Happening([](FilteredSource *source) { source->ungrab(); });
     QTest::newRow("filtering switched off") << Happening(
@@ -462,8 +533,10 @@ void TestDocumentGestureLifetimes::areaEndsOnceNoReleaseCanCome()
     source()->move(10, 0);
     QVERIFY2(source()->isActive(), "the loop is over, and the release is still to come");
     support::SignalRecorder recorder;
-    recorder.watch(source()->item(), text("source"));
+    recorder.watch(source()->item(), text("source"),
+                   {text("dragActiveChanged"), text("dragEnabledChanged")});
     happening(source());
+    QCoreApplication::processEvents();
     QVERIFY(!source()->isActive());
     QCOMPARE(recorder.take().constFirst(), text("source.dragActiveChanged"));
 }
@@ -545,6 +618,29 @@ void TestDocumentGestureLifetimes::startedAnewInsideTheStart()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(!source()->isActive());
     QVERIFY(source()->drags().isEmpty());
+    QCOMPARE(recorder.entries().size(), 4);
+}
+
+void TestDocumentGestureLifetimes::startedAndRunInsideTheStart()
+{
+    // A loop inside the signal, in which a whole drag comes and goes but for its release.
+    bool first = true;
+    support::SignalRecorder recorder;
+    recorder.watch(source()->item(), text("source"), {text("dragActiveChanged")}, [&] {
+        if (first) {
+            first = false;
+            source()->release();
+            source()->press();
+            source()->move(10, 0);
+        }
+        return QString();
+    });
+    source()->press();
+    source()->moveOnly(10, 0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY2(source()->drags().isEmpty(), "the second drag was the last");
+    QVERIFY(source()->isActive());
+    source()->release();
     QCOMPARE(recorder.entries().size(), 4);
 }
 
