@@ -292,7 +292,7 @@ void TestInterruptedDrags::otherButtonDuringTheDrag()
     dragOver(gesture, over)
         .press(Qt::RightButton)
         .release(Qt::RightButton)
-        .until([this] { return !QGuiApplication::mouseButtons(); }, "the buttons to be up")
+        .until([] { return !QGuiApplication::mouseButtons(); }, "the buttons to be up")
         .release();
     // The platform's loop ends at the first button that goes up, whichever it is.
     gesture.run();
