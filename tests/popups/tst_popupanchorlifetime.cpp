@@ -401,6 +401,13 @@ void TestPopupAnchorLifetime::anchorDestroyedWhileShown()
     scene.anchorItem->setParentItem(nullptr);
     QCoreApplication::processEvents();
     scene.anchorItem->setParentItem(home);
+    // And before the anchor has left the window as well.
+    scene.run(QStringLiteral("anchor.hide(); anchor.show()"));
+    QVERIFY(scene.anchor());
+    scene.anchorItem->setParentItem(nullptr);
+    delete scene.anchor();
+    QCoreApplication::processEvents();
+    scene.anchorItem->setParentItem(home);
 }
 
 /// An item of the application's own whose end comes while it is made.

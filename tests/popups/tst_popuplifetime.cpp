@@ -56,6 +56,7 @@ private Q_SLOTS:
     void closedByAHandlerOfItsMove();
     void reopenedByAHandlerOfItsMove_data();
     void reopenedByAHandlerOfItsMove();
+    void inputWhileItCloses();
     void placeChangedByAHandlerOfItsMove_data();
     void placeChangedByAHandlerOfItsMove();
     void aThousandOpensAndCloses();
@@ -557,6 +558,24 @@ void TestPopupLifetime::reopenedByAHandlerOfItsMove()
     press(maker.window(), outside);
     QCOMPARE(recorder.take(), QStringList{QStringLiteral("popup.rejected")});
     QCOMPARE(maker.pressedBelow(), 0);
+}
+
+/// A popup that tells of its closing is closed already: no input rejects it.
+void TestPopupLifetime::inputWhileItCloses()
+{
+    Maker maker;
+    QQuickItem *popup = maker.make();
+    open(popup);
+    SignalRecorder recorder;
+    recorder.watch(popup, QStringLiteral("popup"), {QStringLiteral("rejected")});
+    const SignalTrap trap(popup, "openChanged", [&maker] {
+        press(maker.window(), outside);
+        QTest::keyClick(maker.window(), Qt::Key_Escape);
+    });
+    popup->setProperty("open", false);
+    QVERIFY(trap.hasSprung());
+    QCOMPARE(recorder.take(), QStringList());
+    QCOMPARE(maker.pressedBelow(), 1);
 }
 
 void TestPopupLifetime::placeChangedByAHandlerOfItsMove_data()
