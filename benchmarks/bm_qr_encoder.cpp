@@ -100,8 +100,9 @@ int main()
     for (int version : {1, 2, 5, 10, 20, 40}) {
         for (int level : {0, 3}) {
             Row row{version, level, {}};
-            for (int left = qr::byteCapacity(level, version); left > 0; --left)
+            for (int left = qr::byteCapacity(level, version); left > 0; --left) {
                 row.text.push_back(static_cast<unsigned char>(random()));
+            }
             rows.push_back(row);
         }
     }

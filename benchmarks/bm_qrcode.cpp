@@ -66,8 +66,9 @@ public:
         m_component.setData(qml, QUrl());
         m_window.resize(640, 640);
         m_window.show();
-        while (!m_window.isExposed())
+        while (!m_window.isExposed()) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
         grab();
     }
 
@@ -76,8 +77,9 @@ public:
     void create()
     {
         m_root.reset(qobject_cast<QQuickItem *>(m_component.create()));
-        if (!m_root)
+        if (!m_root) {
             qFatal("%s", qPrintable(m_component.errorString()));
+        }
         m_root->setParentItem(m_window.contentItem());
     }
 
@@ -103,8 +105,9 @@ public:
     /// Renders a frame.
     void grab()
     {
-        if (m_window.grabWindow().isNull())
+        if (m_window.grabWindow().isNull()) {
             qFatal("The window is not rendered");
+        }
     }
 
     void setText()
@@ -138,8 +141,9 @@ void compare(const char *name, double goal, Side &ours, Side &theirs, void (Side
             // server: milliseconds that are the same for both and that no application waits for.
             side.grab();
             times[peer].add([&] { (side.*action)(); });
-            if (undo)
+            if (undo) {
                 (side.*undo)();
+            }
             Side::settle();
         }
     }
@@ -176,8 +180,9 @@ Memory measureMemory(Side &side)
     side.grab();
     used.shown = (benchmark::heap() - before) / count;
     side.setVisible(false);
-    for (int frame = 0; frame < 4; ++frame)
+    for (int frame = 0; frame < 4; ++frame) {
         side.grab();
+    }
     used.settled = (benchmark::heap() - before) / count;
     return used;
 }
@@ -187,8 +192,9 @@ bool askForMemory(const QString &program, const char *side, Memory &used)
 {
     QProcess process;
     process.start(program, {QStringLiteral("--memory"), QLatin1String(side)});
-    if (!process.waitForFinished(-1) || process.exitCode() != 0)
+    if (!process.waitForFinished(-1) || process.exitCode() != 0) {
         return false;
+    }
     const QByteArray output = process.readAllStandardOutput();
     const int line = output.lastIndexOf("memory ");
     return line >= 0

@@ -19,11 +19,13 @@ namespace {
 QStringView numberAt(const QString &text, int &position)
 {
     while (position < text.size() - 1 && text.at(position) == QLatin1Char('0')
-           && text.at(position + 1).isDigit())
+           && text.at(position + 1).isDigit()) {
         ++position;
+    }
     const int start = position;
-    while (position < text.size() && text.at(position).isDigit())
+    while (position < text.size() && text.at(position).isDigit()) {
         ++position;
+    }
     return QStringView(text).mid(start, position - start);
 }
 
@@ -37,15 +39,18 @@ int compareNames(const QString &a, const QString &b)
         if (a.at(i).isDigit() && b.at(j).isDigit()) {
             const QStringView left = numberAt(a, i);
             const QStringView right = numberAt(b, j);
-            if (left.size() != right.size())
+            if (left.size() != right.size()) {
                 return left.size() < right.size() ? -1 : 1;
-            if (const int order = left.compare(right))
+            }
+            if (const int order = left.compare(right)) {
                 return order;
+            }
         } else {
             const QChar left = a.at(i++).toCaseFolded();
             const QChar right = b.at(j++).toCaseFolded();
-            if (left != right)
+            if (left != right) {
                 return left < right ? -1 : 1;
+            }
         }
     }
     return (a.size() - i) - (b.size() - j);
@@ -75,8 +80,9 @@ FolderDocument::FolderDocument(FolderTree *tree, const QFileInfo &file, QObject 
 
 FolderDocument::~FolderDocument()
 {
-    if (m_tree && m_loaded)
+    if (m_tree && m_loaded) {
         m_tree->unwatch(m_path, this);
+    }
 }
 
 bool FolderDocument::isFolder() const
@@ -96,23 +102,26 @@ bool FolderDocument::isLoaded() const
 
 void FolderDocument::refresh()
 {
-    if (!m_loaded || !m_tree)
+    if (!m_loaded || !m_tree) {
         return;
+    }
     updateReadable(QFileInfo(m_path));
     m_tree->watch(m_path, this);
 
     const QFileInfoList files = entries();
     QHash<QString, QFileInfo> present;
-    for (const QFileInfo &file : files)
+    for (const QFileInfo &file : files) {
         present.insert(file.absoluteFilePath(), file);
+    }
 
     QHash<QString, FolderDocument *> kept;
     QList<FolderDocument *> gone;
     const QList<om::data::Document *> children = childDocuments();
     for (om::data::Document *child : children) {
         auto *document = qobject_cast<FolderDocument *>(child);
-        if (!document)
+        if (!document) {
             continue;
+        }
         if (document->standsFor(present.value(document->m_path))) {
             kept.insert(document->m_path, document);
         } else {
@@ -127,23 +136,26 @@ void FolderDocument::refresh()
     }
     setChildDocuments(now);
     // Whoever shows them may be in the middle of something.
-    for (FolderDocument *document : qAsConst(gone))
+    for (FolderDocument *document : qAsConst(gone)) {
         document->deleteLater();
+    }
 
     for (FolderDocument *document : qAsConst(kept)) {
         document->updateType(present.value(document->m_path));
         document->updateReadable(present.value(document->m_path));
         // A folder that was deleted and made anew between two looks is another one on disk.
-        if (document->m_loaded && m_tree->watch(document->m_path, document))
+        if (document->m_loaded && m_tree->watch(document->m_path, document)) {
             document->refresh();
+        }
     }
 }
 
 void FolderDocument::updateType(const QFileInfo &file)
 {
     // Finding a type may mean reading the file; large folders have many that did not change.
-    if (file.size() == m_typedSize && file.lastModified() == m_typedTime)
+    if (file.size() == m_typedSize && file.lastModified() == m_typedTime) {
         return;
+    }
     m_typedSize = file.size();
     m_typedTime = file.lastModified();
     setTypes({typeOf(file)});
@@ -152,8 +164,9 @@ void FolderDocument::updateType(const QFileInfo &file)
 void FolderDocument::updateReadable(const QFileInfo &file)
 {
     const bool readable = canRead(file);
-    if (readable == m_readable)
+    if (readable == m_readable) {
         return;
+    }
     m_readable = readable;
     Q_EMIT readableChanged();
 }
@@ -166,29 +179,35 @@ bool FolderDocument::standsFor(const QFileInfo &file) const
 
 QString FolderDocument::typeOf(const QFileInfo &file)
 {
-    if (file.isDir())
+    if (file.isDir()) {
         return QStringLiteral("folder");
+    }
     const QMimeType mime = QMimeDatabase().mimeTypeForFile(file);
-    if (mime.name().startsWith(QLatin1String("image/")))
+    if (mime.name().startsWith(QLatin1String("image/"))) {
         return QStringLiteral("image");
-    if (mime.name().startsWith(QLatin1String("video/")))
+    }
+    if (mime.name().startsWith(QLatin1String("video/"))) {
         return QStringLiteral("video");
-    if (mime.inherits(QStringLiteral("text/plain")))
+    }
+    if (mime.inherits(QStringLiteral("text/plain"))) {
         return QStringLiteral("text");
+    }
     return QStringLiteral("file");
 }
 
 QList<om::data::Document *> FolderDocument::loadChildren()
 {
     QList<om::data::Document *> children;
-    if (!m_folder || m_link || !m_tree)
+    if (!m_folder || m_link || !m_tree) {
         return children;
+    }
     m_loaded = true;
     updateReadable(QFileInfo(m_path));
     m_tree->watch(m_path, this);
     const QFileInfoList files = entries();
-    for (const QFileInfo &file : files)
+    for (const QFileInfo &file : files) {
         children.append(new FolderDocument(m_tree, file));
+    }
     return children;
 }
 
@@ -197,8 +216,9 @@ QFileInfoList FolderDocument::entries() const
     QFileInfoList files =
         QDir(m_path).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::NoSort);
     std::sort(files.begin(), files.end(), [](const QFileInfo &a, const QFileInfo &b) {
-        if (a.isDir() != b.isDir())
+        if (a.isDir() != b.isDir()) {
             return a.isDir();
+        }
         const int order = compareNames(a.fileName(), b.fileName());
         return order != 0 ? order < 0 : a.fileName() < b.fileName();
     });

@@ -32,8 +32,9 @@ FolderTree::FolderTree(const QString &path, QObject *parent)
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
             [this](const QString &changed) {
                 m_changed.insert(changed);
-                if (!m_refresh.isActive())
+                if (!m_refresh.isActive()) {
                     m_refresh.start();
+                }
             });
     m_folder =
         std::make_unique<FolderDocument>(this, QFileInfo(QFileInfo(path).canonicalFilePath()));
@@ -72,19 +73,22 @@ bool FolderTree::watch(const QString &path, FolderDocument *document)
 {
     m_watched.insert(path, document);
     if (m_watcher.directories().contains(path) || !document->isReadable()
-        || !QFileInfo(path).isDir())
+        || !QFileInfo(path).isDir()) {
         return false;
+    }
     return m_watcher.addPath(path);
 }
 
 void FolderTree::unwatch(const QString &path, FolderDocument *document)
 {
     // The path may belong to another document by now.
-    if (m_watched.value(path) != document)
+    if (m_watched.value(path) != document) {
         return;
+    }
     m_watched.remove(path);
-    if (m_watcher.directories().contains(path))
+    if (m_watcher.directories().contains(path)) {
         m_watcher.removePath(path);
+    }
 }
 
 void FolderTree::refreshChanged()
@@ -92,8 +96,9 @@ void FolderTree::refreshChanged()
     const QSet<QString> changed = m_changed;
     m_changed.clear();
     for (const QString &path : changed) {
-        if (FolderDocument *document = m_watched.value(path))
+        if (FolderDocument *document = m_watched.value(path)) {
             document->refresh();
+        }
     }
 }
 

@@ -36,8 +36,9 @@ void filter(QtMsgType type, const QMessageLogContext &context, const QString &me
 void keepQuiet()
 {
     const QtMessageHandler before = qInstallMessageHandler(filter);
-    if (before != filter)
+    if (before != filter) {
         printer = before;
+    }
 }
 
 Listening::Listening()

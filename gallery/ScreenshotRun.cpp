@@ -21,8 +21,9 @@ constexpr int patience = 30000; // ms without any frame
 
 bool isLoading(QQuickItem *item)
 {
-    if (!item->isVisible())
+    if (!item->isVisible()) {
         return false;
+    }
     const QMetaObject *type = item->metaObject();
     const int status = type->indexOfProperty("status");
     // Image's and Loader's "Loading" have the same name and different values.
@@ -30,8 +31,9 @@ bool isLoading(QQuickItem *item)
         const QMetaProperty property = type->property(status);
         if (property.isEnumType()
             && qstrcmp(property.enumerator().valueToKey(property.read(item).toInt()), "Loading")
-                == 0)
+                == 0) {
             return true;
+        }
     }
     const QList<QQuickItem *> children = item->childItems();
     return std::any_of(children.begin(), children.end(), isLoading);
@@ -61,8 +63,9 @@ void ScreenshotRun::setTall(bool tall)
 void ScreenshotRun::start(const QStringList &pages)
 {
     m_pages = pages;
-    if (!QDir().mkpath(m_folder))
+    if (!QDir().mkpath(m_folder)) {
         return fail(QStringLiteral("%1 cannot be made").arg(m_folder));
+    }
     nextPage();
 }
 
@@ -85,11 +88,13 @@ void ScreenshotRun::nextPage()
 
 void ScreenshotRun::handleFrame()
 {
-    if (m_page.isEmpty())
+    if (m_page.isEmpty()) {
         return;
+    }
     m_watchdog.start();
-    if (m_window->property("pageBroken").toBool())
+    if (m_window->property("pageBroken").toBool()) {
         return fail(QStringLiteral("page %1 cannot be loaded").arg(m_page));
+    }
     const int height =
         m_tall ? qMax(m_lowestHeight, m_window->property("pageHeight").toInt()) : m_lowestHeight;
     const bool resized = height != m_window->height();
@@ -107,8 +112,9 @@ void ScreenshotRun::handleFrame()
     }
 
     const QImage image = m_window->grabWindow();
-    if (image.isNull())
+    if (image.isNull()) {
         return fail(QStringLiteral("the window cannot be grabbed"));
+    }
     if (image != m_previous && !tired) {
         m_previous = image;
         m_sincePrevious.start();
@@ -116,8 +122,9 @@ void ScreenshotRun::handleFrame()
         return;
     }
     const QString file = QDir(m_folder).filePath(m_page + QLatin1String(".png"));
-    if (!image.save(file))
+    if (!image.save(file)) {
         return fail(QStringLiteral("%1 cannot be written").arg(file));
+    }
     nextPage();
 }
 

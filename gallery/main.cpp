@@ -29,8 +29,9 @@ QStringList pageNames(const QQuickWindow *window)
 {
     QStringList names;
     const QVariantList pages = window->property("pages").toList();
-    for (const QVariant &page : pages)
+    for (const QVariant &page : pages) {
         names.append(page.toMap().value(QStringLiteral("name")).toString());
+    }
     return names;
 }
 
@@ -71,8 +72,9 @@ int main(int argc, char *argv[])
     parser.process(application);
 
     const QString path = parser.positionalArguments().value(0, QDir::currentPath());
-    if (!QFileInfo(path).isDir())
+    if (!QFileInfo(path).isDir()) {
         return refuse(QStringLiteral("%1 is not a folder").arg(path));
+    }
 
     // Light is a weight of its own, so the product's family stands for the whole of Lato.
     QFont::insertSubstitution(QStringLiteral("Om_Lato"), QStringLiteral("Lato"));
@@ -91,8 +93,9 @@ int main(int argc, char *argv[])
     om::gallery::prepareEngine(&engine, &tree);
     engine.load(QUrl(QStringLiteral("qrc:/gallery/qml/Gallery.qml")));
     auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
-    if (!window)
+    if (!window) {
         return refuse(QStringLiteral("the window cannot be made"));
+    }
 
     QStringList pages = pageNames(window);
     if (parser.isSet(pagesOption)) {
@@ -114,8 +117,9 @@ int main(int argc, char *argv[])
         const QStringList parts = parser.value(sizeOption).split(QLatin1Char('x'));
         const int width = parts.value(0).toInt();
         const int height = parts.size() > 1 ? parts.value(1).toInt() : window->height();
-        if (width <= 0 || height <= 0 || parts.size() > 2)
+        if (width <= 0 || height <= 0 || parts.size() > 2) {
             return refuse(QStringLiteral("%1 is not a size").arg(parser.value(sizeOption)));
+        }
         tall = parts.size() == 1;
         window->resize(QSize(width, height).expandedTo(window->minimumSize()));
     }
@@ -130,8 +134,9 @@ int main(int argc, char *argv[])
     int code = 0;
     QObject::connect(&run, &om::gallery::ScreenshotRun::finished, &application,
                      [&code](const QString &error) {
-                         if (!error.isEmpty())
+                         if (!error.isEmpty()) {
                              code = refuse(error);
+                         }
                          QCoreApplication::quit();
                      });
     // Out of the way, or the item under the pointer is drawn as hovered.

@@ -37,10 +37,12 @@ void store(std::uint64_t value, unsigned char *bytes)
 
 int alphanumericValue(char character)
 {
-    if (character >= '0' && character <= '9')
+    if (character >= '0' && character <= '9') {
         return character - '0';
-    if (character >= 'A' && character <= 'Z')
+    }
+    if (character >= 'A' && character <= 'Z') {
         return character - 'A' + 10;
+    }
     switch (character) {
     case ' ':
         return 36;
@@ -91,8 +93,9 @@ int chooseVersion(int level, int requested, std::int64_t length)
         const std::int64_t codewords = (segmentBits(EightBit, length, group) + 7) / 8;
         for (int version = group ? groupEnds[group - 1] + 1 : 1; version <= groupEnds[group];
              ++version) {
-            if (versionTable[version].data[level] >= codewords)
+            if (versionTable[version].data[level] >= codewords) {
                 return version;
+            }
         }
     }
     return 0;
@@ -138,8 +141,9 @@ bool BitStream::appendBytes(const char *bytes, int count)
         *place++ = static_cast<unsigned char>((begun | next >> used) >> 56);
         begun = used ? next << (8 - used) : 0;
     }
-    if (used)
+    if (used) {
         *place = static_cast<unsigned char>(begun >> 56);
+    }
     m_bits += 8 * count;
     return true;
 }
@@ -157,8 +161,9 @@ void encodeData(int level, int version, const char *text, int length, unsigned c
     // the count take four bits more than whole bytes.
     stream.append(0, 4);
     const int used = (stream.bits() + 7) / 8;
-    for (int index = used; index < capacity; ++index)
+    for (int index = used; index < capacity; ++index) {
         codewords[index] = static_cast<unsigned char>(padding[(index - used) & 1]);
+    }
 }
 
 } // namespace om::controls::qr

@@ -38,16 +38,18 @@ void writeBits(std::uint64_t bits, int k, unsigned char *result)
 {
     unsigned char *byte = result + k / 8;
     *byte |= static_cast<unsigned char>(bits >> 56 >> k % 8);
-    for (bits <<= 8 - k % 8; bits; bits <<= 8)
+    for (bits <<= 8 - k % 8; bits; bits <<= 8) {
         *++byte = static_cast<unsigned char>(bits >> 56);
+    }
 }
 
 /// Writes the rows one behind the other.
 void writeResult(const qr::MaskedSymbol &masked, unsigned char *result)
 {
     for (int y = 0; y < masked.size; ++y) {
-        for (int word = 0; word < qr::wordsOf(masked.size); ++word)
+        for (int word = 0; word < qr::wordsOf(masked.size); ++word) {
             writeBits(masked.rows.first(word)[y], y * masked.size + 64 * word, result);
+        }
     }
 }
 
@@ -71,22 +73,27 @@ void qr::makeSymbol(int level, int version, const char *text, int length, unsign
 int qr::encode(Maker maker, int level, int version, const char *text, int length,
                unsigned char *result)
 {
-    if (!result)
+    if (!result) {
         return -1;
+    }
     std::memset(result, 0, QrResultBytes);
-    if (level < 0 || level >= LevelCount || version < 0 || version > MaximumVersion || !text)
+    if (level < 0 || level >= LevelCount || version < 0 || version > MaximumVersion || !text) {
         return -1;
+    }
     if (length < 1) {
         // One byte more than fits tells enough.
         length = measure(text, byteCapacity(level, version ? version : MaximumVersion) + 1);
-        if (length == 0)
+        if (length == 0) {
             return -1;
+        }
     }
     const int needed = chooseVersion(level, version, length);
-    if (needed == 0 || (version && needed > version))
+    if (needed == 0 || (version && needed > version)) {
         return -1;
-    if (version == 0)
+    }
+    if (version == 0) {
         version = needed;
+    }
     maker(level, version, text, length, result);
     return sizeOf(version);
 }

@@ -29,15 +29,17 @@ struct Polynomial
     /// Takes the first coefficient away and multiplies the rest by x.
     void advance()
     {
-        for (int word = 0; word + 1 < PolynomialWords; ++word)
+        for (int word = 0; word + 1 < PolynomialWords; ++word) {
             words[word] = words[word] << 8 | words[word + 1] >> 56;
+        }
         words[PolynomialWords - 1] <<= 8;
     }
 
     void add(const Polynomial &other)
     {
-        for (int word = 0; word < PolynomialWords; ++word)
+        for (int word = 0; word < PolynomialWords; ++word) {
             words[word] ^= other.words[word];
+        }
     }
 };
 
@@ -96,8 +98,9 @@ void correctionCodewords(const unsigned char *data, int count, int degree,
         remainder.add(generator.low[leading & 15]);
         remainder.add(generator.high[leading >> 4]);
     }
-    for (int index = 0; index < degree; ++index)
+    for (int index = 0; index < degree; ++index) {
         correction[index] = remainder.coefficient(index);
+    }
 }
 
 void constructMessage(int level, int version, const unsigned char *data, unsigned char *message)
@@ -117,12 +120,15 @@ void constructMessage(int level, int version, const unsigned char *data, unsigne
         unsigned char correction[MaximumDegree];
         correctionCodewords(data, count, degree, correction);
 
-        for (int column = 0; column < columns; ++column)
+        for (int column = 0; column < columns; ++column) {
             message[column * blocks + block] = data[column];
-        if (count > columns)
+        }
+        if (count > columns) {
             *extra++ = data[columns];
-        for (int index = 0; index < degree; ++index)
+        }
+        for (int index = 0; index < degree; ++index) {
             corrections[index * blocks + block] = correction[index];
+        }
         data += count;
     }
 }

@@ -16,8 +16,9 @@ constexpr int TimingLine = 6; ///< The row and the column of the timing patterns
 void placeModule(Symbol &symbol, int x, int y, bool dark)
 {
     symbol.function.set(x, y);
-    if (dark)
+    if (dark) {
         symbol.columns.set(x, y);
+    }
 }
 
 /// A finder pattern of 7 x 7 modules around a center, with the light separator around it.
@@ -63,8 +64,9 @@ void placeAlignmentPatterns(const VersionRow &version, Symbol &symbol)
             const bool upperLeft = across == 0 && down == 0;
             const bool upperRight = across == last && down == 0;
             const bool lowerLeft = across == 0 && down == last;
-            if (!upperLeft && !upperRight && !lowerLeft)
+            if (!upperLeft && !upperRight && !lowerLeft) {
                 placeAlignmentPattern(symbol, coordinate(across), coordinate(down));
+            }
         }
     }
 }
@@ -73,8 +75,9 @@ void placeAlignmentPatterns(const VersionRow &version, Symbol &symbol)
 /// columns above the lower left finder pattern, along the rows to the left of the upper right one.
 void placeVersionInformation(int version, Symbol &symbol)
 {
-    if (version < 7)
+    if (version < 7) {
         return;
+    }
     const int information = versionInformation(version);
     const int far = symbol.size - 11;
     for (int bit = 0; bit < 18; ++bit) {
@@ -88,8 +91,9 @@ void placeVersionInformation(int version, Symbol &symbol)
 void reserveFormatInformation(Symbol &symbol)
 {
     for (int bit = 0; bit < FormatBits; ++bit) {
-        for (const Place &place : formatPlaces(bit, symbol.size))
+        for (const Place &place : formatPlaces(bit, symbol.size)) {
             placeModule(symbol, place.x, place.y, false);
+        }
     }
     placeModule(symbol, 8, symbol.size - 8, true);
 }
@@ -99,8 +103,9 @@ void reserveFormatInformation(Symbol &symbol)
 void BitMatrix::clear(int size)
 {
     const std::size_t lines = static_cast<std::size_t>(size) + 2 * Margin;
-    for (int word = 0; word < wordsOf(size); ++word)
+    for (int word = 0; word < wordsOf(size); ++word) {
         std::memset(words[word], 0, lines * sizeof words[word][0]);
+    }
 }
 
 void placeFunctionPatterns(int version, Symbol &symbol)

@@ -21,10 +21,12 @@ struct MaskPatterns
             for (int place = 0; place < 64 * BitMatrix::Words; ++place) {
                 const std::uint64_t bit = 1ull << 63 >> place % 64;
                 for (int line = 0; line < MaskPeriod; ++line) {
-                    if (maskCondition(mask, line, place))
+                    if (maskCondition(mask, line, place)) {
                         columns[mask][place / 64][line] |= bit;
-                    if (maskCondition(mask, place, line))
+                    }
+                    if (maskCondition(mask, place, line)) {
                         rows[mask][place / 64][line] |= bit;
+                    }
                 }
             }
         }
@@ -102,8 +104,9 @@ public:
             const std::uint64_t middle = m_lines[line + 3] & ~change(line + 2) & ~change(line + 3);
             std::uint64_t found = middle & alternating(line - 1) & alternating(line + 4)
                 & (plain(line - 4) | plain(line + 7));
-            for (; found; found &= found - 1) // Rarely more than one.
+            for (; found; found &= found - 1) { // Rarely more than one.
                 ++patterns;
+            }
         }
         return patterns;
     }
@@ -126,8 +129,9 @@ public:
     int dark() const
     {
         int modules = 0;
-        for (int line = 0; line < m_size; ++line)
+        for (int line = 0; line < m_size; ++line) {
             modules += countBits(m_lines[line]);
+        }
         return modules;
     }
 
@@ -192,8 +196,9 @@ void placeFormatInformation(int level, int mask, MaskedSymbol &masked)
 {
     const int information = formatInformation(level, mask);
     for (int bit = 0; bit < FormatBits; ++bit) {
-        if (!(information >> bit & 1))
+        if (!(information >> bit & 1)) {
             continue;
+        }
         for (const Place &place : formatPlaces(bit, masked.size)) {
             masked.columns.set(place.x, place.y);
             masked.rows.set(place.y, place.x);

@@ -24,8 +24,9 @@ public:
     /// The next one, 0 or 1.
     std::uint64_t take()
     {
-        if (m_left == 0)
+        if (m_left == 0) {
             load();
+        }
         --m_left;
         const std::uint64_t bit = m_bits >> 63;
         m_bits <<= 1;
@@ -35,8 +36,9 @@ public:
 private:
     void load()
     {
-        for (int byte = 0; byte < 8; ++byte)
+        for (int byte = 0; byte < 8; ++byte) {
             m_bits = m_bits << 8 | (m_next < m_end ? *m_next++ : 0u);
+        }
         m_left = 64;
     }
 
@@ -59,10 +61,12 @@ void placeInPair(MessageBits &bits, bool upwards, int rows, const std::uint64_t 
     int shift = upwards ? 64 - rows : 63;
     const int step = upwards ? 1 : -1;
     for (int row = 0; row < rows; ++row, shift += step) {
-        if (!(functionRight >> shift & 1))
+        if (!(functionRight >> shift & 1)) {
             right |= next.take() << shift;
-        if (!(functionLeft >> shift & 1))
+        }
+        if (!(functionLeft >> shift & 1)) {
             left |= next.take() << shift;
+        }
     }
     columns[0] |= right;
     columns[-1] |= left;
@@ -74,8 +78,9 @@ void placeInPair(MessageBits &bits, bool upwards, int rows, const std::uint64_t 
 void exchangeQuarters(std::uint64_t (&lines)[64], int distance, std::uint64_t left)
 {
     for (int line = 0; line < 64; ++line) {
-        if (line & distance)
+        if (line & distance) {
             continue;
+        }
         const std::uint64_t changed = (lines[line] << distance ^ lines[line + distance]) & left;
         lines[line] ^= changed >> distance;
         lines[line + distance] ^= changed;
@@ -90,8 +95,9 @@ void placeCodewords(const unsigned char *message, int count, Symbol &symbol)
     const int words = wordsOf(symbol.size);
     bool upwards = true;
     for (int right = symbol.size - 1; right > 0; right -= 2, upwards = !upwards) {
-        if (right == TimingColumn) // The pairs step over it.
+        if (right == TimingColumn) { // The pairs step over it.
             --right;
+        }
         for (int step = 0; step < words; ++step) {
             const int word = upwards ? words - 1 - step : step;
             const int rows = std::min(symbol.size - 64 * word, 64);
@@ -119,8 +125,9 @@ void transpose(Symbol &symbol)
             exchangeQuarters(lines, 4, 0xf0f0f0f0f0f0f0f0);
             exchangeQuarters(lines, 2, 0xcccccccccccccccc);
             exchangeQuarters(lines, 1, 0xaaaaaaaaaaaaaaaa);
-            for (int line = 0; line < 64 && 64 * down + line < symbol.size; ++line)
+            for (int line = 0; line < 64 && 64 * down + line < symbol.size; ++line) {
                 symbol.rows.first(across)[64 * down + line] = lines[line];
+            }
         }
     }
 }

@@ -173,8 +173,9 @@ constexpr int lowestPenalty(const int (&penalties)[MaskCount])
 {
     int best = 0;
     for (int mask = 1; mask < MaskCount; ++mask) {
-        if (penalties[mask] < penalties[best])
+        if (penalties[mask] < penalties[best]) {
             best = mask;
+        }
     }
     return best;
 }

@@ -58,8 +58,9 @@ constexpr int bchCode(int value, int valueBits, int generator, int checkBits)
 {
     int rest = value << checkBits;
     for (int bit = valueBits - 1; bit >= 0; --bit) {
-        if (rest >> (bit + checkBits) & 1)
+        if (rest >> (bit + checkBits) & 1) {
             rest ^= generator << bit;
+        }
     }
     return value << checkBits | rest;
 }
@@ -82,8 +83,9 @@ struct Place
 /// right one from the right and then downwards beside the lower left one.
 constexpr std::array<Place, 2> formatPlaces(int bit, int size)
 {
-    if (bit < 8)
+    if (bit < 8) {
         return {{{8, bit < 6 ? bit : bit + 1}, {size - 1 - bit, 8}}};
+    }
     return {{{bit == 8 ? 7 : 14 - bit, 8}, {8, size - 15 + bit}}};
 }
 

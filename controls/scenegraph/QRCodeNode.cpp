@@ -57,15 +57,17 @@ void QRCodeNode::setTexture(QSGTexture *texture)
 {
     QSGTexture *const previous = m_material->state()->texture;
     m_material->state()->texture = texture;
-    if (previous)
+    if (previous) {
         previous->deleteLater();
+    }
     markDirty(DirtyMaterial);
 }
 
 void QRCodeNode::setRadius(float radius)
 {
-    if (qFuzzyCompare(radius, m_material->state()->radius))
+    if (qFuzzyCompare(radius, m_material->state()->radius)) {
         return;
+    }
     m_material->state()->radius = radius;
     markDirty(DirtyMaterial);
 }

@@ -36,14 +36,18 @@ void QRCodeShader::resolveUniforms()
 
 void QRCodeShader::updateState(const QRData *newState, const QRData *oldState)
 {
-    if (!oldState || newState->dark != oldState->dark)
+    if (!oldState || newState->dark != oldState->dark) {
         program()->setUniformValue(m_dark, newState->dark);
-    if (!oldState || newState->light != oldState->light)
+    }
+    if (!oldState || newState->light != oldState->light) {
         program()->setUniformValue(m_light, newState->light);
-    if (newState->texture && (!oldState || newState->texture != oldState->texture))
+    }
+    if (newState->texture && (!oldState || newState->texture != oldState->texture)) {
         newState->texture->bind();
-    if (!oldState || !qFuzzyCompare(newState->radius, oldState->radius))
+    }
+    if (!oldState || !qFuzzyCompare(newState->radius, oldState->radius)) {
         program()->setUniformValue(m_radius, newState->radius);
+    }
 }
 
 } // namespace om::controls

@@ -16,10 +16,12 @@ int order(int a, int b)
 
 int order(const QColor &a, const QColor &b)
 {
-    if (const int red = order(a.red(), b.red()))
+    if (const int red = order(a.red(), b.red())) {
         return red;
-    if (const int green = order(a.green(), b.green()))
+    }
+    if (const int green = order(a.green(), b.green())) {
         return green;
+    }
     return order(a.blue(), b.blue());
 }
 
@@ -32,10 +34,12 @@ int idOf(const QSGTexture *texture)
 
 int QRData::compare(const QRData *other) const
 {
-    if (const int darks = order(dark, other->dark))
+    if (const int darks = order(dark, other->dark)) {
         return darks;
-    if (const int lights = order(light, other->light))
+    }
+    if (const int lights = order(light, other->light)) {
         return lights;
+    }
     return order(idOf(texture), idOf(other->texture));
 }
 

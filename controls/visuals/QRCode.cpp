@@ -120,8 +120,9 @@ QUrl QRCode::url() const
 
 void QRCode::setUrl(const QUrl &url)
 {
-    if (!url.isValid() || url == d->url)
+    if (!url.isValid() || url == d->url) {
         return;
+    }
     d->url = url;
     // A handler still sees the size of the old code, and it may delete the item.
     const QPointer<QRCode> item(this);
@@ -143,8 +144,9 @@ void QRCode::setModuleSize(int moduleSize)
         qWarning("Module size must be between %d and %d", MinimumModuleSize, MaximumModuleSize);
         return;
     }
-    if (moduleSize == d->moduleSize)
+    if (moduleSize == d->moduleSize) {
         return;
+    }
     d->moduleSize = moduleSize;
     // Nothing to repaint: what is drawn changes only if the item's geometry does.
     const QPointer<QRCode> item(this);
@@ -162,8 +164,9 @@ QColor QRCode::darkColor() const
 
 void QRCode::setDarkColor(const QColor &color)
 {
-    if (color == d->dark)
+    if (color == d->dark) {
         return;
+    }
     d->dark = color;
     d->changes |= Private::DarkChange;
     update();
@@ -177,8 +180,9 @@ QColor QRCode::lightColor() const
 
 void QRCode::setLightColor(const QColor &color)
 {
-    if (color == d->light)
+    if (color == d->light) {
         return;
+    }
     d->light = color;
     d->changes |= Private::LightChange;
     update();
@@ -210,19 +214,23 @@ QSGNode *QRCode::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
         node = new QRCodeNode;
         d->changes = Private::EveryChange; // Also after a scene graph was released.
     }
-    if (d->changes & Private::GeometryChange)
+    if (d->changes & Private::GeometryChange) {
         node->setRect(boundingRect(), qrSourceRect(d->moduleCount, smoothed));
-    if (d->changes & Private::DarkChange)
+    }
+    if (d->changes & Private::DarkChange) {
         node->setDark(d->dark);
-    if (d->changes & Private::LightChange)
+    }
+    if (d->changes & Private::LightChange) {
         node->setLight(d->light);
+    }
     if (d->changes & Private::ImageChange) {
         QSGTexture *texture = window()->createTextureFromImage(
             moduleImage(d->moduleCount, d->modules),
             QQuickWindow::CreateTextureOptions(QQuickWindow::TextureHasAlphaChannel)
                 | QQuickWindow::TextureOwnsGLTexture);
-        if (texture)
+        if (texture) {
             texture->setFiltering(QSGTexture::Nearest);
+        }
         node->setTexture(texture);
     }
     node->setRadius(radius);

@@ -281,8 +281,9 @@ constexpr CountryCode countryCodes[] = {
 char capital(QChar letter)
 {
     const ushort code = letter.unicode();
-    if (code >= 'a' && code <= 'z')
+    if (code >= 'a' && code <= 'z') {
         return static_cast<char>(code - 'a' + 'A');
+    }
     return code >= 'A' && code <= 'Z' ? static_cast<char>(code) : '\0';
 }
 
@@ -290,13 +291,15 @@ char capital(QChar letter)
 
 QLocale::Country Country::countryForCode(const QString &code)
 {
-    if (code.size() != 2)
+    if (code.size() != 2) {
         return QLocale::AnyCountry;
+    }
 
     const CountryCode wanted{{capital(code.at(0)), capital(code.at(1)), '\0'}, QLocale::AnyCountry};
     const auto found = std::lower_bound(std::begin(countryCodes), std::end(countryCodes), wanted);
-    if (found == std::end(countryCodes) || wanted < *found)
+    if (found == std::end(countryCodes) || wanted < *found) {
         return QLocale::AnyCountry;
+    }
     return found->country;
 }
 

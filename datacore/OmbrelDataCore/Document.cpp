@@ -53,8 +53,9 @@ const QList<Document *> &Document::Private::loadedChildren()
         const QList<Document *> loaded = q->loadChildren();
         for (Document *child : loaded) {
             const bool usable = child && !child->d->parentDocument && !isAncestorOrSelf(child);
-            if (usable)
+            if (usable) {
                 adopt(child, children.size());
+            }
         }
     }
     return children;
@@ -63,8 +64,9 @@ const QList<Document *> &Document::Private::loadedChildren()
 bool Document::Private::isAncestorOrSelf(const Document *document) const
 {
     const Document *ancestor = q;
-    while (ancestor && ancestor != document)
+    while (ancestor && ancestor != document) {
         ancestor = ancestor->d->parentDocument;
+    }
     return ancestor;
 }
 
@@ -85,21 +87,24 @@ void Document::Private::own(Document *child)
 {
     child->d->parentDocument = q;
 
-    if (child->parent() && !qobject_cast<Document *>(child->parent()))
+    if (child->parent() && !qobject_cast<Document *>(child->parent())) {
         return;
+    }
     // The list knows no cycles, but this document may be owned by the child without being in its
     // list: then it cannot own the child in turn.
     for (const QObject *owner = q; owner; owner = owner->parent()) {
-        if (owner == child)
+        if (owner == child) {
             return;
+        }
     }
     child->setParent(q);
 }
 
 void Document::Private::clearChildren()
 {
-    if (loadedChildren().isEmpty())
+    if (loadedChildren().isEmpty()) {
         return;
+    }
 
     QVector<QPointer<Document>> withoutContext;
     const QList<Document *> taken = children;
@@ -107,14 +112,16 @@ void Document::Private::clearChildren()
     for (Document *child : taken) {
         Context *before = child->context();
         child->d->parentDocument = nullptr;
-        if (child->context() != before)
+        if (child->context() != before) {
             withoutContext.append(child);
+        }
     }
 
     emitChildrenChanged();
     for (const QPointer<Document> &child : qAsConst(withoutContext)) {
-        if (child)
+        if (child) {
             emitContextChanged(child);
+        }
     }
 }
 
@@ -122,8 +129,9 @@ void Document::Private::emitChildrenChanged()
 {
     const QPointer<Document> self(q);
     Q_EMIT q->childrenChanged();
-    if (self)
+    if (self) {
         q->notifyContext();
+    }
 }
 
 // Tells `top` and every descendant that has its context from there. Gathered before the first
@@ -134,20 +142,23 @@ void Document::Private::emitContextChanged(Document *top)
     for (int i = 0; i < changed.size(); ++i) {
         const QList<Document *> children = changed.at(i)->d->children;
         for (Document *child : children) {
-            if (!child->d->ownContext)
+            if (!child->d->ownContext) {
                 changed.append(child);
+            }
         }
     }
     for (const QPointer<Document> &document : qAsConst(changed)) {
-        if (document)
+        if (document) {
             Q_EMIT document->contextChanged();
+        }
     }
 }
 
 void Document::Private::emitContextChangedIfNot(Context *before, Document *top)
 {
-    if (top->context() != before)
+    if (top->context() != before) {
         emitContextChanged(top);
+    }
 }
 
 void Document::Private::append(QQmlListProperty<Document> *list, Document *child)
@@ -186,8 +197,9 @@ Document::~Document()
     QVector<QPointer<Document>> survivors;
     for (Document *child : qAsConst(d->children)) {
         child->d->parentDocument = nullptr;
-        if (child->parent() != this && !child->d->ownContext)
+        if (child->parent() != this && !child->d->ownContext) {
             survivors.append(child);
+        }
     }
     d->children.clear();
     d->childrenLoaded = true;
@@ -199,8 +211,9 @@ Document::~Document()
     }
     if (inherited) {
         for (const QPointer<Document> &survivor : qAsConst(survivors)) {
-            if (survivor)
+            if (survivor) {
                 Private::emitContextChanged(survivor);
+            }
         }
     }
 }
@@ -213,13 +226,15 @@ QString Document::documentId() const
 void Document::setDocumentId(const QString &documentId)
 {
     // Null equals empty for QString, but not for a document without an identifier.
-    if (d->documentId == documentId && d->documentId.isNull() == documentId.isNull())
+    if (d->documentId == documentId && d->documentId.isNull() == documentId.isNull()) {
         return;
+    }
     d->documentId = documentId;
     const QPointer<Document> self(this);
     Q_EMIT documentIdChanged();
-    if (self)
+    if (self) {
         notifyContext();
+    }
 }
 
 QString Document::name() const
@@ -229,13 +244,15 @@ QString Document::name() const
 
 void Document::setName(const QString &name)
 {
-    if (d->name == name)
+    if (d->name == name) {
         return;
+    }
     d->name = name;
     const QPointer<Document> self(this);
     Q_EMIT nameChanged();
-    if (self)
+    if (self) {
         notifyContext();
+    }
 }
 
 QStringList Document::types() const
@@ -245,13 +262,15 @@ QStringList Document::types() const
 
 void Document::setTypes(const QStringList &types)
 {
-    if (d->types == types)
+    if (d->types == types) {
         return;
+    }
     d->types = types;
     const QPointer<Document> self(this);
     Q_EMIT typesChanged();
-    if (self)
+    if (self) {
         notifyContext();
+    }
 }
 
 QUrl Document::url() const
@@ -261,26 +280,30 @@ QUrl Document::url() const
 
 void Document::setUrl(const QUrl &url)
 {
-    if (d->url == url)
+    if (d->url == url) {
         return;
+    }
     d->url = url;
     const QPointer<Document> self(this);
     Q_EMIT urlChanged();
-    if (self)
+    if (self) {
         notifyContext();
+    }
 }
 
 Context *Document::context() const
 {
-    if (d->ownContext)
+    if (d->ownContext) {
         return d->ownContext;
+    }
     return d->parentDocument ? d->parentDocument->context() : nullptr;
 }
 
 void Document::setContext(Context *newContext)
 {
-    if (d->ownContext == newContext)
+    if (d->ownContext == newContext) {
         return;
+    }
     Context *const before = context();
     disconnect(d->ownContextDestroyed);
     d->ownContext = newContext;
@@ -318,29 +341,34 @@ void Document::setChildDocuments(const QList<Document *> &children)
             after.append(child);
         }
     }
-    if (after == before)
+    if (after == before) {
         return;
+    }
 
     // Everything is linked anew before the first signal.
     QVector<QPair<QPointer<Document>, Context *>> movedFrom;
     QVector<QPointer<Document>> robbed;
     for (Document *child : before) {
-        if (kept.contains(child))
+        if (kept.contains(child)) {
             continue;
+        }
         movedFrom.append({child, child->context()});
         child->d->parentDocument = nullptr;
-        if (child->parent() == this)
+        if (child->parent() == this) {
             child->setParent(nullptr);
+        }
     }
     for (Document *child : qAsConst(after)) {
         Document *const oldParent = child->d->parentDocument;
-        if (oldParent == this)
+        if (oldParent == this) {
             continue;
+        }
         movedFrom.append({child, child->context()});
         if (oldParent) {
             oldParent->d->take(child);
-            if (!robbed.contains(oldParent))
+            if (!robbed.contains(oldParent)) {
                 robbed.append(oldParent);
+            }
         }
         d->own(child);
     }
@@ -348,14 +376,17 @@ void Document::setChildDocuments(const QList<Document *> &children)
 
     const QPointer<Document> self(this);
     for (const QPointer<Document> &oldParent : qAsConst(robbed)) {
-        if (oldParent)
+        if (oldParent) {
             oldParent->d->emitChildrenChanged();
+        }
     }
-    if (self)
+    if (self) {
         d->emitChildrenChanged();
+    }
     for (const auto &moved : qAsConst(movedFrom)) {
-        if (moved.first)
+        if (moved.first) {
             Private::emitContextChangedIfNot(moved.second, moved.first);
+        }
     }
 }
 
@@ -367,8 +398,9 @@ Document *Document::parentDocument() const
 bool Document::insertChild(int index, Document *child)
 {
     const QList<Document *> &children = d->loadedChildren();
-    if (!child || d->isAncestorOrSelf(child))
+    if (!child || d->isAncestorOrSelf(child)) {
         return false;
+    }
 
     const QPointer<Document> oldParent = child->d->parentDocument;
     if (oldParent == this) {
@@ -382,18 +414,22 @@ bool Document::insertChild(int index, Document *child)
     }
 
     Context *const before = child->context();
-    if (oldParent)
+    if (oldParent) {
         oldParent->d->take(child);
+    }
     d->adopt(child, qBound(0, index, children.size()));
 
     const QPointer<Document> self(this);
     const QPointer<Document> inserted(child);
-    if (oldParent)
+    if (oldParent) {
         oldParent->d->emitChildrenChanged();
-    if (self)
+    }
+    if (self) {
         d->emitChildrenChanged();
-    if (inserted)
+    }
+    if (inserted) {
         Private::emitContextChangedIfNot(before, inserted);
+    }
     return true;
 }
 
@@ -404,18 +440,21 @@ bool Document::appendChild(Document *child)
 
 bool Document::removeChild(Document *child)
 {
-    if (!child || !d->loadedChildren().contains(child))
+    if (!child || !d->loadedChildren().contains(child)) {
         return false;
+    }
 
     Context *const before = child->context();
     d->take(child);
-    if (child->parent() == this)
+    if (child->parent() == this) {
         child->setParent(nullptr);
+    }
 
     const QPointer<Document> removed(child);
     d->emitChildrenChanged();
-    if (removed)
+    if (removed) {
         Private::emitContextChangedIfNot(before, removed);
+    }
     return true;
 }
 
@@ -431,8 +470,9 @@ QList<Document *> Document::loadChildren()
 
 void Document::notifyContext()
 {
-    if (Context *const affected = context())
+    if (Context *const affected = context()) {
         Q_EMIT affected->documentChanged(this);
+    }
 }
 
 } // namespace om::data

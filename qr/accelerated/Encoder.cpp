@@ -44,10 +44,12 @@ bool available(Instructions instructions)
 #if defined(__x86_64__)
     const bool avx2 = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi2")
         && __builtin_cpu_supports("popcnt");
-    if (instructions == Avx2)
+    if (instructions == Avx2) {
         return avx2;
-    if (instructions == Avx512)
+    }
+    if (instructions == Avx512) {
         return avx2 && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512vl");
+    }
 #endif
     return instructions == Baseline;
 }

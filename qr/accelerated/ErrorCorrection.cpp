@@ -34,8 +34,9 @@ struct Remainders
 
         // The remainder of x to the power of Degree, then Degree + 1, and so on.
         std::uint8_t rest[Degree] = {};
-        for (int index = 0; index < Degree; ++index)
+        for (int index = 0; index < Degree; ++index) {
             rest[index] = generator[index];
+        }
         for (int codeword = Stride - 1; codeword >= 0; --codeword) {
             for (int value = 0; value < 16; ++value) {
                 for (int index = 0; index < Degree; ++index) {
@@ -85,8 +86,9 @@ struct Rest
             parts[0] = __builtin_shufflevector(parts[0], Vector{}, 1, 2, 3, 4);
         } else {
 #pragma GCC unroll 2
-            for (int part = 0; part + 1 < Count; ++part)
+            for (int part = 0; part + 1 < Count; ++part) {
                 parts[part] = __builtin_shufflevector(parts[part], parts[part + 1], 1, 2);
+            }
             parts[Count - 1] = __builtin_shufflevector(parts[Count - 1], Vector{}, 1, 2);
         }
     }
@@ -120,8 +122,9 @@ QR_KERNEL void divide(const unsigned char *table, const unsigned char *data, int
     for (int block = 0; block < Blocks; ++block) {
         const unsigned char *first = data + block * count;
         next[block] = ahead ? 0 : load(first);
-        for (int index = 0; index < ahead; ++index)
+        for (int index = 0; index < ahead; ++index) {
             next[block] = next[block] >> 8 | std::uint64_t(first[index]) << 56;
+        }
     }
     for (int done = ahead ? ahead : Stride;; done += Stride) {
         // The halves of the codewords, each in the upper half of a byte: 16 times its value.
@@ -132,8 +135,9 @@ QR_KERNEL void divide(const unsigned char *table, const unsigned char *data, int
             halves[block][0] = head << 4 & 0xf0f0f0f0f0f0f0f0ull;
             halves[block][1] = head & 0xf0f0f0f0f0f0f0f0ull;
             rests[block][0].advance();
-            if constexpr (sums == 2)
+            if constexpr (sums == 2) {
                 rests[block][1] = {};
+            }
         }
 #pragma GCC unroll 8
         for (int codeword = 0; codeword < Stride; ++codeword) {
@@ -150,20 +154,24 @@ QR_KERNEL void divide(const unsigned char *table, const unsigned char *data, int
         }
         if constexpr (sums == 2) {
 #pragma GCC unroll 2
-            for (int part = 0; part < Parts; ++part)
+            for (int part = 0; part < Parts; ++part) {
                 rests[0][0].parts[part] ^= rests[0][1].parts[part];
+            }
         }
-        if (done >= count)
+        if (done >= count) {
             break;
+        }
 #pragma GCC unroll 2
-        for (int block = 0; block < Blocks; ++block)
+        for (int block = 0; block < Blocks; ++block) {
             next[block] = load(data + block * count + done);
+        }
     }
 #pragma GCC unroll 2
     for (int block = 0; block < Blocks; ++block, results += CorrectionStride) {
         std::memcpy(results, &rests[block][0], sizeof rests[block][0]);
-        if constexpr (RowSize < CorrectionStride)
+        if constexpr (RowSize < CorrectionStride) {
             std::memset(results + 16, 0, 16);
+        }
     }
 }
 
@@ -171,10 +179,12 @@ template<typename Vector, int Parts>
 QR_KERNEL void divideAll(const unsigned char *table, const unsigned char *data, int count,
                          int blocks, unsigned char *results)
 {
-    for (; blocks >= 2; blocks -= 2, data += 2 * count, results += 2 * CorrectionStride)
+    for (; blocks >= 2; blocks -= 2, data += 2 * count, results += 2 * CorrectionStride) {
         divide<Vector, Parts, 2>(table, data, count, results);
-    if (blocks)
+    }
+    if (blocks) {
         divide<Vector, Parts, 1>(table, data, count, results);
+    }
 }
 
 template<int Parts>
@@ -237,11 +247,13 @@ void correctionCodewords(Instructions instructions, const unsigned char *data, i
                          int degree, int blocks, unsigned char *results)
 {
     const unsigned char *table = tableOf(degree);
-    if (degree <= NarrowDegree)
+    if (degree <= NarrowDegree) {
         return divideBlocks<1>(table, data, count, blocks, results);
+    }
 #if defined(__x86_64__)
-    if (instructions != Baseline)
+    if (instructions != Baseline) {
         return divideBlocksWide(table, data, count, blocks, results);
+    }
 #endif
     (void)instructions;
     divideBlocks<2>(table, data, count, blocks, results);
@@ -339,11 +351,13 @@ void spread(const Blocks &blocks, int length, unsigned char *result)
         for (int column = 0;;) {
             std::uint64_t rows[8];
 #pragma GCC unroll 8
-            for (int index = 0; index < 8; ++index)
+            for (int index = 0; index < 8; ++index) {
                 rows[index] = load(first[index] + column);
+            }
             transpose(rows, result + column * blocks.count + begin, blocks.count);
-            if (column == length - 8)
+            if (column == length - 8) {
                 break;
+            }
             column = column + 8 < length - 8 ? column + 8 : length - 8;
         }
     }
@@ -371,8 +385,9 @@ void interleave(Instructions instructions, int level, int version, const unsigne
 
     spread({data, length, blocks, shorter}, length, codewords);
     codewords += blocks * length;
-    for (int block = shorter; block < blocks; ++block, longer += length + 1)
+    for (int block = shorter; block < blocks; ++block, longer += length + 1) {
         *codewords++ = longer[length];
+    }
     spread({corrections, CorrectionStride, blocks, blocks}, correction, codewords);
 }
 

@@ -56,10 +56,12 @@ void countFeatures([[maybe_unused]] Instructions instructions, int level, int si
                    const Boards &boards, MaskFeatures &features)
 {
 #if defined(__x86_64__)
-    if (instructions == Avx512)
+    if (instructions == Avx512) {
         return avx512::count(level, size, boards, features);
-    if (instructions == Avx2)
+    }
+    if (instructions == Avx2) {
         return avx2::count(level, size, boards, features);
+    }
 #endif
     baseline::count(level, size, boards, features);
 }

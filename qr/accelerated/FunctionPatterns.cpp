@@ -24,8 +24,9 @@ std::uint64_t rowsOfWord(int begin, int end, int index)
 
 void addRows(Columns &board, int column, int begin, int end, std::uint64_t pattern = ~0ull)
 {
-    for (int index = 0; index < 3; ++index)
+    for (int index = 0; index < 3; ++index) {
         board.words[index][column] |= rowsOfWord(begin, end, index) & pattern;
+    }
 }
 
 /// Adds the low \a count bits, the first of them in \a row.
@@ -57,8 +58,9 @@ void placeFinders(int size, Boards &boards)
         boards.function.words[0][column] |= 0x1ffull << 55;
         addBits(boards.function, column, far - 1, FinderSize + 1, 0xff);
     }
-    for (int column = far - 1; column < size; ++column)
+    for (int column = far - 1; column < size; ++column) {
         boards.function.words[0][column] |= 0x1ffull << 55;
+    }
     addBits(boards.modules, FinderSize + 1, far - 1, 1, 1);
 }
 
@@ -68,10 +70,12 @@ void placeTiming(int size, Boards &boards)
     constexpr std::uint64_t evenRows = 0xaaaaaaaaaaaaaaaaull;
     const int begin = FinderSize + 1;
     const int end = size - FinderSize - 1;
-    for (int column = begin; column < end; ++column)
+    for (int column = begin; column < end; ++column) {
         boards.function.words[0][column] |= timingRow;
-    for (int column = begin; column < end; column += 2)
+    }
+    for (int column = begin; column < end; column += 2) {
         boards.modules.words[0][column] |= timingRow;
+    }
     addRows(boards.function, TimingLine, begin, end);
     addRows(boards.modules, TimingLine, begin, end, evenRows);
 }
@@ -97,8 +101,9 @@ struct AlignmentColumn
         for (int word = 0; word < words; ++word) {
             std::uint64_t *function = boards.function.words[word] + x;
             std::uint64_t *modules = boards.modules.words[word] + x;
-            for (int column = -2; column <= 2; ++column)
+            for (int column = -2; column <= 2; ++column) {
                 function[column] |= whole[word];
+            }
             modules[-2] |= whole[word];
             modules[-1] |= inside[word];
             modules[0] |= middle[word];
@@ -111,30 +116,36 @@ struct AlignmentColumn
 void placeAlignments(const VersionRow &version, Boards &boards)
 {
     const int count = version.alignmentCount;
-    if (!count)
+    if (!count) {
         return;
+    }
     const int words = (sizeOf(version.version) + 63) / 64;
     const int last = version.alignments[count - 1];
 
     // All columns have the patterns in the same rows, but for those that finders take: in the
     // first column both ends, in the last one the upper.
     AlignmentColumn column;
-    for (int down = 0; down < count - 1; ++down)
+    for (int down = 0; down < count - 1; ++down) {
         column.add(version.alignments[down]);
-    if (count > 1)
+    }
+    if (count > 1) {
         column.place(words, TimingLine, boards);
+    }
     column.add(last);
     column.place(words, last, boards);
-    if (count > 1)
+    if (count > 1) {
         column.add(TimingLine);
-    for (int across = 0; across < count - 1; ++across)
+    }
+    for (int across = 0; across < count - 1; ++across) {
         column.place(words, version.alignments[across], boards);
+    }
 }
 
 void placeVersionInformation(int version, int size, Boards &boards)
 {
-    if (version < 7)
+    if (version < 7) {
         return;
+    }
     // In threes: along the columns beside the lower left finder from its top, along the rows beside
     // the upper right one from its left, the lowest bit first.
     const unsigned information = versionInformation(version);
@@ -148,8 +159,9 @@ void placeVersionInformation(int version, int size, Boards &boards)
             boards.modules.words[0][far + column] |= dark << (63 - line);
         }
     }
-    for (int column = far; column < far + 3; ++column)
+    for (int column = far; column < far + 3; ++column) {
         boards.function.words[0][column] |= 0x3full << 58;
+    }
 }
 
 } // namespace

@@ -57,8 +57,9 @@ struct MaskLines
     {
         for (int strip = 0; strip < StripPhases; ++strip) {
             for (int mask = 0; mask < MaskCount; ++mask) {
-                for (int line = 0; line < MaskPeriod; ++line)
+                for (int line = 0; line < MaskPeriod; ++line) {
                     strips[strip][mask][line] = patterns.strips[true][strip].lines[line][mask];
+                }
             }
         }
     }
@@ -79,8 +80,9 @@ struct AllFormatLines
             for (int mask = 0; mask < MaskCount; ++mask) {
                 const int information = formatInformation(level, mask);
                 for (int bit = 0; bit < FormatBits; ++bit) {
-                    if (information >> bit & 1)
+                    if (information >> bit & 1) {
                         addBit(boards[level], mask, bit);
+                    }
                 }
             }
         }
@@ -156,10 +158,12 @@ void applyMask(int level, int mask, int size, Boards &boards)
     }
 
     const FormatLines &format = formatLines(level, true);
-    for (int line = 0; line < FormatNear; ++line)
+    for (int line = 0; line < FormatNear; ++line) {
         boards.rows.lines[0][line] |= format.near[line][mask];
-    for (int line = 0; line < FormatFar; ++line)
+    }
+    for (int line = 0; line < FormatFar; ++line) {
         boards.rows.lines[0][size - FormatFar + line] |= format.far[line][mask];
+    }
     for (int strip = 0; strip < strips; ++strip) {
         const int place = size - FormatFar - strip * StripWidth;
         if (place > -FormatFar && place < 32) {
@@ -196,8 +200,9 @@ void pack(int size, const Strips &rows, unsigned char *result)
             count = total - 64;
         }
     }
-    for (; count > 0; count -= 8, pending <<= 8)
+    for (; count > 0; count -= 8, pending <<= 8) {
         *result++ = static_cast<unsigned char>(pending >> 56);
+    }
 }
 
 } // namespace om::controls::qr::accelerated

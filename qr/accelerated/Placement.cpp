@@ -85,8 +85,9 @@ void split(const unsigned char *codewords, int count)
     const int words = (count + 7) / 8;
     stream.whole[count / 8] = 0;
     std::memcpy(stream.whole, codewords, static_cast<std::size_t>(count));
-    for (int index = words; index < words + 4; ++index)
+    for (int index = words; index < words + 4; ++index) {
         stream.whole[index] = 0;
+    }
     // Two words give one of each half; one more of zeros follows.
     for (int index = 0; index < words + 2; index += 2) {
         Pair two;
@@ -122,8 +123,9 @@ inline Pair readPair(int position, int bit)
 {
     const int half = (position >> 1) - bit;
     const Pair bits = readHalves<Upwards>(half);
-    if ((position & 1) == 0)
+    if ((position & 1) == 0) {
         return bits;
+    }
     // The right column begins with an odd bit, the left one with the even bit behind it.
     return __builtin_shufflevector(readHalves<Upwards>(half + 1), bits, 1, 2);
 }
@@ -231,8 +233,9 @@ void placeRuns(int size, const unsigned char *codewords, int count, Boards &boar
     int position = 0;
     bool upwards = true;
     for (int column = size - 1; column > 0; column -= 2, upwards = !upwards) {
-        if (column == TimingColumn)
+        if (column == TimingColumn) {
             --column;
+        }
         for (int step = 0; step < words; ++step) {
             const int word = upwards ? words - 1 - step : step;
             const std::uint64_t *function = boards.function.words[word] + column;
@@ -263,8 +266,9 @@ void turn(const unsigned char *codewords, int count)
     const int words = (count + 7) / 8;
     wholeStream.up[count / 8] = 0;
     std::memcpy(wholeStream.up, codewords, static_cast<std::size_t>(count));
-    for (int index = words; index < words + 4; ++index)
+    for (int index = words; index < words + 4; ++index) {
         wholeStream.up[index] = 0;
+    }
     for (int index = 0; index < words + 2; index += 2) {
         Pair two;
         std::memcpy(&two, wholeStream.up + index, sizeof two);
@@ -337,8 +341,9 @@ QR_DEPOSIT inline void depositPairs(int size, Boards &boards)
     int position = 0;
     bool upwards = true;
     for (int column = size - 1; column > 0; column -= 2, upwards = !upwards) {
-        if (column == TimingColumn)
+        if (column == TimingColumn) {
             --column;
+        }
         position = upwards ? depositPair<true, Halves>(inside, words, column, position, boards)
                            : depositPair<false, Halves>(inside, words, column, position, boards);
     }
@@ -365,8 +370,9 @@ void placeCodewords(Instructions instructions, int size, const unsigned char *co
 {
 #if defined(__x86_64__)
     // The first processors with these instructions take a hundred cycles for one.
-    if (instructions != Baseline && !__builtin_cpu_is("znver1") && !__builtin_cpu_is("znver2"))
+    if (instructions != Baseline && !__builtin_cpu_is("znver1") && !__builtin_cpu_is("znver2")) {
         return placeDeposits(size, codewords, count, boards);
+    }
 #endif
     (void)instructions;
     placeRuns(size, codewords, count, boards);
@@ -388,8 +394,9 @@ inline Pair cutTwo(const Columns &board, int row, int column)
     Pair above;
     Pair below;
     std::memcpy(&above, &board.words[row >> 6][column], sizeof above);
-    if (offset <= 32)
+    if (offset <= 32) {
         return above >> (32 - offset);
+    }
     std::memcpy(&below, &board.words[(row >> 6) + 1][column], sizeof below);
     return above << (offset - 32) | below >> (96 - offset);
 }
@@ -408,8 +415,9 @@ inline void exchangeVectors(Words (&lines)[8], std::uint32_t right)
     constexpr int distance = 4 * Vectors;
 #pragma GCC unroll 8
     for (int index = 0; index < 8; ++index) {
-        if (index & Vectors)
+        if (index & Vectors) {
             continue;
+        }
         const Words swapped =
             (lines[index] ^ lines[index + Vectors] >> distance) & (Words{} + right);
         lines[index] ^= swapped;
@@ -463,16 +471,18 @@ void cutStrips(int size, Boards &boards)
         // The columns of this strip, 32 rows at a time, become the lines of its rows.
         for (int row = 0; row < size; row += 32) {
             Words lines[8];
-            for (int index = 0; index < 8; ++index)
+            for (int index = 0; index < 8; ++index) {
                 lines[index] = cutFour(boards.modules, row, first + 4 * index);
+            }
             transpose(lines);
             std::memcpy(boards.rows.lines[strip] + row, lines, sizeof lines);
         }
     }
 
     const int last = strips - 1;
-    if (!isShared(size, last))
+    if (!isShared(size, last)) {
         return;
+    }
     for (int line = 0; line < size; line += 4) {
         Words rows;
         Words columns;
