@@ -504,8 +504,9 @@ int TreeView::indexOfParent(int index)
     if (!entry) {
         return -1;
     }
-    // Upward through the row numbers, on purpose: past a later sibling this finds the first row
-    // after its subtree on a shallower level. The rows end the search.
+    // Upward through the row numbers, which callers rely on: for a first child the row before is
+    // its parent, for a later sibling this finds the first row after its subtree on a shallower
+    // level. The rows end the search.
     for (int i = index - 1; i < d->rows.count(); ++i) {
         TreeViewEntry *other = d->rows.at(i);
         if (other && other->level() < entry->level()) {

@@ -18,12 +18,12 @@ namespace om::controls {
 
 namespace {
 
-constexpr int MinimumModuleSize = 2;
-constexpr int MaximumModuleSize = 24;
-constexpr int LevelL = 0;
-constexpr int AutomaticVersion = 0;
-constexpr int ResultBytes = 4096;
-static_assert(ResultBytes >= QrResultBytes, "the largest code fits");
+constexpr int minimumModuleSize = 2;
+constexpr int maximumModuleSize = 24;
+constexpr int levelL = 0;
+constexpr int automaticVersion = 0;
+constexpr int resultBytes = 4096;
+static_assert(resultBytes >= QrResultBytes, "the largest code fits");
 
 /// One pixel a module, within a border of one transparent white pixel. A failed encoding has a
 /// \a moduleCount of -1: what is left is one pixel of the border.
@@ -79,8 +79,8 @@ public:
 void QRCode::Private::encode()
 {
     const QByteArray text = url.toEncoded(QUrl::FullyEncoded);
-    unsigned char result[ResultBytes];
-    const int count = qrEncode(LevelL, AutomaticVersion, text.constData(), text.size(), result);
+    unsigned char result[resultBytes];
+    const int count = qrEncode(levelL, automaticVersion, text.constData(), text.size(), result);
     modules =
         QByteArray(reinterpret_cast<const char *>(result), count > 0 ? (count * count + 7) / 8 : 0);
     changes |= ImageChange;
@@ -140,8 +140,8 @@ int QRCode::moduleSize() const
 void QRCode::setModuleSize(int moduleSize)
 {
     // Refused rather than clamped: a code of a wrong size is noticed too late, on paper.
-    if (moduleSize < MinimumModuleSize || moduleSize > MaximumModuleSize) {
-        qWarning("Module size must be between %d and %d", MinimumModuleSize, MaximumModuleSize);
+    if (moduleSize < minimumModuleSize || moduleSize > maximumModuleSize) {
+        qWarning("Module size must be between %d and %d", minimumModuleSize, maximumModuleSize);
         return;
     }
     if (moduleSize == d->moduleSize) {

@@ -11,7 +11,7 @@ Demo {
     property bool delayRemove: true
 
     title: "DragArea"
-    hint: "The same gesture and card, but no pad takes it: document handlers deliberately refuse what comes from a drag area. Other programs see the same bytes."
+    hint: "The same gesture and card, but no pad takes it: document handlers take documents from drag zones only. Other programs see the same bytes."
     stageHeight: 400
 
     DragArea {

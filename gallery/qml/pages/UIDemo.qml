@@ -11,7 +11,7 @@ Demo {
 
     title: "UI"
     hint: "The whole palette. Point at a colour for its number; change the alpha to see it over a checkerboard. "
-          + "MenuEditorBackground is the warning yellow, on purpose."
+          + "MenuEditorBackground is the warning yellow."
     stageHeight: grid.height + 32
 
     // Enumeration values of a singleton are not listed by for…in: the names stand here.
