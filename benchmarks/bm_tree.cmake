@@ -2,7 +2,6 @@
 # SPDX-License-Identifier: MIT
 
 target_link_libraries(bm_tree PRIVATE Ombrel::DataCore)
-add_dependencies(bm_tree ombrelcontrolsplugin)
 if(TARGET ombreldatacoreplugin)
     add_dependencies(bm_tree ombreldatacoreplugin)
 endif()
