@@ -346,7 +346,11 @@ void TestFileDrops::hundredThousandFilesFromAnotherProgram()
     gesture
         .drag(
             source.geometry().center(), over,
-            [&] { return view.root()->property("moves").toInt() > 0; }, "the drag")
+            [&] {
+                return view.root()->property("moves").toInt() > 0
+                    && source.count(text("action")) > 0;
+            },
+            "the drag")
         .release()
         .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
@@ -372,7 +376,11 @@ void TestFileDrops::oddUrlsFromAnotherProgram()
     gesture
         .drag(
             source.geometry().center(), over,
-            [&] { return view.root()->property("moves").toInt() > 0; }, "the drag")
+            [&] {
+                return view.root()->property("moves").toInt() > 0
+                    && source.count(text("action")) > 0;
+            },
+            "the drag")
         .release()
         .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());

@@ -282,7 +282,8 @@ void TestDropZonesPage::filesFromAnotherProgram()
     support::Gesture gesture;
     gesture
         .drag(
-            source.geometry().center(), over, [&] { return target->property("over").toBool(); },
+            source.geometry().center(), over,
+            [&] { return target->property("over").toBool() && source.count(text("action")) > 0; },
             "the drag")
         .release()
         .until([&] { return source.count(text("result")) > 0; }, "the drop");

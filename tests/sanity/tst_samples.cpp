@@ -16,8 +16,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <memory>
-
 /// The QML files whose text stands in a document load, and what they edit is there. A warning
 /// fails the test by way of run-test.
 class TestSamples : public QObject
@@ -26,6 +24,7 @@ class TestSamples : public QObject
 
 private Q_SLOTS:
     void initTestCase();
+    void cleanup();
     void loads_data();
     void loads();
 
@@ -116,16 +115,17 @@ void TestSamples::loads()
     auto *item = qobject_cast<QQuickItem *>(object.data());
     QVERIFY2(item, qPrintable(component.errorString()));
 
-    auto window = std::make_unique<QQuickWindow>();
-    window->resize(900, 600);
-    item->setParentItem(window->contentItem());
-    window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    QVERIFY(!window->grabWindow().isNull());
+    QQuickWindow window;
+    window.resize(900, 600);
+    item->setParentItem(window.contentItem());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(!window.grabWindow().isNull());
     QCOMPARE(editedInVain(item).join(QStringLiteral(", ")), QString());
+}
 
-    object.reset();
-    window.reset();
+void TestSamples::cleanup()
+{
     QCOMPARE(support::leftovers(), QString());
 }
 

@@ -63,6 +63,9 @@ void SourceWindow::drag()
     say("drag");
     auto *drag = new QDrag(this);
     drag->setMimeData(mimeData);
+    // A release before the target's answer has come would cancel the drag.
+    connect(drag, &QDrag::actionChanged, this,
+            [](Qt::DropAction action) { say("action " + QByteArray::number(int(action))); });
     const Qt::DropAction action = drag->exec(actions);
     say("result " + QByteArray::number(int(action)));
 }
