@@ -235,8 +235,11 @@ bool TreeRows::hideOrShow(TreeViewEntry *entry, const std::function<void()> &cha
         }
     }
     const int build = m_build;
+    const int count = m_entries.size();
     change();
-    for (int i = first; alive && m_build == build && i < end; ++i) {
+    // An entry that a handler has destroyed leaves the list, and those after it move up.
+    const int gone = alive ? count - m_entries.size() : 0;
+    for (int i = qMax(0, first - gone); alive && m_build == build && i < end - gone; ++i) {
         if (QQuickItem *item = m_entries.at(i)->item()) {
             RowItemAccess(item).anchorTop();
         }
