@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.12
+import ombrel.Controls 1.0
+
+Stock {
+    id: scene
+    DragArea {
+        objectName: "subject"
+        x: 20
+        y: 20
+        width: 80
+        height: 80
+        dragDocuments: scene.documents
+        dragDelegate: Item {
+            objectName: "visual"
+            width: 10
+            height: 10
+            // It asks to stay, and lets go as soon as it may.
+            readonly property bool dropped: DragArea.isDropped
+            Component.onCompleted: DragArea.delayRemove = true
+            onDroppedChanged: DragArea.delayRemove = false
+        }
+        MouseArea {
+            objectName: "pressed"
+            anchors.fill: parent
+        }
+    }
+    // What is attached exists without a drag too.
+    Item {
+        objectName: "still"
+        Component.onCompleted: DragArea.hotspot = Qt.point(1, 1)
+    }
+}

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.12
+import ombrel.Controls 1.0
+
+Stock {
+    PopupAnchorItem {
+        objectName: "subject"
+        x: 20
+        y: 20
+        width: 80
+        height: 80
+        Rectangle {
+            objectName: "popup"
+            width: 30
+            height: 30
+        }
+    }
+}

@@ -1,0 +1,313 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/plugin/handlers/Stage.h"
+
+#include "tests/plugin/handlers/EventItem.h"
+#include "tests/support/DragEvents.h"
+
+#include <QAbstractAnimation>
+#include <QCoreApplication>
+#include <QDrag>
+#include <QFile>
+#include <QQmlContext>
+#include <QQmlListReference>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <algorithm>
+
+namespace {
+
+const QByteArray imports = "import QtQuick 2.12\nimport ombrel.Controls 1.0\n"
+                           "import ombrel.Controls.Private 1.0\nimport ombrel.data.Core 1.0\n"
+                           "import handlers 1.0\n";
+
+QString dataFile(const QString &name)
+{
+    return qEnvironmentVariable("OMBREL_SOURCE_DIR")
+        + QStringLiteral("/tests/plugin/data/handlers/%1.qml").arg(name);
+}
+
+/// Everything below \a object, by ownership and by sight.
+void collect(QObject *object, QList<QObject *> *found)
+{
+    if (found->contains(object)) {
+        return;
+    }
+    found->append(object);
+    if (const auto *item = qobject_cast<QQuickItem *>(object)) {
+        const auto items = item->childItems();
+        for (QQuickItem *child : items) {
+            collect(child, found);
+        }
+    }
+    const auto children = object->children();
+    for (QObject *child : children) {
+        collect(child, found);
+    }
+}
+
+std::unique_ptr<QQuickWindow> makeWindow(int x)
+{
+    auto window = std::make_unique<QQuickWindow>();
+    window->setFlag(Qt::FramelessWindowHint);
+    window->setGeometry(x, 100, 200, 200);
+    return window;
+}
+
+} // namespace
+
+bool isOfLibrary(const QObject *object)
+{
+    for (const QMetaObject *meta = object->metaObject(); meta; meta = meta->superClass()) {
+        if (qstrncmp(meta->className(), "om::controls::", 14) == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+QString plainClassName(const QObject *object)
+{
+    for (const QMetaObject *meta = object->metaObject(); meta; meta = meta->superClass()) {
+        if (qstrncmp(meta->className(), "om::controls::", 14) == 0) {
+            return QString::fromLatin1(meta->className() + 14);
+        }
+    }
+    QString name = QString::fromLatin1(object->metaObject()->className());
+    return name.remove(QRegularExpression(QStringLiteral("_QML(TYPE)?_\\d+$")));
+}
+
+QStringList registeredTypes()
+{
+    QFile file(qEnvironmentVariable("OMBREL_SOURCE_DIR")
+               + QStringLiteral("/plugin/Registration.cpp"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("There is no plugin/Registration.cpp");
+    }
+    const QRegularExpression row(QStringLiteral("qmlRegisterType<(\\w+)>"));
+    QStringList types;
+    auto rows = row.globalMatch(QString::fromUtf8(file.readAll()));
+    while (rows.hasNext()) {
+        types.append(rows.next().captured(1));
+    }
+    return types;
+}
+
+Stage::Stage()
+    : m_window(makeWindow(100))
+    , m_second(makeWindow(400))
+{
+    qmlRegisterType<EventItem>("handlers", 1, 0, "EventItem");
+    qmlRegisterType<FilterItem>("handlers", 1, 0, "FilterItem");
+    m_dragDriver.setInterval(1);
+    QObject::connect(&m_dragDriver, &QTimer::timeout, [this] { driveDrag(); });
+    // Connected first, told first; under the threaded loop both arrive after the fact, one after
+    // the other.
+    QObject::connect(m_window.get(), &QQuickWindow::beforeSynchronizing, &m_dragDriver,
+                     [this] { m_synchronizing = true; });
+    QObject::connect(m_window.get(), &QQuickWindow::afterSynchronizing, &m_dragDriver,
+                     [this] { m_synchronizing = false; });
+    showWindows();
+}
+
+Stage::~Stage() = default;
+
+void Stage::showWindows()
+{
+    for (QQuickWindow *window : {m_second.get(), m_window.get()}) {
+        if (!window->isVisible()) {
+            window->show();
+            if (!QTest::qWaitForWindowExposed(window)) {
+                qFatal("The window is not shown");
+            }
+        }
+    }
+    if (!m_window->isActive()) {
+        m_window->requestActivate();
+        if (!QTest::qWaitForWindowActive(m_window.get())) {
+            qFatal("The window is not active");
+        }
+    }
+}
+
+bool Stage::load(const QString &type)
+{
+    auto &component = m_components[type];
+    if (!component) {
+        component = std::make_shared<QQmlComponent>(&m_engine);
+        const QUrl place = QUrl::fromLocalFile(dataFile(QStringLiteral("generated")));
+        if (QFile::exists(dataFile(type))) {
+            component->loadUrl(QUrl::fromLocalFile(dataFile(type)));
+        } else {
+            component->setData(imports + type.toLatin1() + " {}", place);
+            const std::unique_ptr<QObject> probe(component->create());
+            QByteArray object = type.toLatin1() + " { objectName: \"subject\" }";
+            if (qobject_cast<QQuickItem *>(probe.get())) {
+                object.insert(object.size() - 1, "; x: 20; y: 20; width: 80; height: 80 ");
+            } else if (probe && probe->inherits("om::controls::DropHandler")) {
+                object = "DropZone { x: 20; y: 20; width: 80; height: 80; " + object + " }";
+            }
+            component = std::make_shared<QQmlComponent>(&m_engine);
+            component->setData(imports + "Stock { " + object + " }", place);
+        }
+    }
+    m_dragStep = 0;
+    m_dragDriver.start();
+    m_root = component->beginCreate(m_engine.rootContext());
+    m_held.reset(m_root);
+    if (auto *item = qobject_cast<QQuickItem *>(m_root)) {
+        item->setParentItem(m_window->contentItem());
+        component->completeCreate();
+    }
+    m_subject = m_root ? m_root->findChild<QObject *>(QStringLiteral("subject")) : nullptr;
+    if (!m_subject) {
+        qWarning("%s", qPrintable(component->errorString()));
+        return false;
+    }
+    settle();
+    return true;
+}
+
+void Stage::clear()
+{
+    m_dragDriver.stop();
+    QDrag::cancel();
+    whenChanged = {};
+    if (m_root) {
+        m_held.reset();
+    } else {
+        m_held.release();
+    }
+    QTest::mouseRelease(m_window.get(), Qt::LeftButton, {}, {199, 199});
+    // What an action has moved here, and a drag visual that wants to stay.
+    for (QQuickWindow *window : {m_window.get(), m_second.get()}) {
+        QList<QPointer<QQuickItem>> items;
+        const auto found = window->contentItem()->childItems()
+            + window->contentItem()->findChildren<QQuickItem *>(QString(),
+                                                                Qt::FindDirectChildrenOnly);
+        for (QQuickItem *item : found) {
+            items.append(item);
+        }
+        for (const QPointer<QQuickItem> &item : qAsConst(items)) {
+            delete item;
+        }
+    }
+    for (int i = 0; i < 2; ++i) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+    showWindows();
+}
+
+QObjectList Stage::stock(const char *property) const
+{
+    QObjectList found;
+    if (m_root) {
+        if (auto *const one = m_root->property(property).value<QObject *>()) {
+            found.append(one);
+        }
+        const QQmlListReference list(m_root, property, qmlEngine(m_root));
+        for (int i = 0; i < list.count(); ++i) {
+            found.append(list.at(i));
+        }
+    }
+    return found;
+}
+
+QMap<QString, QObject *> Stage::senders() const
+{
+    QList<QObject *> objects;
+    if (m_root) {
+        collect(m_root, &objects);
+    }
+    collect(m_window->contentItem(), &objects);
+    collect(m_second->contentItem(), &objects);
+    QMap<QString, QObject *> named;
+    for (QObject *object : qAsConst(objects)) {
+        const bool isWindows =
+            object == m_window->contentItem() || object == m_second->contentItem();
+        // The insides of the library's own QML files are nobody else's to touch.
+        const QQmlContext *const context = qmlContext(object);
+        const bool isInside = context
+            && context->baseUrl().toString().startsWith(QLatin1String("qrc:/controls/private/"));
+        if (isWindows || isInside
+            || (!isOfLibrary(object) && !qobject_cast<QQuickItem *>(object))) {
+            continue;
+        }
+        const QString name = plainClassName(object);
+        if (!object->objectName().isEmpty()) {
+            named.insert(object->objectName(), object);
+        } else if (!named.contains(name)) {
+            named.insert(name, object);
+        } else if (!named.contains(name + QStringLiteral(" 2")) && isOfLibrary(object)) {
+            named.insert(name + QStringLiteral(" 2"), object);
+        }
+    }
+    return named;
+}
+
+void Stage::settle()
+{
+    for (int i = 0; i < 3; ++i) {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        if (whenChanged) {
+            whenChanged();
+        }
+        if (m_root) {
+            const auto animations = m_window->contentItem()->findChildren<QAbstractAnimation *>()
+                + m_root->findChildren<QAbstractAnimation *>();
+            for (const QPointer<QAbstractAnimation> animation : animations) {
+                if (animation && animation->state() == QAbstractAnimation::Running) {
+                    animation->setCurrentTime(animation->totalDuration());
+                }
+            }
+        }
+    }
+    if (m_window->isVisible()) {
+        m_window->grabWindow();
+        QCoreApplication::processEvents();
+    }
+}
+
+/// Leads the drag that runs, if one does, over the window and out of it, and ends it: called from
+/// within the platform's loop.
+void Stage::driveDrag()
+{
+    // A Draggable takes its drag along into another window.
+    const QObjectList places = {m_root, m_window->contentItem(), m_second->contentItem()};
+    const bool running = std::any_of(places.cbegin(), places.cend(), [](const QObject *place) {
+        return place && place->findChild<QDrag *>();
+    });
+    if (!running) {
+        if (m_dragStep > 0) {
+            m_dragStep = 0;
+            QDrag::cancel();
+        }
+        return;
+    }
+    if (whenChanged) {
+        whenChanged();
+    }
+    support::DragEvents events(m_window.get());
+    switch (++m_dragStep) {
+    case 1:
+        events.enter({150, 150});
+        break;
+    case 2:
+        events.move({160, 160});
+        break;
+    case 3:
+        events.leave();
+        break;
+    case 4:
+        events.enter({150, 150});
+        break;
+    default:
+        QDrag::cancel();
+        break;
+    }
+}

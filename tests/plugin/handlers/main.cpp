@@ -1,0 +1,374 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+// Runs the rows of tst_handlers: for each provocation of a type, each signal that it makes fire,
+// and each action, the action inside the signal. A row may end the process; its name has been
+// written before.
+//
+//   handler_rows --types              writes the names of the types
+//   handler_rows --attached           destroys an object that the engine has attached
+//   handler_rows                      reads commands from standard input:
+//     list TYPE                       which signals fire; no rows are run
+//     run TYPE                        all rows
+//     resume TYPE <tab> STEP <tab> ROW    those after row ROW of provocation number STEP
+//
+// Each line of output is a word and a text, parted by a tab: "class" and "declared" (a signal that
+// the class has), "row", "fired", "while" (when the row before acts: "synchronizing", "binding"),
+// "said" and "left" (what is wrong with it), "done".
+
+#include "tests/plugin/handlers/Action.h"
+#include "tests/plugin/handlers/Provocation.h"
+#include "tests/plugin/handlers/SignalHook.h"
+#include "tests/plugin/handlers/Stage.h"
+#include "tests/support/ObjectCensus.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QMetaMethod>
+#include <QQmlExpression>
+#include <QRegularExpression>
+#include <QSet>
+
+#include <cstdio>
+#include <set>
+#include <typeinfo>
+
+namespace {
+
+void write(const char *word, const QString &text)
+{
+    std::printf("%s\t%s\n", word, qPrintable(text));
+    std::fflush(stdout);
+}
+
+/// Warnings that the rows provoke and that are documented.
+bool isAnnounced(const QString &text)
+{
+    static const QRegularExpression announced(QStringLiteral(
+        "^Module size must be between|^Slider delegate must be|^Crosshair delegate must be"
+        "|^Destroyed Draggable during drag!|^Drop handlers changed during drag operation"
+        "|^No delegate present - TreeView cannot render tree"
+        "|^QXcbConnection: XCB error: [0-9]+ \\(Bad(Window|Match)\\)|^QStandardPaths: "));
+    return text.contains(announced);
+}
+
+void report(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    if (type == QtFatalMsg) {
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+        std::abort();
+    }
+    if ((type == QtWarningMsg || type == QtCriticalMsg) && !isAnnounced(text)) {
+        write("said", text);
+    }
+}
+
+/// A signal of one of the objects of a scene.
+struct Emission
+{
+    QString sender;
+    QByteArray signature;
+    bool isOfLibrary;
+    bool operator<(const Emission &other) const
+    {
+        return std::tie(sender, signature) < std::tie(other.sender, other.signature);
+    }
+};
+
+const QLatin1String attached("AttachedObject");
+
+/// Destroys what Qt itself has attached to an item, and asks the engine for it again.
+void deleteAttachedObject()
+{
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    component.setData("import QtQuick 2.12\nItem { Keys.enabled: true }", QUrl());
+    const std::unique_ptr<QObject> item(component.create());
+    for (QObject *child : item->children()) {
+        if (child->inherits("QQuickKeysAttached")) {
+            delete child;
+            break;
+        }
+    }
+    QQmlExpression expression(qmlContext(item.get()), item.get(),
+                              QStringLiteral("Keys.enabled = false"));
+    expression.evaluate();
+}
+
+bool isWatched(const QMetaMethod &method)
+{
+    return method.methodType() == QMetaMethod::Signal && method.name() != "destroyed"
+        && method.name() != "objectNameChanged";
+}
+
+const QMetaObject *declarerOf(const QMetaObject *meta, int method)
+{
+    while (meta->methodOffset() > method) {
+        meta = meta->superClass();
+    }
+    return meta;
+}
+
+class Rows
+{
+public:
+    explicit Rows(const QString &type)
+        : m_type(type)
+    {
+    }
+
+    bool prepare()
+    {
+        if (!m_stage.load(m_type)) {
+            return false;
+        }
+        m_provocations = provocationsFor(m_stage);
+        m_seen.clear();
+        m_stage.clear();
+        // What the first rows leave for good, such as caches, is none of a row's.
+        m_living = support::livingObjects();
+        return true;
+    }
+
+    void run(size_t firstStep, const QString &afterRow, bool listOnly)
+    {
+        QString after = afterRow;
+        for (size_t step = firstStep; step < m_provocations.size(); ++step) {
+            const Provocation &provocation = m_provocations.at(step);
+            const QStringList names = rowNames(provocation, step, listOnly);
+            const int first = after.isEmpty() ? 0 : names.indexOf(after) + 1;
+            after.clear();
+            for (int i = first; i < names.size(); ++i) {
+                write("row", QStringLiteral("%1\t%2").arg(step).arg(names.at(i)));
+                m_rows.at(size_t(i))();
+                finish();
+            }
+        }
+    }
+
+private:
+    /// Provokes once and notes what fires; makes a row of each signal and action. Returns their
+    /// names.
+    QStringList rowNames(const Provocation &provocation, size_t step, bool listOnly)
+    {
+        write("row", QStringLiteral("%1\t%2: only looked at").arg(step).arg(provocation.name));
+        m_rows.clear();
+        std::set<Emission> emissions;
+        provoke(provocation, [&](const QString &sender, QObject *object, int index) {
+            const QMetaMethod method = object->metaObject()->method(index);
+            const QString declarer =
+                QString::fromLatin1(declarerOf(object->metaObject(), index)->className());
+            return [&emissions,
+                    emission = Emission{sender, method.methodSignature(),
+                                        declarer.startsWith(QLatin1String("om::"))},
+                    declarer] {
+                if (emissions.insert(emission).second) {
+                    write("fired",
+                          declarer + QLatin1Char(' ') + QString::fromLatin1(emission.signature));
+                }
+            };
+        });
+        finish();
+        QStringList names;
+        for (const Emission &emission : emissions) {
+            if (isQts(provocation, emission)) {
+                continue;
+            }
+            for (const Action &action : actions()) {
+                for (const bool subject : {false, true}) {
+                    if (listOnly || (subject && !action.isForSubject)) {
+                        continue;
+                    }
+                    names.append(QStringLiteral("%1: in %2.%3: %4 %5")
+                                     .arg(provocation.name, emission.sender,
+                                          QString::fromLatin1(emission.signature), action.name,
+                                          subject ? QStringLiteral("the subject")
+                                                  : QStringLiteral("the sender")));
+                    m_rows.push_back([this, &provocation, emission, &action, subject] {
+                        runRow(provocation, emission, action, subject);
+                    });
+                }
+            }
+        }
+        return names;
+    }
+
+    /// Whether no code of the library has to do with an emission: the scene's root hears of each
+    /// child that comes and goes, and Qt tells it in the middle of its own work.
+    static bool isQts(const Provocation &provocation, const Emission &emission)
+    {
+        static const QList<QByteArray> aboutChildren = {
+            "childrenChanged()", "visibleChildrenChanged()", "childrenRectChanged(QRectF)"};
+        return aboutChildren.contains(emission.signature)
+            || (provocation.isOfQt && !emission.isOfLibrary
+                && (emission.sender == QLatin1String("subject")
+                    || emission.sender == QLatin1String("stock")));
+    }
+
+    using HookMaker = std::function<SignalHook::Function(const QString &, QObject *, int)>;
+
+    void provoke(const Provocation &provocation, const HookMaker &makeHook)
+    {
+        if (!m_stage.load(m_type)) {
+            return;
+        }
+        if (provocation.before) {
+            provocation.before(m_stage);
+            m_stage.settle();
+        }
+        m_hook = std::make_unique<SignalHook>();
+        m_hooked.clear();
+        m_stage.whenChanged = [this, makeHook] { hookNewObjects(makeHook); };
+        hookNewObjects(makeHook);
+        provocation.run(m_stage);
+        m_stage.settle();
+        m_hook.reset();
+        m_stage.clear();
+    }
+
+    void hookNewObjects(const HookMaker &makeHook)
+    {
+        const auto senders = m_stage.senders();
+        for (auto it = senders.cbegin(); it != senders.cend(); ++it) {
+            QPointer<QObject> &known = m_hooked[it.key()];
+            if (known) {
+                continue;
+            }
+            known = it.value();
+            const QMetaObject *const meta = known->metaObject();
+            declare(meta);
+            for (int i = 0; i < meta->methodCount(); ++i) {
+                if (isWatched(meta->method(i))) {
+                    if (auto hook = makeHook(it.key(), known, i)) {
+                        m_hook->connectTo(known, i, std::move(hook));
+                    }
+                }
+            }
+        }
+    }
+
+    /// Writes the signals that classes of the library have, once a class.
+    void declare(const QMetaObject *meta)
+    {
+        for (; meta; meta = meta->superClass()) {
+            const QString name = QString::fromLatin1(meta->className());
+            if (!name.startsWith(QLatin1String("om::controls::")) || m_seen.contains(name)) {
+                continue;
+            }
+            m_seen.insert(name);
+            write("class", name);
+            for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
+                if (isWatched(meta->method(i))) {
+                    write("declared",
+                          name + QLatin1Char(' ')
+                              + QString::fromLatin1(meta->method(i).methodSignature()));
+                }
+            }
+        }
+    }
+
+    void runRow(const Provocation &provocation, const Emission &emission, const Action &action,
+                bool atSubject)
+    {
+        bool done = false;
+        provoke(provocation,
+                [&](const QString &sender, QObject *object, int index) -> SignalHook::Function {
+                    if (sender != emission.sender
+                        || object->metaObject()->method(index).methodSignature()
+                            != emission.signature) {
+                        return {};
+                    }
+                    // A property that QML has declared changes while its binding is evaluated.
+                    const bool isBinding =
+                        QByteArray(declarerOf(object->metaObject(), index)->className())
+                            .contains("_QML");
+                    return [&, isBinding, guarded = QPointer<QObject>(object),
+                            type = &typeid(*object)] {
+                        QObject *const target = atSubject ? m_stage.subject() : guarded.data();
+                        // Qt also emits from destructors, where the object is less than it was.
+                        if (done || !target || !guarded || *type != typeid(*guarded)
+                            || (action.needsItem && !qobject_cast<QQuickItem *>(target))
+                            || (action.isEnd && plainClassName(target).endsWith(attached))) {
+                            return;
+                        }
+                        done = true;
+                        if (m_stage.isSynchronizing()) {
+                            write("while", QStringLiteral("synchronizing"));
+                        } else if (isBinding) {
+                            write("while", QStringLiteral("binding"));
+                        }
+                        action.run(m_stage, target, provocation);
+                    };
+                });
+    }
+
+    /// Names what a row left behind.
+    void finish()
+    {
+        // What JavaScript holds goes in rounds: each round lets go of what holds the next.
+        for (int round = 0; round < 4 && support::livingObjects() != m_living; ++round) {
+            m_stage.engine()->collectGarbage();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        QStringList left = support::livingObjects();
+        if (left != m_living) {
+            const QStringList all = left;
+            for (const QString &known : qAsConst(m_living)) {
+                left.removeOne(known);
+            }
+            if (!left.isEmpty()) {
+                write("left", left.join(QStringLiteral(", ")));
+            }
+            m_living = all;
+        }
+        const QStringList filters = support::eventFilters();
+        if (!filters.isEmpty()) {
+            write("left", filters.join(QStringLiteral(", ")));
+        }
+    }
+
+    const QString m_type;
+    Stage m_stage;
+    std::vector<Provocation> m_provocations;
+    std::vector<std::function<void()>> m_rows;
+    std::unique_ptr<SignalHook> m_hook;
+    QMap<QString, QPointer<QObject>> m_hooked;
+    QStringList m_living;
+    QSet<QString> m_seen;
+};
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc > 1 && qstrcmp(argv[1], "--types") == 0) {
+        for (const QString &type : registeredTypes()) {
+            write("type", type);
+        }
+        return 0;
+    }
+    QGuiApplication app(argc, argv);
+    if (argc > 1 && qstrcmp(argv[1], "--attached") == 0) {
+        deleteAttachedObject();
+        return 0;
+    }
+    qInstallMessageHandler(report);
+    QFile input;
+    if (!input.open(stdin, QIODevice::ReadOnly)) {
+        return 1;
+    }
+    for (;;) {
+        const QString line = QString::fromUtf8(input.readLine()).trimmed();
+        if (line.isEmpty()) {
+            return 0;
+        }
+        const QString command = line.section(QLatin1Char(' '), 0, 0);
+        const QStringList words = line.section(QLatin1Char(' '), 1).split(QLatin1Char('\t'));
+        Rows rows(words.value(0));
+        if (!rows.prepare()) {
+            return 1;
+        }
+        rows.run(words.value(1).toUInt(), words.value(2), command == QLatin1String("list"));
+        write("done", words.value(0));
+    }
+}

@@ -1,0 +1,323 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include <QDirIterator>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+
+#include <memory>
+
+/// What a handler may do: from within every signal of every type, the sender is destroyed, hidden,
+/// moved, and more. The signals come from the meta-objects, and so do the ways to make them fire:
+/// nothing here knows a type by name, unless it is listed with its reason.
+///
+/// The program handler_rows runs the rows; when one ends it, it is started again for the others.
+class TestHandlers : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void attachedObjectsAreTheEngines();
+    void survives_data();
+    void survives();
+    void everySignalFires();
+    void cleanupTestCase();
+
+private:
+    void runType(const QString &type, const QString &command);
+    void wrong(const QString &type, const QString &row, const QString &what, bool mayBeQts);
+
+    int m_typeCount = 0;
+    QSet<QString> m_types;
+    QSet<QString> m_classes;
+    QSet<QString> m_declared;
+    QSet<QString> m_fired;
+    /// What items of Qt do not survive: "signal: action" or, in an event handler, "provocation:
+    /// action" or, during the synchronisation with the scene graph and in the middle of the
+    /// evaluation of a binding, "while …: action".
+    QSet<QString> m_forbidden;
+    QString m_while;
+    int m_wrong = 0;
+    int m_excused = 0;
+    int m_rows = 0;
+};
+
+namespace {
+
+/// Signals that nothing can make fire.
+bool isNeverEmitted(const QString &signal)
+{
+    static const QStringList never = {
+        // Declared for the interface only.
+        QStringLiteral("om::controls::HoverArea disabledChanged(bool)"),
+        // A row keeps its place for its life; the signals are there for bindings.
+        QStringLiteral("om::controls::TreeViewEntry levelChanged(int)"),
+        QStringLiteral("om::controls::TreeViewEntry indexChanged(int)"),
+    };
+    return never.contains(signal);
+}
+
+/// The types that show what Qt forbids: what is done to an item, and what is done to one from
+/// within its event handlers and its filter of its children's events.
+QStringList qtTypes()
+{
+    return {QStringLiteral("Item"), QStringLiteral("EventItem"), QStringLiteral("FilterItem")};
+}
+
+QString programPath()
+{
+    return qEnvironmentVariable("OMBREL_BUILD_DIR") + QStringLiteral("/tests/handler_rows");
+}
+
+/// The line of a sanitizer's report that says what went wrong, and the first places of the library
+/// in it.
+QString summaryOf(const QByteArray &report)
+{
+    static const QRegularExpression place(QStringLiteral("#\\d+ .* in (om::controls::\\S+).*"));
+    QStringList lines;
+    const auto all = QString::fromUtf8(report).split(QLatin1Char('\n'));
+    for (const QString &line : all) {
+        const auto match = place.match(line);
+        if (line.contains(QLatin1String("ERROR: "))
+            || line.contains(QLatin1String("runtime error"))) {
+            lines.append(line.section(QStringLiteral("ERROR: "), -1).left(80));
+        } else if (match.hasMatch() && lines.size() < 4) {
+            lines.append(match.captured(1));
+        }
+    }
+    // Without a report, the last words.
+    return lines.isEmpty() ? QString::fromUtf8(report).trimmed().section(QLatin1Char('\n'), -1)
+                           : lines.join(QStringLiteral("; "));
+}
+
+/// For a program in which freed memory is overwritten, so that Qt, which no sanitizer watches,
+/// stumbles over it.
+QProcessEnvironment environment(bool namesPlaces = true)
+{
+    auto environment = QProcessEnvironment::systemEnvironment();
+    const QString options = QStringLiteral("ASAN_OPTIONS");
+    QString value = environment.value(options)
+        + QStringLiteral(":detect_leaks=0:max_free_fill_size=65536:free_fill_byte=165");
+    if (!namesPlaces) {
+        value += QStringLiteral(":symbolize=0");
+    }
+    environment.insert(options, value);
+    environment.insert(QStringLiteral("MALLOC_PERTURB_"), QStringLiteral("165"));
+    return environment;
+}
+
+/// Whether it is the library's own code that stumbled, not Qt's below it.
+bool isInLibrary(const QByteArray &report)
+{
+    static const QRegularExpression frame(
+        QStringLiteral("#\\d+ 0x\\w+ +(?:in )?(om::controls::|.*/libQt5)"));
+    return frame.match(QString::fromUtf8(report)).captured(1).startsWith(QLatin1String("om::"));
+}
+
+/// Whether the software driver of OpenGL died, which it now and then does beside windows that come
+/// and go under the threaded loop: that is no verdict on the row, which then runs again.
+bool isInDriver(const QByteArray &report)
+{
+    return !report.contains("om::controls::")
+        && (report.contains("swrast_dri.so") || report.contains("libLLVM")
+            || report.contains("libgallium"));
+}
+
+/// What the QML engine itself forbids, in its own words: to destroy an object inside one of its QML
+/// handlers, and to change from within a handler what the binding in evaluation depends on.
+bool isRuleOfTheEngine(const QString &what)
+{
+    return what.contains(QLatin1String("while one of its QML signal handlers is in progress"))
+        || what.contains(QLatin1String("Binding loop detected"));
+}
+
+} // namespace
+
+/// Notes what is wrong with \a row, unless \a mayBeQts and an item of Qt does not survive it.
+void TestHandlers::wrong(const QString &type, const QString &row, const QString &what,
+                         bool mayBeQts)
+{
+    // Told from within Qt's own signal.
+    static const QRegularExpression relayed(QStringLiteral("^(beginEdit|endEdit)\\(\\)"));
+    QString deed = row.section(QStringLiteral(": in "), 1).section(QLatin1Char('.'), 1);
+    deed.replace(relayed, QStringLiteral("activeFocusChanged(bool)"));
+    const QString provocation = row.section(QStringLiteral(": in "), 0, 0);
+    const QString occasion = (m_while.isEmpty() ? provocation : m_while) + QLatin1String(": ")
+        + row.section(QStringLiteral(": "), 2);
+    if (type == QLatin1String("Item")) {
+        m_forbidden.insert(m_while.isEmpty() ? deed : occasion);
+    } else if (qtTypes().contains(type)) {
+        if (deed.startsWith(QLatin1String("happened"))) {
+            m_forbidden.insert(occasion);
+        }
+    } else if (isRuleOfTheEngine(what)) {
+        ++m_excused;
+    } else if (mayBeQts && occasion == QLatin1String("while binding: do the same again the sender")
+               && m_forbidden.contains(QStringLiteral("while binding: delete the subject"))) {
+        // Doing the same again ends rows, too.
+        ++m_excused;
+    } else if (mayBeQts && (m_forbidden.contains(deed) || m_forbidden.contains(occasion))) {
+        ++m_excused;
+    } else {
+        ++m_wrong;
+        qInfo("%s", qPrintable(QStringLiteral("%1, %2: %3").arg(type, row, what)));
+    }
+}
+
+/// Runs all rows of \a type, or only looks at what fires.
+void TestHandlers::runType(const QString &type, const QString &command)
+{
+    QString line = command + QLatin1Char(' ') + type;
+    int repetitions = 0;
+    for (;;) {
+        QProcess program;
+        program.setProcessEnvironment(environment(!qtTypes().contains(type)));
+        program.start(programPath(), QStringList());
+        program.write(line.toUtf8() + '\n');
+        program.closeWriteChannel();
+
+        QString step;
+        QString row;
+        QString previousRow;
+        bool isDone = false;
+        while (program.state() != QProcess::NotRunning || program.canReadLine()) {
+            if (!program.canReadLine() && !program.waitForReadyRead(60000)) {
+                program.kill();
+                program.waitForFinished();
+            }
+            while (program.canReadLine()) {
+                const QString text = QString::fromUtf8(program.readLine()).trimmed();
+                const QString word = text.section(QLatin1Char('\t'), 0, 0);
+                const QString what = text.section(QLatin1Char('\t'), 1);
+                if (word == QLatin1String("row")) {
+                    const QString newStep = what.section(QLatin1Char('\t'), 0, 0);
+                    previousRow = newStep == step ? row : QString();
+                    step = newStep;
+                    row = what.section(QLatin1Char('\t'), 1);
+                    m_while.clear();
+                    ++m_rows;
+                } else if (word == QLatin1String("while")) {
+                    m_while = QStringLiteral("while ") + what;
+                } else if (word == QLatin1String("class")) {
+                    m_classes.insert(what);
+                } else if (word == QLatin1String("declared")) {
+                    m_declared.insert(what);
+                } else if (word == QLatin1String("fired")) {
+                    m_fired.insert(what);
+                } else if (word == QLatin1String("done")) {
+                    isDone = true;
+                } else {
+                    wrong(type, row, word + QLatin1Char(' ') + what, word == QLatin1String("said"));
+                }
+            }
+        }
+        if (isDone) {
+            return;
+        }
+        const QByteArray report = program.readAllStandardError();
+        if (isInDriver(report) && ++repetitions < 10) {
+            line = QStringLiteral("resume %1\t%2\t%3").arg(type, step, previousRow);
+            continue;
+        }
+        wrong(type, row, summaryOf(report) + QStringLiteral(" (code %1)").arg(program.exitCode()),
+              !isInLibrary(report));
+        if (row.isEmpty()) {
+            return;
+        }
+        // A provocation that is not survived even without a handler has no rows.
+        const bool isLook = row.endsWith(QLatin1String(": only looked at"));
+        line = isLook ? QStringLiteral("resume %1\t%2").arg(type).arg(step.toInt() + 1)
+                      : QStringLiteral("resume %1\t%2\t%3").arg(type, step, row);
+    }
+}
+
+/// Items of Qt, with everything done to them that the library does to items, and with signals in
+/// their event handlers as the library's have them.
+void TestHandlers::initTestCase()
+{
+    for (const QString &type : qtTypes()) {
+        runType(type, QStringLiteral("run"));
+    }
+    QStringList forbidden(m_forbidden.cbegin(), m_forbidden.cend());
+    forbidden.sort();
+    qInfo("Qt forbids:\n    %s", qPrintable(forbidden.join(QStringLiteral("\n    "))));
+}
+
+/// Why no row destroys an attached object: the engine does not survive it, whoever made it.
+void TestHandlers::attachedObjectsAreTheEngines()
+{
+    QProcess program;
+    program.setProcessEnvironment(environment());
+    program.start(programPath(), {QStringLiteral("--attached")});
+    QVERIFY(program.waitForFinished());
+    QVERIFY(program.exitStatus() == QProcess::CrashExit || program.exitCode() != 0);
+}
+
+void TestHandlers::survives_data()
+{
+    QTest::addColumn<QString>("type");
+    QProcess program;
+    program.start(programPath(), {QStringLiteral("--types")});
+    QVERIFY(program.waitForFinished());
+    const auto lines = QString::fromUtf8(program.readAllStandardOutput()).split(QLatin1Char('\n'));
+    for (const QString &line : lines) {
+        const QString type = line.section(QLatin1Char('\t'), 1);
+        if (!type.isEmpty()) {
+            QTest::newRow(qPrintable(type)) << type;
+            ++m_typeCount;
+        }
+    }
+}
+
+void TestHandlers::survives()
+{
+    QFETCH(QString, type);
+    m_wrong = 0;
+    runType(type, QStringLiteral("run"));
+    m_types.insert(type);
+    QVERIFY2(m_wrong == 0, "handlers that are not survived are listed above");
+}
+
+/// A signal that nothing above makes fire is one that nobody has tried a handler for. The classes
+/// are looked for in the headers: one that no scene shows would not be missed otherwise.
+void TestHandlers::everySignalFires()
+{
+    if (m_types.size() < m_typeCount) {
+        QSKIP("only some of the types were asked for");
+    }
+    QDirIterator headers(qEnvironmentVariable("OMBREL_SOURCE_DIR") + QStringLiteral("/controls"),
+                         {QStringLiteral("*.h")}, QDir::Files, QDirIterator::Subdirectories);
+    QStringList missing;
+    int count = 0;
+    while (headers.hasNext()) {
+        QFile header(headers.next());
+        QVERIFY(header.open(QIODevice::ReadOnly));
+        if (header.readAll().contains("Q_SIGNALS:")) {
+            ++count;
+            const QString name = QStringLiteral("om::controls::") + headers.fileInfo().baseName();
+            if (!m_classes.contains(name)) {
+                missing.append(name);
+            }
+        }
+    }
+    QVERIFY(count > 20);
+    for (const QString &signal : qAsConst(m_declared)) {
+        if (!m_fired.contains(signal) && !isNeverEmitted(signal)) {
+            missing.append(signal);
+        }
+    }
+    missing.sort();
+    QVERIFY2(missing.isEmpty(), qPrintable(missing.join(QStringLiteral("\n    "))));
+}
+
+void TestHandlers::cleanupTestCase()
+{
+    qInfo("%d rows, %d of them forbidden by Qt", m_rows, m_excused);
+}
+
+QTEST_GUILESS_MAIN(TestHandlers)
+#include "tst_handlers.moc"
