@@ -23,7 +23,9 @@ public:
     void follow();
 
     Frame *const q;
-    FrameItem *const ring; // a QObject child of the Frame
+    /// A QObject child of the Frame. It is an item of the window's content item, where the
+    /// application may find and destroy it; the Frame then frames nothing.
+    const QPointer<FrameItem> ring;
     QPointer<QQuickWindow> window; // the one whose content item has the ring
     bool attached = false; // ever since completion in a window
 };
@@ -35,7 +37,9 @@ void Frame::Private::attach(QQuickWindow *newWindow)
     }
     window = newWindow;
     attached = true;
-    ring->setParentItem(window ? window->contentItem() : nullptr);
+    if (ring) {
+        ring->setParentItem(window ? window->contentItem() : nullptr);
+    }
     if (window) {
         // Emitted on the thread that synchronises: under the basic loop the slot runs at once,
         // under the threaded one it runs on the GUI thread and its effect is in the next frame.
@@ -61,13 +65,13 @@ Frame::~Frame() = default;
 
 int Frame::frameWidth() const
 {
-    return d->ring->frameWidth();
+    return d->ring ? d->ring->frameWidth() : 0;
 }
 
 void Frame::setFrameWidth(int frameWidth)
 {
     const int width = qMax(0, frameWidth);
-    if (d->ring->frameWidth() == width) {
+    if (!d->ring || d->ring->frameWidth() == width) {
         return;
     }
     d->ring->setFrameWidth(width);
@@ -76,12 +80,12 @@ void Frame::setFrameWidth(int frameWidth)
 
 QColor Frame::color() const
 {
-    return d->ring->color();
+    return d->ring ? d->ring->color() : QColor();
 }
 
 void Frame::setColor(const QColor &color)
 {
-    if (d->ring->color() == color) {
+    if (!d->ring || d->ring->color() == color) {
         return;
     }
     d->ring->setColor(color);
@@ -102,9 +106,9 @@ void Frame::itemChange(ItemChange change, const ItemChangeData &value)
 {
     // The base is not called: all it would do is to emit windowChanged(), which a Frame never
     // does.
-    if (change == ItemVisibleHasChanged) {
+    if (change == ItemVisibleHasChanged && d->ring) {
         d->ring->setVisible(value.boolValue);
-    } else if (change == ItemOpacityHasChanged) {
+    } else if (change == ItemOpacityHasChanged && d->ring) {
         d->ring->setOpacity(value.realValue);
     } else if (change == ItemSceneChange && d->attached) {
         // Later: at this moment the old window's items are being walked, the ring among them.
@@ -115,6 +119,9 @@ void Frame::itemChange(ItemChange change, const ItemChangeData &value)
 
 void Frame::updateGeometry()
 {
+    if (!d->ring) {
+        return;
+    }
     const qreal w = d->ring->frameWidth();
     d->ring->setRect(mapRectToScene(boundingRect()).adjusted(-w, -w, w, w));
 }
