@@ -12,6 +12,9 @@ Demo {
     // From the opened folder to the one shown.
     property var path: [gallery.folder]
     readonly property Document folder: path[path.length - 1]
+    // A folder that is deleted on disk is null until the path is mended.
+    readonly property int count: folder ? folder.children.length : 0
+    readonly property bool readable: !folder || folder.readable
     property Document selected: firstOf(gallery.folder)
 
     function firstOf(document) {
@@ -93,8 +96,7 @@ Demo {
         anchors.rightMargin: 14
         height: 40
         verticalAlignment: Text.AlignVCenter
-        text: demo.folder.children.length === 1 ? "1 document"
-                                                : demo.folder.children.length + " documents"
+        text: demo.count === 1 ? "1 document" : demo.count + " documents"
         color: Theme.faintText
         font.pixelSize: Theme.small
     }
@@ -108,8 +110,8 @@ Demo {
     Label {
         anchors.centerIn: list
         visible: list.count === 0
-        text: demo.folder.readable ? "This folder is empty" : "This folder cannot be read"
-        color: demo.folder.readable ? Theme.faintText : Theme.errorText
+        text: demo.readable ? "This folder is empty" : "This folder cannot be read"
+        color: demo.readable ? Theme.faintText : Theme.errorText
     }
 
     ListView {
@@ -120,7 +122,7 @@ Demo {
         bottomMargin: 6
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        model: demo.folder.children
+        model: demo.folder ? demo.folder.children : []
         Controls.ScrollBar.vertical: ScrollBar {}
 
         delegate: Item {
