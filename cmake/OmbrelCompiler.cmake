@@ -42,6 +42,10 @@ if(OMBREL_SANITIZE)
                         -fno-omit-frame-pointer -O1 -g1)
     add_link_options(-fsanitize=address,undefined,float-cast-overflow)
 endif()
+if(OMBREL_BUILD_FUZZERS)
+    # Tells the fuzzer which branches an input has taken.
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
 
 # Hides the API that was deprecated by Qt 5.12 and warns of none that was deprecated later: its
 # replacement need not be in 5.12. Nothing here hides API that came after 5.12.
