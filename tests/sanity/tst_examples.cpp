@@ -51,8 +51,9 @@ private:
 void TestExamples::load(const char *type)
 {
     m_view = std::make_unique<QmlView>();
-    m_view->loadFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
-                     + QStringLiteral("/docs/snippets/%1.qml").arg(QString::fromLatin1(type)));
+    m_view->loadFile(
+        qEnvironmentVariable("OMBREL_SOURCE_DIR")
+        + QStringLiteral("/docs/snippets/%1Example.qml").arg(QString::fromLatin1(type)));
     m_view->show();
 }
 
@@ -234,7 +235,7 @@ void TestExamples::popupAnchorItem()
 
 void TestExamples::popupAtTheEdges()
 {
-    load("Popup-edges");
+    load("PopupEdges");
     const QRectF window(0, 0, 320, 240);
     for (const QPoint &place :
          {QPoint(10, 10), QPoint(310, 10), QPoint(10, 230), QPoint(310, 230)}) {
@@ -304,7 +305,7 @@ void TestExamples::treeView()
 
 void TestExamples::treeViewByKeys()
 {
-    load("TreeView-keys");
+    load("TreeViewKeys");
     QTRY_VERIFY(saying("Beach"));
     QQuickItem *const tree = the("om::controls::TreeView");
     const auto active = [tree] {

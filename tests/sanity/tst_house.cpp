@@ -236,7 +236,7 @@ void TestHouse::everyNameHasItsFiles()
                                 + QStringLiteral(".cpp"),
                             QStringLiteral("docs/reference/%1.md").arg(name)};
     if (kind != QLatin1String("Uncreatable")) {
-        expected.append(QStringLiteral("docs/snippets/%1.qml").arg(name));
+        expected.append(QStringLiteral("docs/snippets/%1Example.qml").arg(name));
         expected.append(QStringLiteral("gallery/qml/pages/%1Demo.qml").arg(name));
     }
     for (const QString &file : qAsConst(expected)) {
@@ -362,10 +362,15 @@ void TestHouse::examplesAreInTheReference()
 {
     QFETCH(QString, snippet);
     const QString name = QFileInfo(snippet).completeBaseName();
-    // "<Type>.qml" is the type's example, "<Type>-<what>.qml" a recipe on the same page.
-    const QString page =
-        read(QStringLiteral("docs/reference/%1.md").arg(name.section(QLatin1Char('-'), 0, 0)));
-    QVERIFY2(page.contains(QStringLiteral("snippets/%1.qml").arg(name)),
+    // A file that is named as a type takes that type's place for every file beside it.
+    QVERIFY2(name.endsWith(QLatin1String("Example")), "an example is named as one");
+    // "<Type>Example.qml" is the type's example, "<Type><What>Example.qml" a recipe on its page.
+    QString type = name.chopped(int(qstrlen("Example")));
+    const auto page = [&type] { return QStringLiteral("docs/reference/%1.md").arg(type); };
+    while (!type.isEmpty() && !m_root.exists(page())) {
+        type.chop(1);
+    }
+    QVERIFY2(read(page()).contains(QStringLiteral("snippets/%1.qml").arg(name)),
              "the reference page does not point to its example");
 }
 
