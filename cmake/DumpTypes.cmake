@@ -3,6 +3,9 @@
 #
 # Runs Qt's type dumper on the module URI found below IMPORT and writes OUTPUT. Any failure of the
 # tool is a failure of the build: a type that cannot be constructed bare is a bug.
+#
+# ATTACHED, which may be empty, describes the types that the tool cannot see, since the factories of
+# attached objects return QObject: <Type>AttachedObject is what <Type> attaches.
 
 set(ENV{QT_QPA_PLATFORM} minimal)
 set(ENV{QML2_IMPORT_PATH} "${IMPORT}")
@@ -20,4 +23,30 @@ if(NOT result EQUAL 0)
 endif()
 # The tool's second line repeats its command line, which names folders of this build.
 string(REGEX REPLACE "\n// [^\n]*'qmlplugindump[^\n]*" "\n// 'qmlplugindump ${URI} 1.0'" text "${text}")
+# Nor are its dependencies what the module needs: it names the versions that this Qt has.
+string(REPLACE "." "/" path "${URI}")
+file(STRINGS "${IMPORT}/${path}/qmldir" depends REGEX "^depends ")
+list(TRANSFORM depends REPLACE "^depends (.*)$" "\"\\1\"")
+list(JOIN depends ", " depends)
+string(REGEX REPLACE "\n    dependencies: [^\n]*" "\n    dependencies: [${depends}]" text "${text}")
+
+if(ATTACHED)
+    file(READ "${ATTACHED}" components)
+    string(REGEX REPLACE "//[^\n]*\n" "" components "${components}")
+    string(STRIP "${components}" components)
+    string(REGEX MATCHALL "[A-Za-z_:]+AttachedObject" names "${components}")
+    foreach(name IN LISTS names)
+        string(REGEX REPLACE "AttachedObject$" "" owner "${name}")
+        set(before "${text}")
+        string(REGEX REPLACE "(name: \"${owner}\"\n[^{}]*attachedType: )\"QObject\"" "\\1\"${name}\""
+               text "${text}")
+        if(text STREQUAL before)
+            message(FATAL_ERROR "${ATTACHED} describes ${name}, but ${owner} attaches no QObject")
+        endif()
+    endforeach()
+    if(text MATCHES "name: (\"[^\"]*\")\n[^{}]*attachedType: \"QObject\"")
+        message(FATAL_ERROR "${ATTACHED} does not describe what ${CMAKE_MATCH_1} attaches")
+    endif()
+    string(REGEX REPLACE "}\n$" "    ${components}\n}\n" text "${text}")
+endif()
 file(WRITE "${OUTPUT}" "${text}")

@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/TypeDescriptions.h"
+
 #include <QFile>
 #include <QMetaMethod>
 #include <QQmlComponent>
 #include <QQmlEngine>
+#include <QQmlProperty>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -22,112 +25,24 @@ private Q_SLOTS:
     void initTestCase();
     void describedAsRegistered_data();
     void describedAsRegistered();
+    void attachedTypesAreDescribed_data();
+    void attachedTypesAreDescribed();
+    void everyAttachedTypeIsKnown();
     void nothingElseIsExported();
     void noPathOfTheBuild();
+    void shippedAsBuilt_data();
+    void shippedAsBuilt();
+
+private:
+    static void compare(const support::TypeBlock &type, const QMetaObject *meta);
 };
+
+using namespace support;
 
 namespace {
 
-/// A block of a .qmltypes file: "Property { name: "x"; type: "int" }".
-struct Block
-{
-    QString kind;
-    std::map<QString, QString> fields;
-    std::vector<Block> blocks;
-
-    QString text(const char *field) const
-    {
-        const auto found = fields.find(QLatin1String(field));
-        return found == fields.end() ? QString() : found->second;
-    }
-    bool flag(const char *field) const { return text(field) == QLatin1String("true"); }
-    std::vector<const Block *> children(const char *childKind) const
-    {
-        std::vector<const Block *> found;
-        for (const Block &block : blocks) {
-            if (block.kind == QLatin1String(childKind)) {
-                found.push_back(&block);
-            }
-        }
-        return found;
-    }
-};
-
-/// Reads the small part of QML that Qt's tool writes.
-class Parser
-{
-public:
-    explicit Parser(const QString &text)
-    {
-        const QRegularExpression token(QStringLiteral(
-            "//[^\\n]*|import [^\\n]*|(\"(?:[^\"\\\\]|\\\\.)*\"|[\\w.+-]+|[{}\\[\\]:;,])"));
-        auto tokens = token.globalMatch(text);
-        while (tokens.hasNext()) {
-            const QString captured = tokens.next().captured(1);
-            if (!captured.isEmpty()) {
-                m_tokens.append(captured);
-            }
-        }
-    }
-
-    Block parse()
-    {
-        Block root;
-        while (m_next < m_tokens.size()) {
-            member(&root);
-        }
-        return root;
-    }
-
-private:
-    QString take() { return m_tokens.value(m_next++); }
-    QString peek() const { return m_tokens.value(m_next); }
-
-    void member(Block *block)
-    {
-        const QString name = take();
-        if (name == QLatin1String(";") || name == QLatin1String(",")) {
-            return;
-        }
-        if (peek() == QLatin1String("{")) {
-            take();
-            Block child;
-            child.kind = name;
-            while (m_next < m_tokens.size() && peek() != QLatin1String("}")) {
-                member(&child);
-            }
-            take();
-            block->blocks.push_back(child);
-            return;
-        }
-        take(); // the colon
-        QString value;
-        if (peek() == QLatin1String("[") || peek() == QLatin1String("{")) {
-            const QString close =
-                take() == QLatin1String("[") ? QStringLiteral("]") : QStringLiteral("}");
-            while (m_next < m_tokens.size() && peek() != close) {
-                value += take();
-            }
-            take();
-        } else {
-            value = take();
-        }
-        block->fields[unquoted(name)] = unquoted(value);
-    }
-
-    static QString unquoted(const QString &text)
-    {
-        return text.startsWith(QLatin1Char('"')) && text.count(QLatin1Char('"')) == 2
-            ? text.mid(1, text.size() - 2)
-            : text;
-    }
-
-    QStringList m_tokens;
-    int m_next = 0;
-};
-
 /// The described types of all modules, and the text they were read from.
-std::vector<Block> descriptions;
+std::vector<TypeBlock> descriptions;
 QString descriptionText;
 
 /// A type as the tool writes it: "QQmlListProperty<T>" is a list of T, "T*" a pointer to T.
@@ -158,10 +73,10 @@ bool sameType(const QString &described, const QByteArray &live)
         == unqualified(QStringLiteral("::") + plain);
 }
 
-QString signatureOf(const Block &block)
+QString signatureOf(const TypeBlock &block)
 {
     QStringList parameters;
-    for (const Block *parameter : block.children("Parameter")) {
+    for (const TypeBlock *parameter : block.children("Parameter")) {
         parameters.append(unqualified(QStringLiteral("::") + parameter->text("type"))
                           + QLatin1Char(' ') + parameter->text("name"));
     }
@@ -246,9 +161,9 @@ void TestQmlTypes::initTestCase()
         if (text.isEmpty() && path != controls) {
             continue;
         }
-        const Block module = Parser(text).parse();
+        const TypeBlock module = readTypes(text);
         QVERIFY2(module.blocks.size() == 1, qPrintable(path));
-        for (const Block *block : module.blocks.front().children("Component")) {
+        for (const TypeBlock *block : module.blocks.front().children("Component")) {
             descriptions.push_back(*block);
         }
         descriptionText += text;
@@ -279,12 +194,7 @@ void TestQmlTypes::describedAsRegistered()
     const bool dataCore = module == QLatin1String("ombrel.data.Core");
     const QString className =
         (dataCore ? QStringLiteral("om::data::") : QStringLiteral("om::controls::")) + name;
-    const Block *type = nullptr;
-    for (const Block &block : descriptions) {
-        if (block.text("name") == className) {
-            type = &block;
-        }
-    }
+    const TypeBlock *const type = typeNamed(descriptions, className);
     QVERIFY2(type, "not described");
     QCOMPARE(type->text("exports"), QStringLiteral("%1/%2 1.0").arg(module, name));
 
@@ -317,8 +227,14 @@ void TestQmlTypes::describedAsRegistered()
         meta = object->metaObject();
     }
     QVERIFY(meta);
-    QCOMPARE(QString::fromLatin1(meta->className()), type->text("name"));
-    QCOMPARE(type->text("prototype"), QString::fromLatin1(meta->superClass()->className()));
+    compare(*type, meta);
+}
+
+/// Holds \a type, what is described, against \a meta, what is there.
+void TestQmlTypes::compare(const TypeBlock &type, const QMetaObject *meta)
+{
+    QCOMPARE(QString::fromLatin1(meta->className()), type.text("name"));
+    QCOMPARE(type.text("prototype"), QString::fromLatin1(meta->superClass()->className()));
 
     // Properties.
     QStringList live;
@@ -326,7 +242,7 @@ void TestQmlTypes::describedAsRegistered()
     for (int i = meta->propertyOffset(); i < meta->propertyCount(); ++i) {
         const QMetaProperty property = meta->property(i);
         live.append(QString::fromLatin1(property.name()));
-        for (const Block *block : type->children("Property")) {
+        for (const TypeBlock *block : type.children("Property")) {
             if (block->text("name") != live.last()) {
                 continue;
             }
@@ -339,7 +255,7 @@ void TestQmlTypes::describedAsRegistered()
             QCOMPARE(block->flag("isPointer"), typeName.endsWith('*'));
         }
     }
-    for (const Block *block : type->children("Property")) {
+    for (const TypeBlock *block : type.children("Property")) {
         described.append(block->text("name"));
     }
     live.sort();
@@ -364,11 +280,11 @@ void TestQmlTypes::describedAsRegistered()
         }
     }
     QStringList describedSignals;
-    for (const Block *block : type->children("Signal")) {
+    for (const TypeBlock *block : type.children("Signal")) {
         describedSignals.append(signatureOf(*block));
     }
     QStringList describedMethods;
-    for (const Block *block : type->children("Method")) {
+    for (const TypeBlock *block : type.children("Method")) {
         describedMethods.append(signatureOf(*block));
     }
     for (QStringList *list : {&liveSignals, &liveMethods, &describedSignals, &describedMethods}) {
@@ -390,7 +306,7 @@ void TestQmlTypes::describedAsRegistered()
     }
     QStringList describedEnums;
     const QRegularExpression key(QStringLiteral("\"(\\w+)\":(-?\\d+)"));
-    for (const Block *block : type->children("Enum")) {
+    for (const TypeBlock *block : type.children("Enum")) {
         auto keys = key.globalMatch(block->text("values"));
         while (keys.hasNext()) {
             const auto match = keys.next();
@@ -406,17 +322,83 @@ void TestQmlTypes::describedAsRegistered()
     // Class information.
     const int defaultProperty = meta->indexOfClassInfo("DefaultProperty");
     if (defaultProperty >= 0) { // inherited ones are written out too
-        QCOMPARE(type->text("defaultProperty"),
+        QCOMPARE(type.text("defaultProperty"),
                  QString::fromLatin1(meta->classInfo(defaultProperty).value()));
     } else {
-        QCOMPARE(type->text("defaultProperty"), QString());
+        QCOMPARE(type.text("defaultProperty"), QString());
     }
+}
+
+void TestQmlTypes::attachedTypesAreDescribed_data()
+{
+    QTest::addColumn<QByteArray>("qml");
+    QTest::addColumn<QString>("property");
+    QTest::newRow("DragArea") << QByteArray("Item { property Item it: Item {} }")
+                              << QStringLiteral("DragArea.hotspot");
+    QTest::newRow("DragZone") << QByteArray("Item { property Item it: Item {} }")
+                              << QStringLiteral("DragZone.hotspot");
+    // Only what is in a row has one.
+    QTest::newRow("TreeView") << QByteArray("TreeView {\n"
+                                            "    id: tree\n"
+                                            "    property Item it\n"
+                                            "    childProperty: 'children'\n"
+                                            "    rootDocuments: Document {}\n"
+                                            "    delegate: Item {\n"
+                                            "        Component.onCompleted: tree.it = this\n"
+                                            "    }\n"
+                                            "}")
+                              << QStringLiteral("TreeView.view");
+}
+
+void TestQmlTypes::attachedTypesAreDescribed()
+{
+    QFETCH(QByteArray, qml);
+    QFETCH(QString, property);
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    component.setData("import QtQuick 2.12\nimport ombrel.Controls 1.0\n"
+                      "import ombrel.data.Core 1.0\n"
+                          + qml,
+                      QUrl());
+    std::unique_ptr<QObject> object(component.create());
+    QVERIFY2(object, qPrintable(component.errorString()));
+    QTRY_VERIFY(object->property("it").value<QObject *>());
+    auto *const item = object->property("it").value<QObject *>();
+    const QObject *const attachedObject = QQmlProperty(item, property, qmlContext(item)).object();
+    QVERIFY(attachedObject && attachedObject != item);
+    const QMetaObject *const meta = attachedObject->metaObject();
+
+    const QString owner =
+        QStringLiteral("om::controls::") + QString::fromLatin1(QTest::currentDataTag());
+    const TypeBlock *const attaching = typeNamed(descriptions, owner);
+    QVERIFY(attaching);
+    const TypeBlock *const attached = typeNamed(descriptions, attaching->text("attachedType"));
+    QVERIFY2(attached,
+             qPrintable(attaching->text("attachedType")
+                        + QStringLiteral(" is not "
+                                         "described")));
+    compare(*attached, meta);
+}
+
+/// A type that attaches something new needs a row above.
+void TestQmlTypes::everyAttachedTypeIsKnown()
+{
+    QStringList attaching;
+    for (const TypeBlock &block : descriptions) {
+        if (!block.text("attachedType").isEmpty()) {
+            attaching.append(unqualified(block.text("name")));
+        }
+    }
+    attaching.sort();
+    QCOMPARE(attaching,
+             QStringList({QStringLiteral("DragArea"), QStringLiteral("DragZone"),
+                          QStringLiteral("TreeView")}));
 }
 
 void TestQmlTypes::nothingElseIsExported()
 {
     const auto names = registeredNames();
-    for (const Block &block : descriptions) {
+    for (const TypeBlock &block : descriptions) {
         if (block.text("exports").isEmpty()) {
             continue;
         }
@@ -429,6 +411,28 @@ void TestQmlTypes::noPathOfTheBuild()
 {
     QVERIFY(!descriptionText.contains(qEnvironmentVariable("OMBREL_BUILD_DIR")));
     QVERIFY(!descriptionText.contains(qEnvironmentVariable("OMBREL_SOURCE_DIR")));
+}
+
+void TestQmlTypes::shippedAsBuilt_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("ombrel.Controls") << QStringLiteral("ombrel/Controls");
+    if (QFile::exists(dataCoreDescriptions())) {
+        QTest::newRow("ombrel.data.Core") << QStringLiteral("ombrel/data/Core");
+    }
+}
+
+/// What -DOMBREL_TYPES=shipped installs is what the types are.
+void TestQmlTypes::shippedAsBuilt()
+{
+    QFETCH(QString, path);
+    const QString shipped = contentOf(
+        qEnvironmentVariable("OMBREL_SOURCE_DIR")
+        + QStringLiteral("/types/%1.qmltypes").arg(QString::fromLatin1(QTest::currentDataTag())));
+    const QString built = contentOf(qEnvironmentVariable("OMBREL_BUILD_DIR")
+                                    + QStringLiteral("/qml/%1/plugins.qmltypes").arg(path));
+    QVERIFY(!built.isEmpty());
+    QVERIFY2(shipped == built, "types/ is out of date: build the target ship_types, commit");
 }
 
 QTEST_MAIN(TestQmlTypes)

@@ -78,7 +78,7 @@ void TestHouse::includesFollowTheArrows_data()
     row("qr", {QStringLiteral("qr/")});
     row("controls/support", {support});
     row("controls/scenegraph", {scenegraph, shaders});
-    row("controls/private", {QStringLiteral("controls/private/"), scenegraph});
+    row("controls/private", {QStringLiteral("controls/private/"), scenegraph, support});
     row("controls/theme", {QStringLiteral("controls/theme/")});
     row("controls/drop", {QStringLiteral("controls/drop/"), support});
     row("controls/drag",
@@ -86,7 +86,8 @@ void TestHouse::includesFollowTheArrows_data()
     row("controls/popups", {QStringLiteral("controls/popups/")});
     row("controls/tree", {QStringLiteral("controls/tree/"), support});
     row("controls/visuals",
-        {QStringLiteral("controls/visuals/"), scenegraph, QStringLiteral("qr/QrEncoder.h")});
+        {QStringLiteral("controls/visuals/"), scenegraph, support,
+         QStringLiteral("qr/QrEncoder.h")});
     row("controls/input", {QStringLiteral("controls/input/")});
     row("plugin", {QStringLiteral("plugin/"), QStringLiteral("controls/")});
     row("datacore", {QStringLiteral("datacore/")});
