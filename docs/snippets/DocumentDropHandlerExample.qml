@@ -18,7 +18,9 @@ Row {
             anchors.centerIn: parent
             width: 100
             height: 32
+            radius: 4
             color: "gainsboro"
+            Text { anchors.centerIn: parent; text: "A picture" }
             MouseArea { anchors.fill: parent }
         }
     }

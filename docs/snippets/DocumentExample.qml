@@ -18,7 +18,8 @@ Column {
         Document { documentId: "hills"; name: "Hills"; types: ["image"] }
     }
 
-    Text { text: album.name + (album.hasType("album") ? ", an album" : "") }
+    // A binding hears of a change of the types, not of one in what hasType() answers: name both.
+    Text { text: album.name + (album.types.length > 0 && album.hasType("album") ? ", an album" : "") }
 
     Repeater {
         model: album.children.length

@@ -18,11 +18,13 @@ Item {
         scale: 0.5
         transformOrigin: Item.TopLeft
         color: zone.containsDrag ? "lightsteelblue" : "whitesmoke"
+        Text { anchors.centerIn: parent; text: "over here"; font.pixelSize: 24 }
         DropZone {
             id: zone
             anchors.fill: parent
             DraggableDropHandler {
                 key: "card"
+                //! [dropped]
                 onDropped: {
                     // With the new parent comes the place at the start of the drag.
                     const card = drag.source;
@@ -32,6 +34,7 @@ Item {
                     card.y = place.y;
                     card.home = place;
                 }
+                //! [dropped]
             }
         }
     }
@@ -53,6 +56,7 @@ Item {
             anchors.fill: parent
             radius: 4
             color: parent.isDragged ? "lightsteelblue" : "gainsboro"
+            Text { anchors.centerIn: parent; text: "Drag me" }
         }
     }
 }

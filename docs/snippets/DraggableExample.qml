@@ -24,6 +24,7 @@ Item {
             anchors.fill: parent
             radius: 4
             color: card.isDragged ? "lightsteelblue" : "gainsboro"
+            Text { anchors.centerIn: parent; text: "Drag me" }
         }
     }
 }

@@ -12,17 +12,18 @@ MouseArea {
     height: 240
     acceptedButtons: Qt.RightButton
 
+    //! [place]
     onPressed: {
         const place = area.mapToItem(null, mouse.x, mouse.y);
-        menu.offset = Qt.point(mouse.x, mouse.y);
+        menu.offset = place;
         menu.hotspot = Qt.point(place.x + menu.width > Window.width ? menu.width : 0,
                                 place.y + menu.height > Window.height ? menu.height : 0);
         menu.show();
     }
+    //! [place]
 
     Popup {
         id: menu
-        attachedItem: area
         width: 120
         height: 84
 

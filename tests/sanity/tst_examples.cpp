@@ -248,6 +248,11 @@ void TestExamples::popupAtTheEdges()
         QTest::keyClick(m_view->window(), Qt::Key_Escape);
         QTRY_VERIFY(!menu->isVisible());
     }
+    // A press beside it closes it as well.
+    QTest::mouseClick(m_view->window(), Qt::RightButton, {}, {10, 10});
+    QTRY_VERIFY(the("om::controls::Popup")->isVisible());
+    clickAt({300, 200});
+    QTRY_VERIFY(!the("om::controls::Popup")->isVisible());
 }
 
 void TestExamples::propertyEditor()

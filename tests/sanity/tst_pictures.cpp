@@ -1,0 +1,335 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/DragEvents.h"
+#include "tests/support/Items.h"
+#include "tests/support/Leftovers.h"
+#include "tests/support/Pixels.h"
+#include "tests/support/QmlView.h"
+#include "tests/support/Text.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QHash>
+#include <QSet>
+#include <QStyleHints>
+#include <QTest>
+
+#include <algorithm>
+#include <functional>
+
+using namespace support;
+
+/// The pictures of the documentation are what its examples look like, at twice the density. Called
+/// with OMBREL_PICTURES=write (see "tools/docs --pictures") this paints them anew.
+class TestPictures : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+    void showsItsExample_data();
+    void showsItsExample();
+    void everyPictureHasItsExample();
+    void differencesAreSeen();
+
+private:
+    QDir m_docs;
+};
+
+static QString pictureOf(const QString &example)
+{
+    return QStringLiteral("images/")
+        + QFileInfo(example).completeBaseName().remove(QLatin1String("Example"))
+        + QStringLiteral(".png");
+}
+
+static void click(const QmlView &view, const QPoint &place, Qt::MouseButton button = Qt::LeftButton)
+{
+    QTest::mouseClick(view.window(), button, {}, place);
+}
+
+static void dragFiles(const QmlView &view, const QList<QUrl> &files, const QPointF &place,
+                      bool drop)
+{
+    DragEvents drag(view.window());
+    drag.setUrls(files);
+    drag.enter(place);
+    drag.move(place + QPointF(1, 1));
+    if (drop) {
+        drag.drop(place + QPointF(1, 1));
+    }
+}
+
+/// Makes a row of the tutorial's tree the active one.
+static void clickRow(const QmlView &view, int row)
+{
+    QTRY_VERIFY(itemWith(view.root(), "text", text("Work")));
+    click(view, {60, 12 + 28 * row + 14});
+}
+
+/// What is done with an example before its picture is taken, where it shows little by itself.
+static const QHash<QString, std::function<void(const QmlView &)>> &poses()
+{
+    static const QList<QUrl> pictures = {QUrl(text("file:///home/ann/beach.png")),
+                                         QUrl(text("file:///home/ann/hills.png"))};
+    static const QList<QUrl> report = {QUrl(text("file:///home/ann/report.pdf"))};
+    static const QHash<QString, std::function<void(const QmlView &)>> all = {
+        {text("DialogItem"),
+         [](const QmlView &view) {
+             click(view, {160, 120});
+         }},
+        {text("DropData"),
+         [](const QmlView &view) {
+             dragFiles(view, report, {40, 50}, true);
+             dragFiles(view, pictures, {120, 130}, true);
+         }},
+        {text("DropHandler"),
+         [](const QmlView &view) {
+             dragFiles(view, report, {60, 40}, true);
+         }},
+        {text("DropZone"),
+         [](const QmlView &view) {
+             dragFiles(view, pictures, {60, 40}, true);
+         }},
+        {text("FileDropHandler"),
+         [](const QmlView &view) {
+             dragFiles(view, report, {60, 40}, true);
+         }},
+        {text("FpsCounter"),
+         [](const QmlView &view) {
+             QObject *const shown = itemsOf(view.root(), "QQuickText").value(0);
+             QTRY_VERIFY(!shown->property("text").toString().startsWith(QLatin1Char('0')));
+         }},
+        {text("HoverArea"),
+         [](const QmlView &view) {
+             QTest::mouseMove(view.window(), {100, 40});
+         }},
+        {text("ImageDropHandler"),
+         [](const QmlView &view) {
+             dragFiles(view,
+                       {QUrl::fromLocalFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
+                                            + text("/gallery/qml/samples/sunset.svg"))},
+                       {60, 40}, true);
+             QTRY_COMPARE(itemsOf(view.root(), "QQuickImage").value(0)->property("status").toInt(),
+                          1);
+         }},
+        {text("KeyEventSource"),
+         [](const QmlView &view) {
+             click(view, {20, 60});
+         }},
+        {text("Popup"),
+         [](const QmlView &view) {
+             click(view, {120, 45});
+             QTRY_COMPARE(
+                 itemsOf(view.window()->contentItem(), "om::controls::Popup").value(0)->opacity(),
+                 1.0);
+         }},
+        {text("PopupAnchorItem"),
+         [](const QmlView &view) {
+             click(view, {160, 120});
+         }},
+        {text("PopupEdges"),
+         [](const QmlView &view) {
+             click(view, {270, 190}, Qt::RightButton);
+             QTRY_COMPARE(
+                 itemsOf(view.window()->contentItem(), "om::controls::Popup").value(0)->opacity(),
+                 1.0);
+         }},
+        {text("PropertyEditor"),
+         [](const QmlView &view) {
+             click(view, {40, 32});
+         }},
+        {text("TreeView"),
+         [](const QmlView &view) {
+             QTRY_VERIFY(itemWith(view.root(), "text", text("Beach")));
+             click(view, {60, 36});
+         }},
+        {text("TreeViewKeys"),
+         [](const QmlView &view) {
+             QTRY_VERIFY(itemWith(view.root(), "text", text("Beach")));
+             QTest::keyClick(view.window(), Qt::Key_Tab);
+             QTest::keyClick(view.window(), Qt::Key_H);
+         }},
+        {text("step2"), [](const QmlView &view) { clickRow(view, 2); }},
+        {text("step3"),
+         [](const QmlView &view) {
+             dragFiles(view, report, {60, 200}, false);
+         }},
+        {text("step4"),
+         [](const QmlView &view) {
+             clickRow(view, 2);
+             QTest::keyClick(view.window(), Qt::Key_F2);
+         }},
+        {text("step5"),
+         [](const QmlView &view) {
+             evaluate(view.root(),
+                      text("move(library.children[0].children[0], library.children[1])"));
+             QTRY_COMPARE(evaluate(itemsOf(view.root(), "om::controls::TreeView").value(0),
+                                   text("documentAt(4).name"))
+                              .toString(),
+                          text("Beach"));
+             clickRow(view, 4);
+         }},
+        {text("step6"),
+         [](const QmlView &view) {
+             clickRow(view, 3);
+             QTest::keyClick(view.window(), Qt::Key_Delete);
+         }},
+        {text("VideoDropHandler"),
+         [](const QmlView &view) {
+             dragFiles(view, {QUrl(text("file:///home/ann/waves.mp4"))}, {60, 40}, true);
+         }},
+    };
+    return all;
+}
+
+/// Examples that move by themselves: no two pictures of them are alike.
+static bool moves(const QString &name)
+{
+    static const QSet<QString> all = {text("FpsCounter"), text("Images"), text("PopupAnchorItem")};
+    return all.contains(name);
+}
+
+/// How far two pictures are apart, 0 to 255, in the worst place: each is looked at in squares of
+/// 8 pixels, so that the edges of letters do not count.
+static int difference(const QImage &a, const QImage &b)
+{
+    if (a.size() != b.size()) {
+        return 255;
+    }
+    const auto coarse = [](const QImage &image) {
+        return image.scaled((image.size() + QSize(7, 7)) / 8, Qt::IgnoreAspectRatio,
+                            Qt::SmoothTransformation);
+    };
+    const QImage first = coarse(a);
+    const QImage second = coarse(b);
+    int worst = 0;
+    for (int y = 0; y < first.height(); ++y) {
+        for (int x = 0; x < first.width(); ++x) {
+            const QRgb p = first.pixel(x, y);
+            const QRgb q = second.pixel(x, y);
+            worst = std::max({worst, qAbs(qRed(p) - qRed(q)), qAbs(qGreen(p) - qGreen(q)),
+                              qAbs(qBlue(p) - qBlue(q))});
+        }
+    }
+    return worst;
+}
+
+static QString fingerprint(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QFile::ReadOnly)) {
+        return QString();
+    }
+    return QString::fromLatin1(
+        QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256).toHex());
+}
+
+void TestPictures::initTestCase()
+{
+    m_docs.setPath(qEnvironmentVariable("OMBREL_SOURCE_DIR") + QStringLiteral("/docs"));
+    // A text cursor that blinks is there in one picture and not in the next.
+    QGuiApplication::styleHints()->setCursorFlashTime(0);
+}
+
+void TestPictures::cleanup()
+{
+    QCOMPARE(leftovers(), QString());
+}
+
+void TestPictures::showsItsExample_data()
+{
+    QTest::addColumn<QString>("example");
+    for (const char *folder : {"snippets", "tutorial"}) {
+        const QString name = QString::fromLatin1(folder);
+        const QStringList files =
+            QDir(m_docs.filePath(name)).entryList({QStringLiteral("*.qml")}, QDir::Files);
+        for (const QString &file : files) {
+            QTest::newRow(qPrintable(QFileInfo(pictureOf(file)).completeBaseName()))
+                << name + QLatin1Char('/') + file;
+        }
+    }
+}
+
+void TestPictures::showsItsExample()
+{
+    QFETCH(QString, example);
+    const QString name = QString::fromLatin1(QTest::currentDataTag());
+    const QString picture = m_docs.filePath(pictureOf(example));
+    const QString source = fingerprint(m_docs.filePath(example));
+
+    QmlView view;
+    view.loadFile(m_docs.filePath(example));
+    view.show();
+    QVERIFY(view.window()->devicePixelRatio() == 2);
+    poses().value(name, [](const QmlView &) {})(view);
+    QTest::mouseMove(view.window(),
+                     name == QLatin1String("HoverArea") ? QPoint(101, 41) : QPoint(1, 1));
+    QImage image = grab(view.window()).convertToFormat(QImage::Format_RGB32);
+    view.close();
+
+    if (qEnvironmentVariable("OMBREL_PICTURES") == QLatin1String("write")) {
+        const QImage old(picture);
+        if (old.text(QStringLiteral("Source")) != source
+            || (!moves(name) && difference(image, old) > 12)) {
+            image.setText(QStringLiteral("Source"), source);
+            QVERIFY2(image.save(picture, "PNG", 0), qPrintable(picture));
+        }
+        return;
+    }
+    const QImage stored(picture);
+    QVERIFY2(!stored.isNull(), qPrintable(picture + QStringLiteral(": tools/docs --pictures")));
+    QVERIFY2(stored.text(QStringLiteral("Source")) == source,
+             "the example has changed since its picture was taken: tools/docs --pictures");
+    QCOMPARE(stored.size(), image.size());
+    if (!moves(name)) {
+        const int apart = difference(image, stored.convertToFormat(QImage::Format_RGB32));
+        QVERIFY2(apart <= 16, qPrintable(QStringLiteral("it looks different by %1").arg(apart)));
+    }
+}
+
+void TestPictures::everyPictureHasItsExample()
+{
+    const QStringList pictures =
+        QDir(m_docs.filePath(QStringLiteral("images"))).entryList({QStringLiteral("*.png")});
+    for (const QString &picture : pictures) {
+        const QString name = QFileInfo(picture).completeBaseName();
+        QVERIFY2(name == QLatin1String("gallery")
+                     || m_docs.exists(QStringLiteral("snippets/%1Example.qml").arg(name))
+                     || m_docs.exists(QStringLiteral("tutorial/%1.qml").arg(name)),
+                 qPrintable(picture));
+    }
+}
+
+/// The comparison is coarse; this is what it still sees.
+void TestPictures::differencesAreSeen()
+{
+    QImage one(80, 80, QImage::Format_RGB32);
+    one.fill(Qt::white);
+    QCOMPARE(difference(one, one), 0);
+    QImage other = one;
+    other.setPixel(40, 40, qRgb(0, 0, 0));
+    QVERIFY(difference(one, other) <= 16);
+    for (int x = 40; x < 48; ++x) {
+        for (int y = 40; y < 48; ++y) {
+            other.setPixel(x, y, qRgb(200, 255, 255));
+        }
+    }
+    QVERIFY(difference(one, other) > 16);
+    QCOMPARE(difference(one, QImage(80, 81, QImage::Format_RGB32)), 255);
+}
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_SCALE_FACTOR", "2");
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setFont(QFont(QStringLiteral("Lato"), 10));
+    TestPictures test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_pictures.moc"
