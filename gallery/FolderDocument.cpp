@@ -56,12 +56,6 @@ int compareNames(const QString &a, const QString &b)
     return (a.size() - i) - (b.size() - j);
 }
 
-bool canRead(const QFileInfo &file)
-{
-    // Without the right to enter a folder its files have names and nothing else.
-    return file.isReadable() && (!file.isDir() || file.isExecutable());
-}
-
 } // namespace
 
 FolderDocument::FolderDocument(FolderTree *tree, const QFileInfo &file, QObject *parent)
@@ -70,7 +64,7 @@ FolderDocument::FolderDocument(FolderTree *tree, const QFileInfo &file, QObject 
     , m_path(file.absoluteFilePath())
     , m_folder(file.isDir())
     , m_link(file.isSymLink())
-    , m_readable(canRead(file))
+    , m_readable(canBeRead(file))
 {
     setDocumentId(m_path);
     setName(file.fileName().isEmpty() ? m_path : file.fileName());
@@ -163,7 +157,7 @@ void FolderDocument::updateType(const QFileInfo &file)
 
 void FolderDocument::updateReadable(const QFileInfo &file)
 {
-    const bool readable = canRead(file);
+    const bool readable = canBeRead(file);
     if (readable == m_readable) {
         return;
     }
@@ -215,14 +209,29 @@ QFileInfoList FolderDocument::entries() const
 {
     QFileInfoList files =
         QDir(m_path).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::NoSort);
-    std::sort(files.begin(), files.end(), [](const QFileInfo &a, const QFileInfo &b) {
-        if (a.isDir() != b.isDir()) {
-            return a.isDir();
-        }
-        const int order = compareNames(a.fileName(), b.fileName());
-        return order != 0 ? order < 0 : a.fileName() < b.fileName();
-    });
+    std::sort(files.begin(), files.end(),
+              [](const QFileInfo &a, const QFileInfo &b) { return comesBefore(a, b); });
     return files;
+}
+
+bool FolderDocument::canBeRead(const QFileInfo &file)
+{
+    // Without the right to enter a folder its files have names and nothing else.
+    return file.isReadable() && (!file.isDir() || file.isExecutable());
+}
+
+bool FolderDocument::comesBefore(const QFileInfo &a, const QFileInfo &b)
+{
+    return comesBefore(a.fileName(), a.isDir(), b.fileName(), b.isDir());
+}
+
+bool FolderDocument::comesBefore(const QString &a, bool aIsFolder, const QString &b, bool bIsFolder)
+{
+    if (aIsFolder != bIsFolder) {
+        return aIsFolder;
+    }
+    const int order = compareNames(a, b);
+    return order != 0 ? order < 0 : a < b;
 }
 
 } // namespace om::gallery

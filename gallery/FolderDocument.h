@@ -43,6 +43,11 @@ public:
 
     /// The type for a file: "folder", "image", "video", "text" or "file".
     static QString typeOf(const QFileInfo &file);
+    /// Whether a file, or a folder's list of files, can be read.
+    static bool canBeRead(const QFileInfo &file);
+    /// The order in which a folder shows what is in it.
+    static bool comesBefore(const QFileInfo &a, const QFileInfo &b);
+    static bool comesBefore(const QString &a, bool aIsFolder, const QString &b, bool bIsFolder);
 
 Q_SIGNALS:
     void readableChanged();

@@ -5,6 +5,7 @@
 
 #include "gallery/FolderTree.h"
 #include "gallery/PictureProvider.h"
+#include "gallery/shelf/Shelf.h"
 
 #include <QQmlContext>
 #include <QQmlEngine>
@@ -17,6 +18,10 @@ void prepareEngine(QQmlEngine *engine, FolderTree *tree)
     // The engine owns its providers.
     engine->addImageProvider(QStringLiteral("picture"),
                              new PictureProvider(tree->pictureProblems()));
+    // It outlives its page: what has not been saved is there when the page is opened again.
+    auto *const shelf = new Shelf(engine);
+    engine->rootContext()->setContextProperty(QStringLiteral("shelf"), shelf);
+    engine->addImageProvider(QStringLiteral("shelf"), new ShelfThumbnails(shelf->thumbnails()));
 }
 
 } // namespace om::gallery

@@ -332,13 +332,16 @@ void DocumentDragSource::adoptVisual(QObject *object)
     }
     QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
     m_visual = item;
-    if (m_differences.raisesVisual) {
-        item->setZ(raisedZ);
-    }
+    const QPointer<QQuickItem> visual(item);
+    const bool raises = m_differences.raisesVisual;
     if (QQuickWindow *const window = source->window()) {
         // In window coordinates; as its child it also goes when the window does.
         item->setParent(window->contentItem());
         item->setParentItem(window->contentItem());
+    }
+    // Its own handlers, which run already, may have destroyed it, and the source.
+    if (visual && raises) {
+        visual->setZ(raisedZ);
     }
 }
 

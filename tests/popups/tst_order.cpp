@@ -5,9 +5,11 @@
 #include "tests/support/ObjectCensus.h"
 #include "tests/support/QmlView.h"
 #include "tests/support/SignalRecorder.h"
+#include "tests/support/SignalTrap.h"
 #include "tests/support/Text.h"
 
 #include <QAbstractAnimation>
+#include <QQmlComponent>
 #include <QTest>
 
 using support::text;
@@ -20,12 +22,16 @@ class TestPopupsOrder : public QObject
 private Q_SLOTS:
     void cleanup();
 
+    void popupOpensOnceItIsAtTheTop();
     void popupOpensAndCloses();
     void popupIsAcceptedAndRejected();
+    void popupMovesBeforeItTells_data();
     void popupMovesBeforeItTells();
+    void anchorShowsAndHidesItsPopup();
     void dialogIsShownAndAccepted();
     void secondDialogIsShownAndRejected();
     void dialogIsShownAgain();
+    void dialogIsCountedBeforeItsSiblingsHear();
 };
 
 void TestPopupsOrder::cleanup()
@@ -46,6 +52,30 @@ static const char *const popupScene = R"(
         Popup { objectName: "popup"; width: 20; height: 20; offset: Qt.point(0, 30); hotspot: Qt.point(10, 0) }
     })";
 
+/// What is declared open opens when it lies where it belongs.
+void TestPopupsOrder::popupOpensOnceItIsAtTheTop()
+{
+    QQmlEngine engine;
+    QQuickItem top;
+    QQmlComponent component(&engine);
+    component.setData("import QtQuick 2.12\nimport ombrel.Controls 1.0\n"
+                      "Item { Popup { objectName: 'popup'; open: true } }",
+                      QUrl());
+    QObject *const made = component.beginCreate(engine.rootContext());
+    const std::unique_ptr<QQuickItem> page(qobject_cast<QQuickItem *>(made));
+    QVERIFY2(page, qPrintable(component.errorString()));
+    page->setParentItem(&top);
+    auto *const popup = page->findChild<QQuickItem *>(text("popup"));
+    support::SignalRecorder recorder;
+    recorder.watch(popup, QStringLiteral("popup"), lines("parentChanged, openChanged"));
+    recorder.follow(QStringLiteral("at the top"), [&] { return popup->parentItem() == &top; });
+    recorder.follow(popup, QStringLiteral("popup"), lines("open"));
+    component.completeCreate();
+    QCOMPARE(recorder.take(),
+             lines("at the top = true, popup.parentChanged, popup.open = true, "
+                   "popup.openChanged"));
+}
+
 /// Follows what opening a popup touches, in no order that matters.
 static void followPopup(support::SignalRecorder *recorder, QQuickItem *popup)
 {
@@ -56,7 +86,8 @@ static void followPopup(support::SignalRecorder *recorder, QQuickItem *popup)
     recorder->watch(popup, QStringLiteral("popup"), signalNames);
     recorder->follow(popup, QStringLiteral("popup"),
                      lines("open, visible, enabled, x, y, activeFocus"));
-    const auto *const fade = popup->findChild<QAbstractAnimation *>();
+    auto *const fade = popup->findChild<QAbstractAnimation *>();
+    recorder->watch(fade, QStringLiteral("fade"), lines("directionChanged, stateChanged"));
     recorder->follow(QStringLiteral("forward"),
                      [fade] { return fade->direction() == QAbstractAnimation::Forward; });
     recorder->follow(QStringLiteral("filters"), [] { return support::eventFilters().size(); });
@@ -76,22 +107,25 @@ void TestPopupsOrder::popupOpensAndCloses()
     support::SignalRecorder recorder;
     followPopup(&recorder, popup);
     QMetaObject::invokeMethod(popup, "show");
-    QCOMPARE(recorder.take(),
-             lines("popup.open = true, popup.visible = true, popup.visibleChanged, "
-                   "popup.enabled = true, popup.enabledChanged, popup.openChanged, "
-                   "popup.x = 90, popup.y = 80, popup.xChanged, popup.yChanged, "
-                   "popup.activeFocus = true, filters = 1, popup.activeFocusChanged"));
+    QCOMPARE(
+        recorder.take(),
+        lines("popup.open = true, popup.visible = true, popup.visibleChanged, "
+              "fade.stateChanged, popup.enabled = true, popup.enabledChanged, popup.openChanged, "
+              "popup.x = 90, popup.y = 80, popup.xChanged, popup.yChanged, "
+              "popup.activeFocus = true, filters = 1, popup.activeFocusChanged"));
     fade->setCurrentTime(fade->totalDuration());
-    QCOMPARE(recorder.take(), lines("popup.animationFinished"));
+    QCOMPARE(recorder.take(), lines("fade.stateChanged, popup.animationFinished"));
 
     popup->setProperty("open", false);
     QCOMPARE(recorder.take(),
-             lines("popup.open = false, popup.enabled = false, popup.activeFocus = false, "
-                   "forward = false, popup.activeFocusChanged, popup.enabledChanged, "
+             lines("popup.open = false, forward = false, fade.directionChanged, "
+                   "fade.stateChanged, popup.enabled = false, popup.activeFocus = false, "
+                   "popup.activeFocusChanged, popup.enabledChanged, "
                    "popup.openChanged, filters = 0"));
     fade->setCurrentTime(0);
     QCOMPARE(recorder.take(),
-             lines("popup.animationFinished, popup.visible = false, popup.visibleChanged"));
+             lines("fade.stateChanged, popup.animationFinished, popup.visible = false, "
+                   "popup.visibleChanged"));
 }
 
 void TestPopupsOrder::popupIsAcceptedAndRejected()
@@ -117,9 +151,19 @@ void TestPopupsOrder::popupIsAcceptedAndRejected()
     }
 }
 
+void TestPopupsOrder::popupMovesBeforeItTells_data()
+{
+    QTest::addColumn<QString>("property");
+    QTest::addColumn<QPointF>("place");
+    QTest::newRow("hotspot") << text("hotspot") << QPointF(-5, 26);
+    QTest::newRow("offset") << text("offset") << QPointF(-5, 4);
+}
+
 /// The popup is where the new point puts it before the change is told.
 void TestPopupsOrder::popupMovesBeforeItTells()
 {
+    QFETCH(QString, property);
+    QFETCH(QPointF, place);
     support::QmlView view;
     view.load(popupScene);
     view.show();
@@ -127,12 +171,58 @@ void TestPopupsOrder::popupMovesBeforeItTells()
     QMetaObject::invokeMethod(popup, "updatePosition");
     QCOMPARE(popup->position(), QPointF(-10, 30));
     support::SignalRecorder recorder;
-    recorder.watch(popup, QStringLiteral("popup"), lines("xChanged, yChanged, hotspotChanged"));
-    recorder.follow(popup, QStringLiteral("popup"), lines("hotspot, x, y"));
-    popup->setProperty("hotspot", QPointF(0, 0));
+    recorder.watch(popup, QStringLiteral("popup"),
+                   lines("xChanged, yChanged, hotspotChanged, offsetChanged"));
+    recorder.follow(popup, QStringLiteral("popup"), {property, text("x"), text("y")});
+    popup->setProperty(property.toLatin1(), QPointF(5, 4));
+    QCOMPARE(
+        recorder.take(),
+        (QStringList{QStringLiteral("popup.%1 = (5, 4)").arg(property),
+                     QStringLiteral("popup.x = %1").arg(place.x()),
+                     QStringLiteral("popup.y = %1").arg(place.y()), text("popup.xChanged"),
+                     text("popup.yChanged"), QStringLiteral("popup.%1Changed").arg(property)}));
+}
+
+/// The change is told first of all; the popup is made, then placed, then enabled, and only then the
+/// window is watched. What is hidden goes the same way.
+void TestPopupsOrder::anchorShowsAndHidesItsPopup()
+{
+    support::QmlView view;
+    view.load("Item { width: 200; height: 200\n"
+              "    PopupAnchorItem { objectName: 'place'; x: 30; y: 40; rotation: 20\n"
+              "        Item { objectName: 'content' } } }");
+    view.show();
+    QQuickItem *const place = view.item<>("place");
+    const auto content = [place] { return place->property("popupItem").value<QQuickItem *>(); };
+    support::SignalRecorder recorder;
+    recorder.watch(place, QStringLiteral("place"),
+                   lines("popupVisibleChanged, popupItemChanged, distanceTopChanged, "
+                         "distanceBottomChanged, distanceRightChanged"));
+    recorder.follow(place, QStringLiteral("place"), lines("popupVisible, popupItem"));
+    recorder.follow(QStringLiteral("anchor.x"),
+                    [content] { return content() ? content()->parentItem()->x() : 0; });
+    recorder.follow(QStringLiteral("anchor.rotation"),
+                    [content] { return content() ? content()->parentItem()->rotation() : 0; });
+    recorder.follow(place, QStringLiteral("place"),
+                    lines("distanceTop, distanceBottom, distanceRight"));
+    recorder.follow(QStringLiteral("enabled"),
+                    [content] { return content() && content()->isEnabled(); });
+    recorder.follow(QStringLiteral("filters"), [] { return support::eventFilters().size(); });
+    QMetaObject::invokeMethod(place, "show");
     QCOMPARE(recorder.take(),
-             (QStringList{text("popup.hotspot = (0, 0)"), text("popup.x = 0"),
-                          text("popup.xChanged"), text("popup.hotspotChanged")}));
+             lines("place.popupVisible = true, place.popupVisibleChanged, "
+                   "place.popupItem = content, place.popupItemChanged, "
+                   "anchor.x = 30, anchor.rotation = 20, "
+                   "place.distanceTop = 40, place.distanceTopChanged, "
+                   "place.distanceBottom = 160, place.distanceBottomChanged, "
+                   "place.distanceRight = 170, place.distanceRightChanged, "
+                   "enabled = true, filters = 1"));
+    recorder.watch(content(), QStringLiteral("content"), lines("enabledChanged"));
+    recorder.watch(content()->parentItem(), QStringLiteral("anchor"), lines("enabledChanged"));
+    QMetaObject::invokeMethod(place, "hide");
+    QCOMPARE(recorder.take(),
+             lines("place.popupVisible = false, place.popupVisibleChanged, enabled = false, "
+                   "content.enabledChanged, anchor.enabledChanged, filters = 0"));
 }
 
 static const char *const dialogScene = R"(
@@ -238,6 +328,30 @@ void TestPopupsOrder::dialogIsShownAgain()
     QMetaObject::invokeMethod(dialog, "show");
     QCOMPARE(recorder.take(), lines("dialog.opened"));
     QMetaObject::invokeMethod(dialog, "reject");
+}
+
+/// A dialog that a sibling shows when it hears of another one lies above that while it opens, and
+/// takes its place when it closes.
+void TestPopupsOrder::dialogIsCountedBeforeItsSiblingsHear()
+{
+    support::QmlView view;
+    QQuickItem *const dialog = showDialogs(&view);
+    QQuickItem *const below = view.root()->findChild<QQuickItem *>(text("below"));
+    QQuickItem *const sibling = view.item<>("first");
+    const auto showBelow = [below] { QMetaObject::invokeMethod(below, "show"); };
+    {
+        const support::SignalTrap trap(sibling, "enabledChanged", showBelow);
+        QMetaObject::invokeMethod(dialog, "show");
+        QVERIFY(trap.hasSprung());
+        QCOMPARE(dialog->z(), 65535.0);
+        QCOMPARE(below->z(), 65536.0);
+    }
+    QMetaObject::invokeMethod(below, "reject");
+    const support::SignalTrap trap(sibling, "enabledChanged", showBelow);
+    QMetaObject::invokeMethod(dialog, "reject");
+    QVERIFY(trap.hasSprung());
+    QCOMPARE(below->z(), 65535.0);
+    QMetaObject::invokeMethod(below, "reject");
 }
 
 QTEST_MAIN(TestPopupsOrder)

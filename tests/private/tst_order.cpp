@@ -4,9 +4,11 @@
 #include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
 #include "tests/support/SignalRecorder.h"
+#include "tests/support/SignalTrap.h"
 #include "tests/support/Text.h"
 
 #include <QColor>
+#include <QPointer>
 #include <QQmlComponent>
 #include <QTest>
 
@@ -21,6 +23,9 @@ private Q_SLOTS:
     void cleanup();
 
     void mapperDerivesOneViewAfterTheOther();
+    void hueIsToldBeforeTheSliderMoves();
+    void sliderDelegateChanges();
+    void markersMoveBeforeTheSizeIsTold();
     void newCrossHairStandsWhereASliderWouldFirst();
     void movesSetTheValueBeforeTheSaturation();
 };
@@ -59,6 +64,70 @@ void TestPickerOrder::mapperDerivesOneViewAfterTheOther()
     QMetaObject::invokeMethod(mapper.get(), "updateAlpha", Q_ARG(int, 128));
     QCOMPARE(recorder.take(),
              lines("m.color = #80804020, m.alpha = 128, m.alphaChanged, m.colorChanged"));
+}
+
+static const char *const stripScene =
+    "import ombrel.Controls.Private 1.0\n"
+    "HueBox { width: 359; height: 80; sliderDelegate: Item { objectName: 'slider' } }";
+
+void TestPickerOrder::hueIsToldBeforeTheSliderMoves()
+{
+    support::QmlView view;
+    view.load(stripScene);
+    auto *const slider = view.item<>("slider");
+    QVERIFY(slider);
+    support::SignalRecorder recorder;
+    recorder.watch(view.root(), QStringLiteral("box"), lines("hueChanged"));
+    recorder.follow(view.root(), QStringLiteral("box"), lines("hue"));
+    recorder.watch(slider, QStringLiteral("slider"), lines("xChanged, yChanged"));
+    recorder.follow(slider, QStringLiteral("slider"), lines("x, y"));
+    view.root()->setProperty("hue", 20);
+    QCOMPARE(recorder.take(),
+             lines("box.hue = 20, box.hueChanged, slider.x = 20, slider.xChanged"));
+}
+
+/// The old slider is on its way out, and the new one is not made yet, when the change is told.
+void TestPickerOrder::sliderDelegateChanges()
+{
+    support::QmlView view;
+    view.load(stripScene);
+    QObject *const box = view.root();
+    const QPointer<QQuickItem> old = view.item<>("slider");
+    QQmlComponent component(view.engine());
+    component.setData("import QtQuick 2.12\nItem { objectName: 'other' }", QUrl());
+    support::SignalRecorder recorder;
+    recorder.watch(box, QStringLiteral("box"), lines("sliderDelegateChanged"));
+    recorder.follow(QStringLiteral("new"), [&] {
+        return box->property("sliderDelegate").value<QQmlComponent *>() == &component;
+    });
+    recorder.follow(QStringLiteral("old lives"), [old] { return !old.isNull(); });
+    recorder.follow(QStringLiteral("made"), [&view] { return view.item<>("other") != nullptr; });
+    const support::SignalTrap trap(box, "sliderDelegateChanged", [] {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    });
+    box->setProperty("sliderDelegate", QVariant::fromValue(&component));
+    QCOMPARE(recorder.take(),
+             lines("new = true, box.sliderDelegateChanged, old lives = false, made = true"));
+}
+
+/// Of a box that changes its size, the marker moves first.
+void TestPickerOrder::markersMoveBeforeTheSizeIsTold()
+{
+    for (const char *scene : {stripScene,
+                              "import ombrel.Controls.Private 1.0\n"
+                              "SaturationValueBox { width: 100; height: 80; saturation: 0\n"
+                              "    crossHairDelegate: Item { objectName: 'slider' } }"}) {
+        support::QmlView view;
+        view.load(scene);
+        auto *const marker = view.item<>("slider");
+        QVERIFY(marker);
+        support::SignalRecorder recorder;
+        recorder.watch(view.root(), QStringLiteral("box"), lines("heightChanged"));
+        recorder.follow(view.root(), QStringLiteral("box"), lines("height"));
+        recorder.watch(marker, QStringLiteral("marker"), lines("yChanged"));
+        view.root()->setHeight(60);
+        QCOMPARE(recorder.take(), lines("box.height = 60, marker.yChanged, box.heightChanged"));
+    }
 }
 
 void TestPickerOrder::newCrossHairStandsWhereASliderWouldFirst()

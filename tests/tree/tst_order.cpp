@@ -4,6 +4,7 @@
 #include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
 #include "tests/support/SignalRecorder.h"
+#include "tests/support/SignalTrap.h"
 #include "tests/support/Text.h"
 
 #include <QQmlListReference>
@@ -23,6 +24,9 @@ private Q_SLOTS:
     void activeRowChanges();
     void activeDocumentIsRemoved();
     void rowCollapses();
+    void childPropertyIsToldBeforeAnUpdateIsAskedFor();
+    void rowsAreMadeOneAfterTheOther();
+    void pressActivatesARowBeforeItFocusesIt();
 };
 
 void TestTreeOrder::cleanup()
@@ -54,7 +58,7 @@ struct Tree
                         Document { objectName: "three"; documentId: "three" }
                     }
                 ]
-                delegate: Item { enabled: TreeView.isActiveItem }
+                delegate: Item { height: 20; enabled: TreeView.isActiveItem }
             })");
         if (!QTest::qWaitFor([this] { return attached(2) != nullptr; })) {
             qFatal("The tree has no rows");
@@ -134,6 +138,75 @@ void TestTreeOrder::rowCollapses()
     QCOMPARE(recorder.take(), lines("row.isCollapsedItem = true, row.collapsedItemChanged"));
     row->setProperty("isCollapsedItem", true);
     QCOMPARE(recorder.take(), QStringList());
+}
+
+/// An update that a handler waits for has not been asked for yet.
+void TestTreeOrder::childPropertyIsToldBeforeAnUpdateIsAskedFor()
+{
+    Tree tree;
+    QObject *const view = tree.view.root();
+    support::SignalRecorder recorder;
+    recorder.watch(view, QStringLiteral("view"), lines("childPropertyChanged, indexRebuilt"));
+    recorder.follow(view, QStringLiteral("view"), lines("childProperty"));
+    const support::SignalTrap trap(view, "childPropertyChanged", [&] {
+        QCoreApplication::sendPostedEvents(view);
+        recorder.note(text("told"));
+    });
+    view->setProperty("childProperty", text("none"));
+    QCoreApplication::sendPostedEvents(view);
+    QCOMPARE(recorder.take(),
+             lines("view.childProperty = none, view.childPropertyChanged, told, "
+                   "view.indexRebuilt"));
+}
+
+/// The parts of a row are made in their order and come into the row when they are complete. When
+/// all rows are there, each gets its predecessor; then one is active; then they are laid out; and
+/// only then the rebuild is told.
+void TestTreeOrder::rowsAreMadeOneAfterTheOther()
+{
+    support::QmlView view;
+    view.loadFile(text("data/order.qml"));
+    QObject *const tree = view.find(text("tree"));
+    const auto isRebuilt = [&view] {
+        return support::evaluate(view.root(), text("log.indexOf('rebuilt') >= 0")).toBool();
+    };
+    QTRY_VERIFY(isRebuilt());
+    tree->setProperty("activeIndex", 1);
+    support::evaluate(view.root(), text("log = []"));
+    QQmlListReference roots(tree, "rootDocuments", view.engine());
+    QObject *const last = roots.at(1);
+    QObject *const first = roots.at(0);
+    roots.clear();
+    roots.append(last);
+    roots.append(first);
+    QTRY_VERIFY(isRebuilt());
+    const QString upToTheEnd = text("log.slice(0, log.indexOf('rebuilt') + 1).join(', ')");
+    QCOMPARE(support::evaluate(view.root(), upToTheEnd).toString().split(text(", ")),
+             lines("background of b, background in its row, delegate of b, delegate in its row, "
+                   "handle of b, handle in its row, "
+                   "background of a, background in its row, delegate of a, delegate in its row, "
+                   "handle of a, handle in its row, "
+                   "a follows, active row 0, b laid out, a laid out, rebuilt"));
+}
+
+void TestTreeOrder::pressActivatesARowBeforeItFocusesIt()
+{
+    Tree tree;
+    tree.view.show();
+    QObject *const view = tree.view.root();
+    auto *const row = qobject_cast<QQuickItem *>(
+        view->property("contentItem").value<QQuickItem *>()->childItems().value(1));
+    QVERIFY(row);
+    support::SignalRecorder recorder;
+    recorder.watch(view, QStringLiteral("view"), lines("activeIndexChanged"));
+    recorder.watch(row, QStringLiteral("row"), lines("activeFocusChanged"));
+    recorder.follow(view, QStringLiteral("view"), lines("activeIndex"));
+    recorder.follow(row, QStringLiteral("row"), lines("activeFocus"));
+    QTest::mousePress(tree.view.window(), Qt::LeftButton, {}, {50, 30});
+    QCOMPARE(recorder.take(),
+             lines("view.activeIndex = 1, view.activeIndexChanged, row.activeFocus = true, "
+                   "row.activeFocusChanged"));
+    QTest::mouseRelease(tree.view.window(), Qt::LeftButton, {}, {50, 30});
 }
 
 QTEST_MAIN(TestTreeOrder)

@@ -5,6 +5,7 @@
 
 #include "tests/plugin/handlers/Stage.h"
 #include "tests/support/DragEvents.h"
+#include "tests/support/RegisteredTypes.h"
 
 #include <QColor>
 #include <QElapsedTimer>
@@ -126,7 +127,7 @@ public:
     std::vector<Provocation> collect()
     {
         const auto senders = m_stage.senders();
-        const QStringList types = registeredTypes();
+        const QStringList types = support::registeredTypes();
         for (auto it = senders.cbegin(); it != senders.cend(); ++it) {
             // Types that QML can make have a stage of their own.
             if (it.value() == m_stage.subject()

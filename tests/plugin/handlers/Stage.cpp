@@ -79,22 +79,6 @@ QString plainClassName(const QObject *object)
     return name.remove(QRegularExpression(QStringLiteral("_QML(TYPE)?_\\d+$")));
 }
 
-QStringList registeredTypes()
-{
-    QFile file(qEnvironmentVariable("OMBREL_SOURCE_DIR")
-               + QStringLiteral("/plugin/Registration.cpp"));
-    if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("There is no plugin/Registration.cpp");
-    }
-    const QRegularExpression row(QStringLiteral("qmlRegisterType<(\\w+)>"));
-    QStringList types;
-    auto rows = row.globalMatch(QString::fromUtf8(file.readAll()));
-    while (rows.hasNext()) {
-        types.append(rows.next().captured(1));
-    }
-    return types;
-}
-
 Stage::Stage()
     : m_window(makeWindow(100))
     , m_second(makeWindow(400))

@@ -78,6 +78,3 @@ private:
 bool isOfLibrary(const QObject *object);
 /// The class of the library that \a object is of, without its namespace; else the class's name.
 QString plainClassName(const QObject *object);
-
-/// The types that QML can make, as the plugin registers them.
-QStringList registeredTypes();

@@ -21,6 +21,7 @@
 #include "tests/plugin/handlers/SignalHook.h"
 #include "tests/plugin/handlers/Stage.h"
 #include "tests/support/ObjectCensus.h"
+#include "tests/support/RegisteredTypes.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -342,7 +343,7 @@ private:
 int main(int argc, char **argv)
 {
     if (argc > 1 && qstrcmp(argv[1], "--types") == 0) {
-        for (const QString &type : registeredTypes()) {
+        for (const QString &type : support::registeredTypes()) {
             write("type", type);
         }
         return 0;
