@@ -30,6 +30,17 @@ list(TRANSFORM depends REPLACE "^depends (.*)$" "\"\\1\"")
 list(JOIN depends ", " depends)
 string(REGEX REPLACE "\n    dependencies: [^\n]*" "\n    dependencies: [${depends}]" text "${text}")
 
+# That the module registers the later revisions of Item makes the tool describe it again.
+string(FIND "${text}" "    Component {\n        name: \"QQuickItem\"\n" start)
+if(NOT start EQUAL -1)
+    string(SUBSTRING "${text}" 0 ${start} before)
+    string(SUBSTRING "${text}" ${start} -1 after)
+    string(FIND "${after}" "\n    }\n" end)
+    math(EXPR end "${end} + 7")
+    string(SUBSTRING "${after}" ${end} -1 after)
+    set(text "${before}${after}")
+endif()
+
 if(ATTACHED)
     file(READ "${ATTACHED}" components)
     string(REGEX REPLACE "//[^\n]*\n" "" components "${components}")

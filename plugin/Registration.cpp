@@ -45,6 +45,15 @@ static QObject *createSingleton(QQmlEngine *, QJSEngine *)
     return new T(nullptr);
 }
 
+/// Without this a document could not name what Item has had since QtQuick 2.1, activeFocusOnTab and
+/// containmentMask among it, in our items: the engine hides what came in a later revision of a base
+/// class than the module registers.
+static void registerRevisionsOfItem(const char *uri)
+{
+    constexpr int revisionOfQt512 = 11;
+    qmlRegisterRevision<QQuickItem, revisionOfQt512>(uri, 1, 0);
+}
+
 void registerPublicTypes(const char *uri)
 {
     qmlRegisterType<Popup>(uri, 1, 0, "Popup");
@@ -71,6 +80,7 @@ void registerPublicTypes(const char *uri)
     qmlRegisterUncreatableType<DropData>(uri, 1, 0, "DropData", "DropData cannot be created");
     qmlRegisterSingletonType<Control>(uri, 1, 0, "Control", createSingleton<Control>);
     qmlRegisterSingletonType<UI>(uri, 1, 0, "UI", createSingleton<UI>);
+    registerRevisionsOfItem(uri);
 }
 
 void registerPrivateTypes(const char *uri)
@@ -79,6 +89,7 @@ void registerPrivateTypes(const char *uri)
     qmlRegisterType<HueBox>(uri, 1, 0, "HueBox");
     qmlRegisterType<CheckerBox>(uri, 1, 0, "CheckerBox");
     qmlRegisterType<ColorMapper>(uri, 1, 0, "ColorMapper");
+    registerRevisionsOfItem(uri);
 }
 
 } // namespace om::controls

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void singletonsAreSharedWithinAnEngine();
     void singletonsDieWithTheirEngine();
     void privateModuleOffersNothingElse();
+    void itemsHaveWhatItemGotLater();
 
 private:
     QObject *create(QQmlEngine &engine, const QByteArray &qml, QString *error = nullptr);
@@ -282,6 +283,36 @@ void TestRegistration::privateModuleOffersNothingElse()
                &error));
     QVERIFY(!object);
     QVERIFY2(error.contains(QStringLiteral("DropZone is not a type")), qPrintable(error));
+}
+
+/// What came to Item in a later revision can be named in our items, too.
+void TestRegistration::itemsHaveWhatItemGotLater()
+{
+    QQmlEngine engine;
+    int items = 0;
+    const QStringList names = publicNames + privateNames;
+    for (const QString &name : names) {
+        if (uncreatable.contains(name) || singletons.contains(name)
+            || plainObjects.contains(name)) {
+            continue;
+        }
+        if (name == QLatin1String("TreeView")) {
+            QTest::ignoreMessage(QtCriticalMsg,
+                                 "No delegate present - TreeView cannot render tree");
+        }
+        const QByteArray type =
+            "import QtQuick 2.12\nimport ombrel.Controls 1.0\nimport ombrel.Controls.Private 1.0\n"
+            + name.toLatin1();
+        ++items;
+        QString error;
+        const QScopedPointer<QObject> object(
+            create(engine,
+                   type + " { activeFocusOnTab: true; containmentMask: null; onWindowChanged: {} }",
+                   &error));
+        QVERIFY2(object, qPrintable(error));
+        QVERIFY(object->property("activeFocusOnTab").toBool());
+    }
+    QCOMPARE(items, 17);
 }
 
 QTEST_MAIN(TestRegistration)
