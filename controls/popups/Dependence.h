@@ -7,10 +7,9 @@ class QQuickItem;
 
 namespace om::controls {
 
-/// Whether \a item moves when \a overlay does: it lies in the overlay, or in another one that
-/// follows something for which that holds, and so on. A popup follows its attached item, the popup
-/// of a PopupAnchorItem follows that item. What depends on an overlay cannot be followed by it: the
-/// two would run from each other with every frame.
+/// Whether \a item moves when \a overlay does: it lies in the overlay, or in a Follower of
+/// something that lies in the overlay, and so on. An overlay must not follow an item that depends
+/// on it: each frame would move both, and none would ever be the last.
 bool dependsOn(const QQuickItem *item, const QQuickItem *overlay);
 
 } // namespace om::controls

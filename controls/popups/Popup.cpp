@@ -21,9 +21,9 @@ public:
         : q(popup)
         , animation(new QPropertyAnimation(popup, "opacity", popup))
     {
-        // The ends read as the whole numbers that they are until the animation starts, which turns
-        // them into the property's own type. It would do so at once if it learnt of the property
-        // later than of the ends.
+        // Set after target and property: the values then stay integers, as which they read, until
+        // the first start converts them to the property's type. Set before, they would be
+        // converted with the target.
         animation->setStartValue(0);
         animation->setEndValue(1);
         animation->setDuration(100);
@@ -42,7 +42,7 @@ public:
     Popup *const q;
     bool open = false;
     /// Counts the changes of open. Signals run the application's code, which may destroy the popup,
-    /// or open or close it once more: then the rest of the change that emitted them is no more due.
+    /// or open or close it again: then the change that emitted them skips its remaining steps.
     int changes = 0;
     bool persistent = false;
     bool pendingOpen = false;
@@ -52,7 +52,7 @@ public:
     QPointF offset;
     QPropertyAnimation *const animation;
     QMetaObject::Connection frames;
-    /// The window that the filter sits on, which need not be the item's own window any more.
+    /// The window that the filter is installed on; the item may have left it since.
     QPointer<QQuickWindow> filteredWindow;
 };
 
@@ -65,8 +65,8 @@ void Popup::Private::finish()
     }
 }
 
-/// The popup may be destroyed by a handler of opacityChanged(), which the fade causes: it goes on
-/// when the handler returns, and so must outlive the popup.
+/// A handler of opacityChanged() may destroy the popup in the middle of a step of the fade. The
+/// animation continues after the handler, so it is not destroyed with the popup but deleted later.
 void Popup::Private::releaseFade()
 {
     animation->disconnect(q);
@@ -111,7 +111,7 @@ void Popup::Private::filterEvents(QQuickWindow *window)
 
 bool Popup::Private::isOutside(const QMouseEvent *press) const
 {
-    // An item's shape is the application's code, which may destroy the popup.
+    // contains() may call the application's containmentMask, which may destroy the popup.
     const QPointer<Popup> self(q);
     const QPointF scene = filteredWindow->mapFromGlobal(press->globalPos());
     const QPointF point = q->mapFromScene(scene);
@@ -133,8 +133,8 @@ Popup::Popup(QQuickItem *parent)
 
 Popup::~Popup()
 {
-    // Leaving the tree runs handlers, which may ask for what is in the record: it must not be left
-    // to the base class, which goes when the record is gone.
+    // Leaving the item tree runs handlers, which may read properties that the record holds: done
+    // here, as the base class's destructor does it after the record is destroyed.
     setParentItem(nullptr);
     d->releaseFade();
     QObject::disconnect(d->attachedItemDestroyed);
@@ -167,7 +167,7 @@ void Popup::setOpen(bool open)
         }
     }
     d->animation->setDirection(open ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
-    // Does nothing to a running animation, which so turns round where it stands.
+    // start() has no effect on a running animation: after setDirection() it turns round.
     d->animation->start();
     if (isOutdated()) {
         return;
@@ -209,6 +209,11 @@ QQuickItem *Popup::attachedItem() const
     return d->attachedItem;
 }
 
+const QQuickItem *Popup::followedItem() const
+{
+    return d->attachedItem;
+}
+
 void Popup::setAttachedItem(QQuickItem *item)
 {
     if (d->attachedItem == item) {
@@ -231,7 +236,7 @@ QPointF Popup::hotspot() const
 
 void Popup::setHotspot(const QPointF &hotspot)
 {
-    // Points compare fuzzily.
+    // QPointF's operator== compares fuzzily.
     if (d->hotspot == hotspot) {
         return;
     }
@@ -293,11 +298,11 @@ void Popup::updatePosition()
     }
     const QQuickItem *const anchor = d->attachedItem ? d->attachedItem.data() : parent;
     const QPointF place = anchor->mapToItem(parent, d->offset) - d->hotspot;
-    // What is no number differs from itself and would be a move with every frame.
+    // NaN differs from itself: the popup would be moved with every frame.
     if (!qIsFinite(place.x()) || !qIsFinite(place.y())) {
         return;
     }
-    // Most frames move nothing: what the popup depends on is looked up only when it is to move.
+    // dependsOn() walks the ancestors: it is called only for a frame that would move the popup.
     if (place != position() && !dependsOn(d->attachedItem, this)) {
         setPosition(place);
     }
@@ -325,7 +330,7 @@ void Popup::componentComplete()
 
 bool Popup::eventFilter(QObject *watched, QEvent *event)
 {
-    // The filter stays on the window until all has been told of the closing.
+    // The filter is removed after the signals of the closing: a closed popup consumes nothing.
     if (watched != d->filteredWindow || !d->open || d->persistent) {
         return QQuickItem::eventFilter(watched, event);
     }

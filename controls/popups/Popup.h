@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "controls/popups/Follower.h"
+
 #include <QQuickItem>
 #include <QVariant>
 
@@ -17,7 +19,9 @@ namespace om::controls {
 /// or a press outside it and its attached item closes it as rejected.
 ///
 /// The popup never deletes itself: it belongs to whoever declared it.
-class Popup : public QQuickItem
+class Popup
+    : public QQuickItem
+    , public Follower
 {
     Q_OBJECT
     /// Whether the popup is open; false before the component is complete.
@@ -45,6 +49,8 @@ public:
     QQuickItem *attachedItem() const;
     /// Does not move the popup: the next updatePosition() does, at the latest with the next frame.
     void setAttachedItem(QQuickItem *item);
+    /// The attached item.
+    const QQuickItem *followedItem() const override;
     QPointF hotspot() const;
     void setHotspot(const QPointF &hotspot);
     QPointF offset() const;

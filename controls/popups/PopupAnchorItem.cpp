@@ -4,6 +4,7 @@
 #include "controls/popups/PopupAnchorItem.h"
 
 #include "controls/popups/Dependence.h"
+#include "controls/popups/PopupAnchor.h"
 #include "controls/popups/PopupIncubator.h"
 
 #include <QKeyEvent>
@@ -18,8 +19,8 @@ namespace om::controls {
 
 namespace {
 
-/// Cuts towards zero; what an int cannot hold becomes the largest or smallest one, what is no
-/// number becomes 0.
+/// Truncates towards zero. Lengths beyond an int become the largest or smallest int, NaN becomes
+/// 0.
 int toPixels(qreal length)
 {
     if (qIsNaN(length)) {
@@ -58,14 +59,14 @@ public:
     int distanceBottom = 0;
     int distanceRight = 0;
     QMetaObject::Connection frames;
-    /// The window that is watched, which need not be the item's own window any more.
+    /// The window that the filter is installed on; the item may have left it since.
     QPointer<QQuickWindow> watchedWindow;
 };
 
 /// Carries the value of popupVisible over to the popup and the window.
 ///
-/// Signals, and the popup's own handlers, run the application's code, which may destroy this item
-/// or what it has made, or change its mind about the popup: what comes after them looks anew.
+/// Signals, and handlers of the popup, run the application's code, which may destroy this item, the
+/// anchor or the popup, or set popupVisible again: each step checks that before the next.
 void PopupAnchorItem::Private::apply()
 {
     const bool visible = popupVisible;
@@ -99,7 +100,7 @@ void PopupAnchorItem::Private::apply()
     watch(visible ? q->window() : nullptr);
 }
 
-/// Whoever destroys the anchor leaves the popup without a place in the window.
+/// Makes the anchor again if the application has destroyed it, as the popup has no parent then.
 void PopupAnchorItem::Private::placePopupItem()
 {
     const QPointer<PopupAnchorItem> self(q);
@@ -116,12 +117,12 @@ void PopupAnchorItem::Private::placePopupItem()
 
 void PopupAnchorItem::Private::createAnchor()
 {
-    const QPointer<QQuickItem> made(new QQuickItem);
+    const QPointer<QQuickItem> made(new PopupAnchor);
     anchor = made;
     made->setEnabled(false);
     made->setParent(q);
     made->setParentItem(q->window() ? q->window()->contentItem() : nullptr);
-    // Above a Popup, which lies at 65540: the marked place may be inside one.
+    // Above the z of a Popup (65540), as the marked place may lie in a popup.
     if (made) {
         made->setZ(65635.0);
     }
@@ -142,18 +143,18 @@ void PopupAnchorItem::Private::createPopupItem()
         return;
     }
     if (!incubator.isReady() && popupItem) {
-        // An error that came up late leaves half a popup behind.
+        // The incubator has failed after it made the object, which is incomplete.
         popupItem->setParentItem(nullptr);
         popupItem->deleteLater();
         popupItem.clear();
     } else if (incubator.object() && !popupItem) {
-        // Not an item: nothing else would ever destroy it.
+        // No item, so it has no owner that would destroy it.
         incubator.object()->deleteLater();
     }
     Q_EMIT q->popupItemChanged();
 }
 
-/// What the item and all that it lies in are turned by.
+/// The sum of the rotations of the item and its ancestors.
 qreal PopupAnchorItem::Private::sceneRotation() const
 {
     qreal rotation = 0;
@@ -166,12 +167,12 @@ qreal PopupAnchorItem::Private::sceneRotation() const
 /// Puts the anchor onto \a place, the origin of the item in the scene.
 void PopupAnchorItem::Private::moveAnchor(const QPointF &place)
 {
-    // What is no number differs from itself and would be a move with every frame.
+    // NaN differs from itself: the anchor would be moved with every frame.
     if (!anchor || !qIsFinite(place.x()) || !qIsFinite(place.y())) {
         return;
     }
-    // Most frames move nothing: what the item depends on is looked up only when the anchor is to
-    // move.
+    // dependsOn() walks the ancestors: it is called only for a frame that would move or turn the
+    // anchor.
     if ((place == anchor->position() && sceneRotation() == anchor->rotation())
         || dependsOn(q, anchor)) {
         return;
@@ -205,7 +206,7 @@ void PopupAnchorItem::Private::watch(QQuickWindow *window)
 
 bool PopupAnchorItem::Private::isOutside(const QMouseEvent *press) const
 {
-    // The shape of the popup is the application's code, which may destroy the item.
+    // contains() may call the application's containmentMask, which may destroy the item.
     const QPointer<PopupAnchorItem> self(q);
     const QPointF scene = watchedWindow->mapFromGlobal(press->globalPos());
     return !popupItem || (!popupItem->contains(popupItem->mapFromScene(scene)) && self);
@@ -219,8 +220,8 @@ PopupAnchorItem::PopupAnchorItem(QQuickItem *parent)
 
 PopupAnchorItem::~PopupAnchorItem()
 {
-    // Leaving the tree runs handlers, which may ask for what is in the record: it must not be left
-    // to the base class, which goes when the record is gone.
+    // Leaving the item tree runs handlers, which may read properties that the record holds: done
+    // here, as the base class's destructor does it after the record is destroyed.
     setParentItem(nullptr);
     d->watch(nullptr);
 }
@@ -347,8 +348,8 @@ void PopupAnchorItem::itemChange(ItemChange change, const ItemChangeData &value)
                 d->anchor->setParentItem(value.window->contentItem());
             }
         } else if (d->anchor) {
-            // The content item may be on its way out and counting its children: they must stay
-            // where they are until it is done.
+            // A content item in its destructor iterates over its children: taking one away now
+            // would invalidate the iteration.
             QMetaObject::invokeMethod(
                 this,
                 [this] {
