@@ -9,7 +9,7 @@
 
 using om::data::Country;
 
-class tst_Country : public QObject
+class TestCountry : public QObject
 {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ private Q_SLOTS:
     void agreesWithQtsLocales();
 };
 
-void tst_Country::code_data()
+void TestCountry::code_data()
 {
     QTest::addColumn<QString>("code");
     QTest::addColumn<QLocale::Country>("country");
@@ -61,7 +61,7 @@ void tst_Country::code_data()
         << (QString(QChar(0x0144)) + QChar(0x0145)) << QLocale::AnyCountry;
 }
 
-void tst_Country::code()
+void TestCountry::code()
 {
     QFETCH(QString, code);
     QFETCH(QLocale::Country, country);
@@ -69,7 +69,7 @@ void tst_Country::code()
 }
 
 // The standard assigns 249 codes, each to one country.
-void tst_Country::everyTwoLetters()
+void TestCountry::everyTwoLetters()
 {
     QSet<int> countries;
     int codes = 0;
@@ -89,7 +89,7 @@ void tst_Country::everyTwoLetters()
 }
 
 // An independent reading of the same pairs: Qt names its locales "language_COUNTRY".
-void tst_Country::agreesWithQtsLocales()
+void TestCountry::agreesWithQtsLocales()
 {
     // Codes that Qt uses beyond the standard's: regions, reserved and user-assigned ones.
     const QSet<QString> beyond{"AC", "CP", "DG", "EA", "EU", "IC", "TA", "XK"};
@@ -107,6 +107,6 @@ void tst_Country::agreesWithQtsLocales()
     QVERIFY2(seen.size() > 200, qPrintable(QString::number(seen.size())));
 }
 
-QTEST_APPLESS_MAIN(tst_Country)
+QTEST_APPLESS_MAIN(TestCountry)
 
 #include "tst_country.moc"

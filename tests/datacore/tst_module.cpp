@@ -17,7 +17,7 @@ using om::data::Document;
 
 // What of the documents an engine knows with and without the module imported. Each row is a fresh
 // engine; the ones without the import come first, as the process cannot forget an import.
-class tst_Module : public QObject
+class TestModule : public QObject
 {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ private Q_SLOTS:
     void typesOfTheModule();
 };
 
-void tst_Module::documentsFromCppWithoutTheImport()
+void TestModule::documentsFromCppWithoutTheImport()
 {
     Context context;
     Document parent;
@@ -57,7 +57,7 @@ void tst_Module::documentsFromCppWithoutTheImport()
     QCOMPARE(object->property("count").toInt(), 2);
 }
 
-void tst_Module::typesOfTheModule_data()
+void TestModule::typesOfTheModule_data()
 {
     QTest::addColumn<QByteArray>("type");
     QTest::addColumn<QByteArray>("className");
@@ -67,7 +67,7 @@ void tst_Module::typesOfTheModule_data()
                              << QByteArray(Context::staticMetaObject.className());
 }
 
-void tst_Module::typesOfTheModule()
+void TestModule::typesOfTheModule()
 {
     QFETCH(QByteArray, type);
     QFETCH(QByteArray, className);
@@ -79,6 +79,6 @@ void tst_Module::typesOfTheModule()
     QCOMPARE(QByteArray(object->metaObject()->className()), className);
 }
 
-QTEST_MAIN(tst_Module)
+QTEST_MAIN(TestModule)
 
 #include "tst_module.moc"
