@@ -44,14 +44,6 @@ static QStringList lines(const char *latin1)
     return text(latin1).split(QStringLiteral(", "));
 }
 
-/// A popup at (0, 0) whose anchor point is (90, 80).
-static const char *const popupScene = R"(
-    Item {
-        width: 200; height: 200
-        Item { objectName: "anchor"; x: 100; y: 50 }
-        Popup { objectName: "popup"; width: 20; height: 20; offset: Qt.point(0, 30); hotspot: Qt.point(10, 0) }
-    })";
-
 /// What is declared open opens when it lies where it belongs.
 void TestPopupsOrder::popupOpensOnceItIsAtTheTop()
 {
@@ -96,7 +88,7 @@ static void followPopup(support::SignalRecorder *recorder, QQuickItem *popup)
 void TestPopupsOrder::popupOpensAndCloses()
 {
     support::QmlView view;
-    view.load(popupScene);
+    view.loadFile(QStringLiteral("data/orderofapopup.qml"));
     view.show();
     QQuickItem *const popup = view.item<>("popup");
     QVERIFY(popup);
@@ -131,7 +123,7 @@ void TestPopupsOrder::popupOpensAndCloses()
 void TestPopupsOrder::popupIsAcceptedAndRejected()
 {
     support::QmlView view;
-    view.load(popupScene);
+    view.loadFile(QStringLiteral("data/orderofapopup.qml"));
     view.show();
     QQuickItem *const popup = view.item<>("popup");
     for (const char *end : {"accept", "reject"}) {
@@ -165,7 +157,7 @@ void TestPopupsOrder::popupMovesBeforeItTells()
     QFETCH(QString, property);
     QFETCH(QPointF, place);
     support::QmlView view;
-    view.load(popupScene);
+    view.loadFile(QStringLiteral("data/orderofapopup.qml"));
     view.show();
     QQuickItem *const popup = view.item<>("popup");
     QMetaObject::invokeMethod(popup, "updatePosition");
@@ -225,16 +217,6 @@ void TestPopupsOrder::anchorShowsAndHidesItsPopup()
                    "content.enabledChanged, anchor.enabledChanged, filters = 0"));
 }
 
-static const char *const dialogScene = R"(
-    Item {
-        width: 200; height: 200
-        Item { objectName: "first" }
-        Item { objectName: "disabled"; enabled: false }
-        Item { objectName: "last" }
-        DialogItem { id: dialog; objectName: "dialog"; modal: true }
-        DialogItem { objectName: "below"; modal: false }
-    })";
-
 static void followDialog(support::SignalRecorder *recorder, const support::QmlView &view)
 {
     const QString enabled = QStringLiteral("enabledChanged");
@@ -262,7 +244,7 @@ static void followDialog(support::SignalRecorder *recorder, const support::QmlVi
 /// Shows the scene, with the dialogs and their siblings where they belong.
 static QQuickItem *showDialogs(support::QmlView *view)
 {
-    view->load(dialogScene);
+    view->loadFile(QStringLiteral("data/orderofadialog.qml"));
     view->show();
     QQuickItem *const dialog = view->root()->findChild<QQuickItem *>(text("dialog"));
     if (!QTest::qWaitFor([&] { return dialog->parentItem() == view->window()->contentItem(); })) {

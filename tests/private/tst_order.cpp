@@ -133,20 +133,7 @@ void TestPickerOrder::markersMoveBeforeTheSizeIsTold()
 void TestPickerOrder::newCrossHairStandsWhereASliderWouldFirst()
 {
     support::QmlView view;
-    view.load(R"(import ombrel.Controls.Private 1.0
-        Item {
-            id: page
-            width: 200; height: 200
-            property var log: []
-            SaturationValueBox {
-                objectName: "box"
-                width: 100; height: 80; hue: 3; saturation: 255; value: 51
-            }
-            property Component marker: Item {
-                onXChanged: page.log.push("x " + x)
-                onYChanged: page.log.push("y " + y)
-            }
-        })");
+    view.loadFile(QStringLiteral("data/crosshair.qml"));
     QQuickItem *const box = view.item<>("box");
     const auto marker = view.root()->property("marker");
     support::SignalRecorder recorder;

@@ -9,8 +9,8 @@
 
 #include <functional>
 
-/// C++ code that a signal or a delegate calls, and that destroys an object right there: what
-/// QML's own destroy() puts off, C++ does not.
+/// Deletes an object at once when a signal or a delegate calls it, as C++ code may; QML's destroy()
+/// waits for the event loop.
 class Destroyer : public QObject
 {
     Q_OBJECT
@@ -33,6 +33,6 @@ public Q_SLOTS:
             deed(name);
         }
     }
-    /// Runs the deferred deletions of all objects, as an event loop in a handler does.
+    /// Runs the deferred deletions of all objects, as an event loop in a handler would.
     void deleteDeferred() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 };

@@ -46,20 +46,7 @@ struct Tree
 {
     Tree()
     {
-        view.load(R"(import ombrel.data.Core 1.0
-            TreeView {
-                width: 100; height: 100
-                childProperty: "children"
-                rootCanCollapse: true
-                rootDocuments: [
-                    Document { objectName: "one"; documentId: "one" },
-                    Document {
-                        objectName: "two"; documentId: "two"
-                        Document { objectName: "three"; documentId: "three" }
-                    }
-                ]
-                delegate: Item { height: 20; enabled: TreeView.isActiveItem }
-            })");
+        view.loadFile(QStringLiteral("data/orderofrows.qml"));
         if (!QTest::qWaitFor([this] { return attached(2) != nullptr; })) {
             qFatal("The tree has no rows");
         }
@@ -83,7 +70,8 @@ struct Tree
 
 } // namespace
 
-/// The row is told before the document is, and the new row before the old one.
+/// activeIndexChanged() comes before activeDocumentChanged(), the new row's signal before the
+/// old's.
 void TestTreeOrder::activeRowChanges()
 {
     Tree tree;

@@ -15,7 +15,7 @@ using om::data::Context;
 using om::data::Document;
 using support::evaluate;
 
-/// A document that says it contains whatever a test puts there, itself for instance.
+/// A document whose child list holds any objects, itself for instance.
 class Knot : public Document
 {
     Q_OBJECT
@@ -84,7 +84,7 @@ void TestTreeAbuse::documentsDeletedWhileShown()
     QVERIFY(!row);
     QCOMPARE(f.shown(), QString("a .b ..c e"));
     QCOMPARE(f.activeIndex(), -1);
-    // One that no list tells of goes with the next rebuild, whatever that is for.
+    // No signal tells of the changed list: the next rebuild, for another reason, reads it.
     Knot knot;
     auto *inner = new Document;
     inner->setName("inner");
@@ -151,9 +151,7 @@ void TestTreeAbuse::contextDeletedFirst()
 
 void TestTreeAbuse::changedFromADelegatesCompletion()
 {
-    TreeFixture f(TreeFixture::plain(
-        "property var act: null\n"
-        "backgroundDelegate: Item { Component.onCompleted: if (tree.act) tree.act(document) }"));
+    TreeFixture f(TreeFixture::File{"data/actsoncompletion.qml"});
     f.fill();
     // Requests made during a rebuild are swallowed.
     f.call("tree.act = function(d) { d.name = d.name + '+'; if (d.name == 'c+') d.children = []; "
@@ -214,10 +212,7 @@ void TestTreeAbuse::changedFromAListDuringTheRebuild()
 
 void TestTreeAbuse::failingDelegates()
 {
-    TreeFixture f("TreeView { id: tree; objectName: 'tree'; width: 300; childProperty: 'children'\n"
-                  "delegate: Qt.createComponent('there-is-none.qml')\n"
-                  "backgroundDelegate: Timer {}\n"
-                  "branchHandleDelegate: QtObject {} }");
+    TreeFixture f(TreeFixture::File{"data/failingparts.qml"});
     f.fill();
     QCOMPARE(f.places(), QString("0+24 24+24 48+24 72+24 96+24"));
     QCOMPARE(f.row(1)->property("markerIndent").toInt(), 16);
@@ -269,7 +264,7 @@ void TestTreeAbuse::viewDestroyedFromTheEndOfARow_data()
     }
 }
 
-/// By C++ again, from the end of a row's context and from that of its item.
+/// By C++ delete, from the destruction of a row's context and from that of its item.
 void TestTreeAbuse::viewDestroyedFromTheEndOfARow()
 {
     QFETCH(int, row);
@@ -278,13 +273,11 @@ void TestTreeAbuse::viewDestroyedFromTheEndOfARow()
     support::QmlView view;
     view.engine()->rootContext()->setContextProperty(QStringLiteral("destroyer"), &destroyer);
     view.engine()->rootContext()->setContextProperty(QStringLiteral("fatal"), withItem ? -1 : row);
-    view.load("Item { property Component c: TreeView { width: 50; childProperty: 'children'\n"
-              "delegate: Item { property int row: index; height: 20\n"
-              "Component.onDestruction: if (row === fatal) destroyer.act() } } }");
+    view.loadFile(QStringLiteral("data/destroysatend.qml"));
     Document first;
     Document second;
     Document third;
-    auto *component = view.root()->property("c").value<QQmlComponent *>();
+    auto *component = view.root()->property("view").value<QQmlComponent *>();
     QPointer<QQuickItem> tree = qobject_cast<QQuickItem *>(component->create());
     destroyer.victim = tree;
     tree->setParentItem(view.root());
@@ -304,15 +297,13 @@ void TestTreeAbuse::viewDestroyedFromTheEndOfARow()
     view.engine()->collectGarbage();
 }
 
-/// As by an event loop in a handler.
+/// By deferred deletions that run in a handler of the end, as in an event loop there.
 void TestTreeAbuse::oldRowsDeletedFromTheEndOfAView()
 {
     Destroyer destroyer;
     support::QmlView view;
     view.engine()->rootContext()->setContextProperty(QStringLiteral("destroyer"), &destroyer);
-    view.load("Item { id: above; property int ends: 0; TreeView { objectName: 'tree'\n"
-              "childProperty: 'children'; delegate: Item { Component.onDestruction: {\n"
-              "    ++above.ends; destroyer.deleteDeferred() } } } }");
+    view.loadFile(QStringLiteral("data/deletesdeferredatend.qml"));
     Document document;
     auto *tree = view.item("tree");
     QQmlListReference roots(tree, "rootDocuments");
@@ -442,10 +433,7 @@ void TestTreeAbuse::listOfTwentyThousand()
 
 void TestTreeAbuse::nestedCollapse()
 {
-    TreeFixture f(TreeFixture::plain("rootCanCollapse: true\n"
-                                     "backgroundDelegate: Item { Component.onCompleted: "
-                                     "TreeView.collapsedItemChanged.connect(function() "
-                                     "{ if (index == 0) tree.toggleIndex(1) }) }"));
+    TreeFixture f(TreeFixture::File{"data/togglesanother.qml"});
     f.fill();
     f.call("tree.collapseIndex(0)");
     QCOMPARE(f.places(), QString("0+30 30+0 30+0 30+0 30+30"));

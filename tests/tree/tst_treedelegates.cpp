@@ -29,12 +29,7 @@ private Q_SLOTS:
 
 void TestTreeDelegates::attachedObjectFollowsTheContextChain()
 {
-    TreeFixture f("Item { id: page; width: 300; height: 300\n"
-                  "Item { id: aside; objectName: 'aside' }\n"
-                  + TreeFixture::plain("backgroundDelegate: Item { id: back\n"
-                                       "property Item far: Item { parent: aside }\n"
-                                       "property var made: Loader { sourceComponent: Item {} } }")
-                  + "}");
+    TreeFixture f(TreeFixture::File{"data/contexts.qml"});
     f.fill();
     f.tree->setProperty("activeIndex", 1);
     for (const char *object :
@@ -52,10 +47,7 @@ void TestTreeDelegates::attachedObjectFollowsTheContextChain()
 
 void TestTreeDelegates::delegatesOfAllKinds()
 {
-    TreeFixture f("TreeView { id: tree; objectName: 'tree'; width: 300; childProperty: 'children'\n"
-                  "delegate: QtObject {}\n"
-                  "backgroundDelegate: Rectangle { z: 4 }\n"
-                  "branchHandleDelegate: Item { width: 9; height: 6; property int n: index } }");
+    TreeFixture f(TreeFixture::File{"data/parts.qml"});
     f.fill();
     QCOMPARE(f.places(), QString("0+24 24+24 48+24 72+24 96+24"));
     auto *row = f.row(1);
@@ -101,11 +93,7 @@ void TestTreeDelegates::markerIsAsLargeAsItsChildren()
 
 void TestTreeDelegates::pressReachesTheDelegateToo()
 {
-    TreeFixture f(
-        "Item { width: 300; height: 300; TreeView { id: tree; objectName: 'tree'; width: 300\n"
-        "childProperty: 'children'; property var presses: []\n"
-        "delegate: MouseArea { height: 30; onPressed: tree.presses.push("
-        "document.name + tree.activeIndex) } } }");
+    TreeFixture f(TreeFixture::File{"data/presses.qml"});
     f.fill();
     f.view.show();
     QTest::mouseClick(f.view.window(), Qt::LeftButton, {}, QPoint(150, 105));
@@ -118,7 +106,7 @@ void TestTreeDelegates::pressReachesTheDelegateToo()
 
 void TestTreeDelegates::markerClickCollapses()
 {
-    TreeFixture f("Item { width: 300; height: 300; " + TreeFixture::plain() + " }");
+    TreeFixture f(TreeFixture::File{"data/page.qml"});
     f.fill();
     f.view.show();
     QTest::mouseClick(f.view.window(), Qt::LeftButton, {}, QPoint(8, 45));
@@ -135,9 +123,7 @@ void TestTreeDelegates::markerClickCollapses()
 
 void TestTreeDelegates::f2AsksForEditing()
 {
-    TreeFixture f(
-        "Item { width: 300; height: 300; property int passed: 0; Keys.onPressed: ++passed\n"
-        + TreeFixture::plain() + " }");
+    TreeFixture f(TreeFixture::File{"data/page.qml"});
     f.fill();
     f.view.show();
     QSignalSpy edit(f.tree, SIGNAL(editRequested()));
@@ -147,7 +133,7 @@ void TestTreeDelegates::f2AsksForEditing()
     QTest::keyClick(f.view.window(), Qt::Key_A);
     QTest::keyClick(f.view.window(), Qt::Key_Down);
     QCOMPARE(edit.count(), 1);
-    QCOMPARE(f.view.root()->property("passed").toInt(), 0);
+    QCOMPARE(f.view.root()->property("passedKeys").toInt(), 0);
     // From a row too, and from the view when a rebuild has taken the row.
     QTest::mouseClick(f.view.window(), Qt::LeftButton, {}, QPoint(150, 45));
     QTest::keyClick(f.view.window(), Qt::Key_F2);
@@ -198,12 +184,7 @@ void TestTreeDelegates::delegateComesTooLate()
 void TestTreeDelegates::asynchronousLoader()
 {
     support::QmlView view;
-    view.load(
-        "import ombrel.data.Core 1.0 as Data\n"
-        "Item { width: 300; height: 300; property alias loader: l; Data.Document { id: doc }\n"
-        "Loader { id: l; asynchronous: true; sourceComponent: TreeView { objectName: 'tree'\n"
-        "property int rebuilds: 0; onIndexRebuilt: ++rebuilds\n"
-        "childProperty: 'children'; rootDocuments: [doc]; delegate: Item {} } } }");
+    view.loadFile(QStringLiteral("data/asynchronous.qml"));
     view.show();
     QTRY_VERIFY(view.find("tree"));
     QTRY_COMPARE(view.find("tree")->property("rebuilds").toInt(), 1);
@@ -212,7 +193,7 @@ void TestTreeDelegates::asynchronousLoader()
 
 void TestTreeDelegates::idleTreeRendersNothing()
 {
-    TreeFixture f("Item { width: 300; height: 300; " + TreeFixture::plain() + " }");
+    TreeFixture f(TreeFixture::File{"data/page.qml"});
     f.fill();
     f.view.show();
     support::grab(f.view.window());

@@ -33,7 +33,7 @@ static QStringList loadedImagePlugins()
     return names;
 }
 
-/// Without rows: for the first picture Qt Quick itself loads all plugins.
+/// Without rows: to read the first image, Qt Quick itself loads all plugins.
 void TestTreeImagePlugins::rebuildLoadsThatOfTheHandle()
 {
     if (!QFile::exists(QStringLiteral("/proc/self/maps"))) {

@@ -29,7 +29,7 @@ private Q_SLOTS:
     void createDelegateItemIsNullOnceTheContextGoes();
     void rootsAfterADestroyedOneGetRows();
     void destroyedRootsLeaveTheList();
-    void guestsKeepTheApplicationsConnections();
+    void childrenOfTheContentKeepTheApplicationsConnections();
     void collapseKeepsARowsPredecessor();
     void viewDestroyedFromItsSignals_data();
     void viewDestroyedFromItsSignals();
@@ -41,7 +41,7 @@ private Q_SLOTS:
     void viewDestroyedWhenAPredecessorIsSet();
 };
 
-/// Whoever makes a row from the rows' component: it has all its parts.
+/// A row has all its parts, whether the view, a delegate or a Loader has made it.
 void TestTreeLifetimes::rowsOfEveryOriginAreFilled()
 {
     TreeFixture f(TreeFixture::File{"data/filledrows.qml"});
@@ -80,7 +80,7 @@ void TestTreeLifetimes::rowLoadedInADelegateIsFilled()
     QVERIFY(loaded->property("hasChildren").toBool());
 }
 
-/// As the rows of the view do, before the rebuild that follows.
+/// Such a row follows the child count as the view's rows do, before the rebuild that follows.
 void TestTreeLifetimes::extraRowFollowsTheChildCount()
 {
     TreeFixture f(TreeFixture::File{"data/filledrows.qml"});
@@ -115,7 +115,7 @@ void TestTreeLifetimes::oldEntriesAreChildrenOfTheView()
     }
 }
 
-/// One entry after the other with its item, from the last to the first.
+/// Each entry is deleted with its item, from the last to the first.
 void TestTreeLifetimes::oldItemsGoWithTheirEntries()
 {
     TreeFixture f;
@@ -143,7 +143,7 @@ void TestTreeLifetimes::createDelegateItemIsNullOnceTheContextGoes()
     QCOMPARE(f.view.root()->property("answers").toStringList(), QStringList("null"));
 }
 
-/// A root that goes while its row is made shifts those after it in the list of roots.
+/// A root that is destroyed while its row is made leaves the list, and the roots after it move up.
 void TestTreeLifetimes::rootsAfterADestroyedOneGetRows()
 {
     Destroyer destroyer;
@@ -199,25 +199,25 @@ void TestTreeLifetimes::destroyedRootsLeaveTheList()
     QCOMPARE(f.roots().count(), 0);
 }
 
-/// The view follows what an application puts among the rows. When that leaves, only the view's own
-/// connections go.
-void TestTreeLifetimes::guestsKeepTheApplicationsConnections()
+/// The view connects to items that an application adds to the content. When such an item leaves,
+/// only the view's own connections are cut.
+void TestTreeLifetimes::childrenOfTheContentKeepTheApplicationsConnections()
 {
     TreeFixture f;
     f.fill();
-    QQuickItem guest;
-    connect(&guest, SIGNAL(yChanged()), f.tree, SIGNAL(editRequested()));
+    QQuickItem added;
+    connect(&added, SIGNAL(yChanged()), f.tree, SIGNAL(editRequested()));
     QSignalSpy edit(f.tree, SIGNAL(editRequested()));
-    guest.setParentItem(f.content());
-    guest.setY(5);
+    added.setParentItem(f.content());
+    added.setY(5);
     QCOMPARE(edit.count(), 1);
-    guest.setParentItem(nullptr);
-    guest.setY(500);
+    added.setParentItem(nullptr);
+    added.setY(500);
     QCOMPARE(edit.count(), 2);
     QCOMPARE(f.content()->height(), 150.0);
 }
 
-/// A row hangs below the row that it is told, which need not be the one before it.
+/// The application may write a row's predecessor; collapsing anchors the row to that one again.
 void TestTreeLifetimes::collapseKeepsARowsPredecessor()
 {
     TreeFixture f;
@@ -291,7 +291,7 @@ void TestTreeLifetimes::viewDestroyedFromItsSignals_data()
     }
 }
 
-/// By C++, which may do so where QML must not.
+/// By C++ delete: in QML, destroy() waits for the event loop.
 void TestTreeLifetimes::viewDestroyedFromItsSignals()
 {
     QFETCH(QByteArray, signal);
@@ -329,7 +329,7 @@ void TestTreeLifetimes::viewDestroyedFromASignalOfItsParts_data()
     row("entry", "childCountChanged(int)", "add a child");
     row("attached object", "collapsedItemChanged(bool)", "collapse");
     row("attached object", "activeItemChanged(bool)", "activate");
-    row("guest", "yChanged()", "move the guest");
+    row("added", "yChanged()", "move the added");
 }
 
 void TestTreeLifetimes::viewDestroyedFromASignalOfItsParts()
@@ -339,8 +339,8 @@ void TestTreeLifetimes::viewDestroyedFromASignalOfItsParts()
     QFETCH(QByteArray, operation);
     TreeFixture f(TreeFixture::File{"data/emitting.qml"});
     f.fill();
-    QQuickItem guest;
-    guest.setParentItem(f.content());
+    QQuickItem added;
+    added.setParentItem(f.content());
     QObject *sender = f.tree;
     if (part == QLatin1String("content")) {
         sender = f.content();
@@ -352,8 +352,8 @@ void TestTreeLifetimes::viewDestroyedFromASignalOfItsParts()
                 sender = child;
             }
         }
-    } else if (part == QLatin1String("guest")) {
-        sender = &guest;
+    } else if (part == QLatin1String("added")) {
+        sender = &added;
     }
     Destroyer destroyer;
     destroyer.victim = f.tree;
@@ -370,8 +370,8 @@ void TestTreeLifetimes::viewDestroyedFromASignalOfItsParts()
         f.settle();
     } else if (operation == "add a child") {
         f.make("new", f.b);
-    } else if (operation == "move the guest") {
-        guest.setY(1000);
+    } else if (operation == "move the added") {
+        added.setY(1000);
     }
     QVERIFY2(!destroyer.victim, "the signal did not come");
     TreeFixture::settle();
@@ -414,7 +414,7 @@ void TestTreeLifetimes::viewDestroyedWhileARowIsMade()
     TreeFixture::settle();
 }
 
-/// In the middle of the row's own making, as the row becomes a child of the content.
+/// While the row is being made, as it becomes a child of the content item.
 void TestTreeLifetimes::viewDestroyedWhenARowArrives()
 {
     TreeFixture f(TreeFixture::File{"data/emitting.qml"});

@@ -23,7 +23,7 @@ private Q_SLOTS:
     void threeRootsAreOneRebuild();
     void aRebuildQueuesNone();
     void changesOfATurnAreOneRebuild();
-    void clearingAnEmptyListIsNothing();
+    void clearingAnEmptyListEmitsNothing();
     void rowsHaveTheirPlaces();
     void rowsFollowTheirDelegates();
     void contentHeightIsThatOfTheChildren();
@@ -140,7 +140,7 @@ void TestTreeView::changesOfATurnAreOneRebuild()
     QCOMPARE(f.rebuilt->count(), 1);
 }
 
-void TestTreeView::clearingAnEmptyListIsNothing()
+void TestTreeView::clearingAnEmptyListEmitsNothing()
 {
     TreeFixture f;
     f.settle();
@@ -188,26 +188,26 @@ void TestTreeView::contentHeightIsThatOfTheChildren()
     TreeFixture f;
     f.settle();
     QCOMPARE(f.content()->height(), 0.0);
-    QQuickItem guest;
-    guest.setSize(QSizeF(10, 40));
-    guest.setParentItem(f.content());
+    QQuickItem added;
+    added.setSize(QSizeF(10, 40));
+    added.setParentItem(f.content());
     QCOMPARE(f.content()->height(), 40.0);
     f.fill();
     QCOMPARE(f.content()->height(), 150.0);
-    guest.setY(200);
+    added.setY(200);
     QCOMPARE(f.content()->height(), 240.0);
-    guest.setY(-20);
+    added.setY(-20);
     QCOMPARE(f.content()->height(), 170.0);
-    guest.setHeight(500);
+    added.setHeight(500);
     QCOMPARE(f.content()->height(), 500.0);
-    guest.setParentItem(nullptr);
+    added.setParentItem(nullptr);
     QCOMPARE(f.content()->height(), 150.0);
     auto *other = new QQuickItem(f.content());
     other->setSize(QSizeF(10, 1000));
     QCOMPARE(f.tree->implicitHeight(), 1000.0);
     delete other;
     QCOMPARE(f.tree->implicitHeight(), 150.0);
-    // What the binding in the file would say.
+    // The height that the binding in TreeViewContent.qml would have.
     QCOMPARE(f.content()->childrenRect().height(), 150.0);
 }
 
@@ -226,19 +226,10 @@ void TestTreeView::oldRowsCountUntilTheyAreDeleted()
     QCOMPARE(f.tree->implicitHeight(), 0.0);
 }
 
-/// And unseen: what a collapsed parent hides is still hidden when that parent has gone.
+/// A row that a collapsed parent hides stays hidden although the parent's row is deleted before.
 void TestTreeView::oldRowsGoFromTheLastToTheFirst()
 {
-    TreeFixture f("Item { property string log; TreeView {\n"
-                  "objectName: 'tree'; width: 300; childProperty: 'children'\n"
-                  "rootCanCollapse: true\n"
-                  "delegate: Item {\n"
-                  "    property string name: document.name\n"
-                  "    property real shown: parent ? parent.opacity : 0\n"
-                  "    height: 30\n"
-                  "    onShownChanged: if (shown) log += name + ' is shown '\n"
-                  "    Component.onDestruction: log += name + ' '\n"
-                  "} } }");
+    TreeFixture f(TreeFixture::File{"data/ends.qml"});
     f.fill();
     QMetaObject::invokeMethod(f.tree, "collapseIndex", Q_ARG(int, 0));
     f.roots().clear();
@@ -333,7 +324,7 @@ void TestTreeView::leavesDoNotCollapse()
     f.fill();
     f.call("tree.collapseIndex(3)");
     QVERIFY(!evaluate(f.row(3), "treeViewItem.TreeView.isCollapsedItem").toBool());
-    // Nothing is remembered either: a first child shows at once.
+    // The refused collapse is not remembered either: a first child is shown.
     f.make("x", f.d);
     f.settle();
     QCOMPARE(f.shown(), QString("a .b ..c .d ..x e"));
@@ -498,11 +489,7 @@ void TestTreeView::activeDocumentThatIsGone()
 
 void TestTreeView::newRowIsActiveAtOnce()
 {
-    TreeFixture f(TreeFixture::plain("property var seen: []\n"
-                                     "backgroundDelegate: Item { Component.onCompleted: {"
-                                     "if (TreeView.isActiveItem) tree.seen.push(document.name)\n"
-                                     "TreeView.activeItemChanged.connect("
-                                     "function() { tree.seen.push('told') }) } }"));
+    TreeFixture f(TreeFixture::File{"data/activerows.qml"});
     f.fill();
     f.tree->setProperty("activeIndex", 0);
     f.call("tree.seen = []");
@@ -560,8 +547,8 @@ void TestTreeView::indexAtPoints()
     QCOMPARE(f.call("tree.indexAt(305, 15)").toInt(), -1);
     f.call("tree.collapseIndex(1)");
     QCOMPARE(f.call("tree.indexAt(150, 75)").toInt(), 3);
-    QQuickItem guest(f.content());
-    guest.setSize(QSizeF(300, 30));
+    QQuickItem added(f.content());
+    added.setSize(QSizeF(300, 30));
     QCOMPARE(f.call("tree.indexAt(150, 15)").toInt(), -1);
 }
 

@@ -25,7 +25,7 @@ private Q_SLOTS:
 static const char *const warning = ".*The SVG image plugin of Qt is missing; branch handles are "
                                    "plain";
 
-/// Everything else still has to be there, or these tests would pass for want of pictures at all.
+/// Other image formats have to be readable, or the tests would pass without any image plugin.
 void TestTreeWithoutSvg::initTestCase()
 {
     const QList<QByteArray> formats = QImageReader::supportedImageFormats();
@@ -66,7 +66,7 @@ void TestTreeWithoutSvg::plainHandleCollapses()
     QCOMPARE(f.places(), QStringLiteral("0+30 30+0 30+0 30+0 30+30"));
 }
 
-/// The message is for those whose rows lack something.
+/// A view with a branch handle of its own needs no SVG image, and logs no message.
 void TestTreeWithoutSvg::ownHandleNeedsNoPlugin()
 {
     TreeFixture f(TreeFixture::plain("branchHandleDelegate: Rectangle { width: 10; height: 10 }"));
