@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Ombrel developers
 # SPDX-License-Identifier: MIT
 #
-# Runs Qt's type dumper on the module URI found below IMPORT and writes OUTPUT. Any failure of the
-# tool is a failure of the build: a type that cannot be constructed bare is a bug.
+# Runs Qt's type dumper on the module URI found below IMPORT and writes OUTPUT. The build fails with
+# the tool: a type that cannot be constructed without window and parent is a bug.
 #
 # ATTACHED, which may be empty, describes the types that the tool cannot see, since the factories of
 # attached objects return QObject: <Type>AttachedObject is what <Type> attaches.

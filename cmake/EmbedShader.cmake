@@ -2,15 +2,15 @@
 # SPDX-License-Identifier: MIT
 #
 # Writes HEADER, a header with the text of INPUT as the constant NAME, and CORE, the same shader for
-# core profiles, which the constant holds, too. Called by ombrel_embed_shaders(). The lines that
-# head the file (licence, comment) are GLSL comments and stay out of the program that is compiled at
-# run time.
+# core profiles, which the constant holds as well. Called by ombrel_embed_shaders(). The comments at
+# the head of INPUT (licence, purpose) are left out: drivers would compile them at run
+# time.
 
 file(READ "${INPUT}" text)
 string(REGEX REPLACE "(^|\n)//[^\n]*" "\\1" text "${text}")
 string(REGEX REPLACE "^\n+" "" text "${text}")
 
-# GLSL 1.50 has other words for what goes in and out; the statements stay.
+# GLSL 1.50 renames the storage qualifiers and the texture function; the statements stay.
 set(core "${text}")
 if(INPUT MATCHES "\\.vert$")
     string(REGEX REPLACE "(^|\n)attribute " "\\1in " core "${core}")

@@ -92,8 +92,8 @@ endfunction()
 
 # ombrel_qml_submodule(URI <uri> QMLDIR <file>)
 #
-# A module whose types the plugin of another one registers: it has a qmldir, but neither a library
-# nor type descriptions of its own.
+# A module whose types another module's plugin registers: it has a qmldir, but neither a library nor
+# type descriptions of its own.
 function(ombrel_qml_submodule)
     cmake_parse_arguments(arg "" "URI;QMLDIR" "" ${ARGN})
     string(REPLACE "." "/" path "${arg_URI}")

@@ -22,7 +22,7 @@ set(OMBREL_RUN_TEST "${PROJECT_SOURCE_DIR}/tests/support/run-test")
 function(ombrel_test_entry name loop offscreen)
     set(import_path "${PROJECT_BINARY_DIR}/qml")
     if(OmbrelDataCore_QML_DIR)
-        # The data core of the system brings its QML module along.
+        # An installed data core has its QML module in a folder of its own.
         string(APPEND import_path ":${OmbrelDataCore_QML_DIR}")
     endif()
     set(environment
@@ -57,7 +57,7 @@ function(ombrel_test_entries test)
     endif()
 endfunction()
 
-# A misspelt name in a list would quietly give the test its defaults.
+# Without this check a misspelt name in a list would leave the test at its defaults.
 function(ombrel_check_test_names)
     set(tests)
     foreach(file IN LISTS sources)

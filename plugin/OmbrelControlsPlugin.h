@@ -7,10 +7,10 @@
 
 namespace om::controls {
 
-/// The object that a QML engine gets from the library: it makes every type reachable from QML.
+/// The entry point of the library for a QML engine: registers every type.
 ///
-/// The public types go under the URI that the engine hands in, the colour-picking types under
-/// "ombrel.Controls.Private".
+/// The public types are registered under the URI that the engine passes, the colour-picking types
+/// under "ombrel.Controls.Private".
 class OmbrelControlsPlugin : public QQmlExtensionPlugin
 {
     Q_OBJECT

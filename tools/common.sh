@@ -26,7 +26,7 @@ lacking() {
     done
 }
 
-# need SECTION...: installs what is missing, says so, asks nothing.
+# need SECTION...: installs the missing packages without a question, and prints their names.
 need() {
     command -v dpkg-query >/dev/null || die "this needs Debian (or a system with its packages)"
     # shellcheck disable=SC2046 # a word is a package
@@ -75,8 +75,8 @@ count_steps() {
     return "$code"
 }
 
-# build PRESET: configures and builds. A build that has been configured sees every later change by
-# itself but one of the presets.
+# build PRESET: configures and builds. A configured build follows every later change by itself,
+# except changes of the presets.
 build() {
     cd "$root" || exit 1
     if [ -z "$(find "build-$1/build.ninja" -newer CMakePresets.json 2>/dev/null)" ]; then

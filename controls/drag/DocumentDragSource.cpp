@@ -40,22 +40,22 @@ DocumentDragSource::~DocumentDragSource() = default;
 
 void DocumentDragSource::abandon()
 {
-    // First of all: cancelling sends a last leave to the window.
+    // Before QDrag::cancel() below, which sends the window a last drag-leave event.
     watchWindow(nullptr);
     endIncubation();
     if (m_visual) {
         m_visual->deleteLater();
     }
-    // The drag manager keeps a bare pointer to its drag, a child of the source: it must not go down
-    // with it, and the loop must not go on without a source.
+    // QDragManager keeps a bare pointer to its QDrag, which the source as its QObject parent would
+    // delete: the QDrag is taken from the source, and its loop is ended.
     if (m_loopRunning && m_drag) {
         m_drag->setParent(nullptr);
         QDrag::cancel();
     }
 }
 
-// The gesture. Every signal runs the application's code, which may destroy the source or go on with
-// the gesture: what follows a signal looks at the state anew.
+// The gesture. Every signal runs the application's code, which may destroy the source or send it
+// further events: code after a signal checks that the source lives and reads the state again.
 
 void DocumentDragSource::filterChildEvent(QQuickItem *child, const QEvent *event)
 {
@@ -92,15 +92,15 @@ void DocumentDragSource::press(QQuickItem *child, const QMouseEvent *event)
     m_state = Pressed;
     m_finishing = false;
     if (leavesADrag) {
-        // The last drag ended without a release. The new press announces no end of it, but nothing
-        // of it may stay behind.
+        // The last drag got no release, so finish() has not run. What it left is removed here; no
+        // dragActiveChanged() is emitted for it.
         cleanUp();
     }
 }
 
 void DocumentDragSource::move(QQuickItem *child, const QMouseEvent *event)
 {
-    // A drag that is about to run is not given up: inside its loop the move would not come here.
+    // Not once the call that runs the drag is queued: inside the loop no move would arrive here.
     if (m_differences.yieldsToKeptGrab && !isAboutToRun()) {
         const QQuickWindow *const window = source->window();
         const QQuickItem *const grabber = window ? window->mouseGrabberItem() : nullptr;
@@ -133,8 +133,8 @@ void DocumentDragSource::start()
     m_state = Dragging;
     m_loopIsOver = false;
     announceActive(true);
-    // With a drag there already, or its loop over, a gesture inside the signal has come this far by
-    // itself.
+    // A handler of the signal may run an event loop in which the next gesture has made its own
+    // drag, or has ended: then this one makes none.
     if (!alive || m_state != Dragging || m_drag || m_loopIsOver) {
         return;
     }
@@ -143,8 +143,8 @@ void DocumentDragSource::start()
     m_drag = drag;
     auto mimeData = std::make_unique<QMimeData>();
     mimeData->setData(documentspayload::format(), documentspayload::write(m_documents));
-    // The documents' ids come from the application's code: with the source or with the gesture, the
-    // drag may be gone.
+    // documentId() is the application's code: it may have destroyed the source or ended the
+    // gesture, and the drag with them.
     if (!drag) {
         return;
     }
@@ -163,7 +163,7 @@ void DocumentDragSource::start()
 
 void DocumentDragSource::scheduleRun()
 {
-    // One call, however many gestures begin and end before it comes: it runs the last one's drag.
+    // One queued call for all gestures that begin before it is delivered: it runs the last drag.
     if (!m_runScheduled) {
         m_runScheduled = true;
         QMetaObject::invokeMethod(
@@ -171,8 +171,8 @@ void DocumentDragSource::scheduleRun()
     }
 }
 
-/// Runs the platform's drag loop, in which everything may happen: afterwards the source may be
-/// gone.
+/// Runs the platform's drag loop, which delivers events to the whole application: the source may be
+/// destroyed when it returns.
 void DocumentDragSource::runDrag()
 {
     m_runScheduled = false;
@@ -194,7 +194,7 @@ void DocumentDragSource::runDrag()
         }
     }
     if (m_state != Dragging) {
-        // Ended or pressed anew meanwhile.
+        // The loop's events have ended this gesture or begun the next one.
         cleanUp();
     } else if (m_differences.endsWithLoop || !canBeReleased()) {
         finish();
@@ -213,8 +213,8 @@ void DocumentDragSource::release()
     finish();
 }
 
-/// Remembers the \a child that has the gesture. Should it go while its release is waited for, none
-/// can come: the end waits for the event loop, so that no signal comes out of a destructor.
+/// Remembers the \a child whose events make the gesture. If it is destroyed before its release, no
+/// release can arrive: a queued call then ends the drag, as a destructor must emit no signal.
 void DocumentDragSource::setReceiver(QQuickItem *child)
 {
     if (m_receiver == child) {
@@ -263,7 +263,7 @@ bool DocumentDragSource::canBeReleased() const
     return m_receiver && source->filtersChildMouseEvents();
 }
 
-/// Ends a drag and leaves nothing of it behind.
+/// Ends a drag: announces the end, then removes the visual, the QDrag and the filter.
 void DocumentDragSource::finish()
 {
     if (m_finishing) {
@@ -273,7 +273,7 @@ void DocumentDragSource::finish()
     const QPointer<QQuickItem> alive(source);
     m_finishing = true;
     announceActive(false);
-    // A press inside the signal has begun the next gesture, which is not to be ended.
+    // A press inside the signal resets m_finishing: the gesture that it begins is not ended.
     if (!alive || !m_finishing) {
         return;
     }
@@ -284,7 +284,7 @@ void DocumentDragSource::finish()
     }
 }
 
-/// Leaves nothing of a drag behind that is not running any more.
+/// Removes the visual, the QDrag and the filter of a drag whose loop is over.
 void DocumentDragSource::cleanUp()
 {
     watchWindow(nullptr);
@@ -318,7 +318,7 @@ void DocumentDragSource::createVisual()
         return;
     }
     m_incubator = createIncubator();
-    // The incubation goes on inside the drag loop; what is not complete by its end goes.
+    // The incubator works on inside the drag loop. endIncubation() discards an incomplete visual.
     m_delegate->create(*m_incubator, m_delegate->creationContext());
 }
 
@@ -345,10 +345,10 @@ void DocumentDragSource::adoptVisual(QObject *object)
     }
 }
 
-/// Ends the incubation: what is not a complete visual by now never becomes one.
+/// Ends the incubation and destroys a visual that is not complete.
 void DocumentDragSource::endIncubation()
 {
-    // The source may go with what is destroyed here.
+    // Destroying the visual runs the application's code, which may destroy the source.
     const std::unique_ptr<QQmlIncubator> incubator = std::move(m_incubator);
     const QPointer<QObject> incubated = m_incubated;
     m_incubated.clear();
@@ -357,8 +357,8 @@ void DocumentDragSource::endIncubation()
     }
     if (incubator->isLoading()) {
         m_visual.clear();
-        // Not left to the incubator's destructor: an engine whose incubators are destroyed while
-        // they load counts them as loading for ever, and keeps its warnings back meanwhile.
+        // Before the incubator's destructor: that would leave it in the engine's count of running
+        // incubations, and an engine withholds its warnings while that count is not 0.
         incubator->clear();
     } else if (incubated && !qobject_cast<QQuickItem *>(incubated)) {
         incubated->deleteLater();
@@ -410,7 +410,7 @@ void DocumentDragSource::removeVisual()
     if (state && state->delayRemove()) {
         const QPointer<QQuickItem> alive(source);
         state->setDropped(true);
-        // Whoever lets go of it inside that signal has let go of it.
+        // A handler of droppedChanged() may have cleared delayRemove, which schedules the deletion.
         if (alive && visual && visualState(visual)->delayRemove()) {
             deleteWhenReleased(visual);
             return;

@@ -41,7 +41,8 @@ class DragVisualState;
 ///     Dragging  -> Idle       finish(): a release, or what ends the drag in its place
 ///
 /// The platform's drag loop runs from the event loop, not from inside the move that starts it: the
-/// child that the move is for may be destroyed by the drop, and Qt Quick would still deliver to it.
+/// drop may destroy the child that the move is for, and Qt Quick delivers the move to it
+/// afterwards.
 class DocumentDragSource : public DragVisualHost
 {
 public:
@@ -71,7 +72,7 @@ public:
 
     bool isEnabled() const;
     void setEnabled(bool enabled);
-    /// False already while the end is announced, for bindings to see what the signal says.
+    /// False already while dragActiveChanged(false) is emitted: bindings evaluate in the signal.
     bool isDragging() const { return m_state == Dragging && !m_finishing; }
     const QList<om::data::Document *> &documents() const { return m_documents; }
     /// Null documents are left out.
@@ -86,8 +87,8 @@ public:
     void filterWindowEvent(const QEvent *event);
     void adoptVisual(QObject *object) override;
 
-    /// Ends what still runs. For the source's destructor, while the source still answers: a last
-    /// leave is delivered to the application, whose code may look at the source.
+    /// Ends a running drag. Called by the source's destructor before the record is destroyed: the
+    /// application gets a last drag-leave event, and may read the source's properties then.
     void abandon();
 
 protected:
@@ -98,7 +99,7 @@ protected:
     virtual std::unique_ptr<QQmlIncubator> createIncubator() = 0;
     /// The attached state of \a visual, made when it is first asked for; null when there is none.
     virtual DragVisualState *visualState(QObject *visual) const = 0;
-    /// Lets the attached object of \a visual name the source for as long as that lives.
+    /// Sets the source in the attached object of \a visual.
     virtual void introduceTo(QObject *visual) = 0;
     /// Calls deleteLater() on \a visual when its delayRemove changes.
     virtual void deleteWhenReleased(QQuickItem *visual) = 0;
@@ -134,7 +135,7 @@ private:
     State m_state = Idle;
     bool m_finishing = false;
     QPointF m_pressPosition;
-    /// The child that the last mouse event of the gesture was for: the release will be, too.
+    /// The child that got the last mouse event of the gesture; it will get the release as well.
     QPointer<QQuickItem> m_receiver;
     QMetaObject::Connection m_receiverWatch;
     QList<om::data::Document *> m_documents;
@@ -147,14 +148,14 @@ private:
     bool m_loopRunning = false;
     /// The loop of the last drag that was announced has run.
     bool m_loopIsOver = false;
-    /// Where the filter sits, which need not be the source's window any more.
+    /// The window that the filter is installed on; the source may have left it since.
     QPointer<QQuickWindow> m_watchedWindow;
     std::unique_ptr<QQmlIncubator> m_incubator;
-    /// What the incubator handed out, complete or not, an item or not.
+    /// The object that the incubator has made; it may be incomplete, and no item.
     QPointer<QObject> m_incubated;
     QPointer<QQuickItem> m_visual;
-    /// The receiver of the documents' and the child's signals and of the scheduled call: with it
-    /// they end, while the item behind the source still lives for a while.
+    /// The receiver of the documents' and the child's signals and of the queued call: its end, with
+    /// the record, disconnects them although the item's QObject part is destroyed later.
     QObject m_receiverOfCalls;
 };
 

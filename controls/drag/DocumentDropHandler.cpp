@@ -54,10 +54,10 @@ bool DocumentDropHandler::canHandle(const QMimeData *mimeData)
     if (!zone) {
         return false;
     }
-    // The payload is never read: the zone has the documents themselves. They are asked with what
-    // does not go with this handler or with the zone: hasType() is the application's code, which
-    // may destroy both. The count is that of the beginning, or a document that adds another
-    // whenever it is asked would keep the loop going.
+    // The payload is not read: the zone's list has the documents. hasType() is the application's
+    // code, which may destroy this handler and the zone: only copies are used after the first call.
+    // The count is read once: a hasType() that appends a document each time would otherwise keep
+    // the loop running.
     const QString type = d->type;
     const QQmlListReference documents(zone, "dragDocuments");
     const int count = documents.count();

@@ -18,8 +18,8 @@ QString format()
 
 QByteArray write(const QList<om::data::Document *> &documents)
 {
-    // A snapshot, and a weak one: documentId() is the application's code, which may change the list
-    // that it was called for and destroy documents.
+    // A copy of weak pointers: documentId() is the application's code, which may change the list
+    // and destroy documents.
     const std::vector<QPointer<om::data::Document>> snapshot(documents.cbegin(), documents.cend());
     QByteArray payload;
     QDataStream stream(&payload, QIODevice::WriteOnly);

@@ -15,15 +15,15 @@ class QMimeData;
 /// The MIME format "application/x-lumetra-documents": what a drag of documents carries.
 ///
 /// One QString after another in QDataStream's encoding, the documents' ids in their order, and
-/// nothing else. Null and empty ids stay apart.
+/// nothing else. A null id and an empty one are encoded differently.
 namespace om::controls::documentspayload {
 
 /// The name of the format.
 QString format();
-/// The bytes for \a documents as they are when it is called; none of them null. One that is
-/// destroyed while the ones before it are asked for their ids is left out.
+/// The bytes for the \a documents, none of which is null. A document that is destroyed while
+/// documentId() of an earlier one runs is left out.
 QByteArray write(const QList<om::data::Document *> &documents);
-/// The ids in \a payload; what follows the last whole one is left out.
+/// The ids in \a payload; an incomplete string at its end is left out.
 QStringList read(const QByteArray &payload);
 /// True when \a mimeData has the format.
 bool isIn(const QMimeData *mimeData);

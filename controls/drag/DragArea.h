@@ -17,8 +17,8 @@ namespace om::controls {
 /// system drag of documents. It never consumes an event.
 ///
 /// The drag ends with the release. Where the platform's drag loop keeps the release to itself,
-/// dragActive stays true until the next one, or until none can come any more: the child with the
-/// gesture has lost the mouse or is gone, or dragEnabled has become false.
+/// dragActive stays true until the next release, or until none can arrive: the child with the
+/// gesture has lost the mouse or was destroyed, or dragEnabled has become false.
 class DragArea : public QQuickItem
 {
     Q_OBJECT

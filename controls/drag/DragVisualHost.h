@@ -7,7 +7,7 @@ class QObject;
 
 namespace om::controls {
 
-/// Whoever has a drag visual made: its incubator hands the object over here.
+/// Takes the object that a DragVisualIncubator makes.
 class DragVisualHost
 {
 public:

@@ -70,7 +70,7 @@ QPointF DragVisualState::hotspot() const
 
 void DragVisualState::setHotspot(const QPointF &hotspot)
 {
-    // QPointF compares fuzzily.
+    // QPointF's operator== compares fuzzily.
     if (d->hotspot == hotspot) {
         return;
     }

@@ -9,9 +9,9 @@
 
 namespace om::controls {
 
-/// What a drag visual knows of its drag, and asks of it: the body of both attached types, which
-/// give it their signals. Not a QObject: the attached types derive from QObject directly, which is
-/// what QML sees.
+/// The state of a drag visual: the body of both attached types, which emit its signals. Not a
+/// QObject: the attached types derive from QObject directly, as QML shows the direct superclass of
+/// a type.
 class DragVisualState
 {
 public:

@@ -19,7 +19,7 @@ public:
     }
 
 private:
-    /// All that a zone does differently from an area.
+    /// Where a zone differs from an area.
     static Differences differences()
     {
         Differences differences;

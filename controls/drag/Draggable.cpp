@@ -66,11 +66,11 @@ public:
     bool startScheduled = false;
     /// The drag whose loop is running.
     QPointer<QDrag> runningDrag;
-    /// Where the filter sits, which need not be the item's window any more.
+    /// The window that the filter is installed on; the item may have left it since.
     QPointer<QQuickWindow> watchedWindow;
 };
 
-// Every transition goes through here.
+// All changes of the state are made here.
 void Draggable::Private::setState(State newState)
 {
     if (state == newState) {
@@ -107,7 +107,7 @@ void Draggable::Private::press(QQuickItem *receiver, const QMouseEvent *event)
     setState(Pressed);
 }
 
-/// Whether the move is consumed: children see none while the press is armed.
+/// Returns whether the move is consumed: from press to drag, children get no moves.
 bool Draggable::Private::move(const QMouseEvent *event)
 {
     if (state == Idle) {
@@ -128,7 +128,7 @@ bool Draggable::Private::move(const QMouseEvent *event)
         startScheduled = true;
         lift();
         if (alive) {
-            // The press stays armed until then; a release in between does not stop the drag.
+            // A release before the queued call is delivered does not cancel it.
             QMetaObject::invokeMethod(q, "drag", Qt::QueuedConnection);
         }
     }
@@ -178,11 +178,11 @@ void Draggable::Private::follow(const QPointF &windowPosition)
     q->setPosition(inParent - liftOrigin + pressItemPosition);
 }
 
-/// Below a new \a parent: at the place of the last change of state, as large as before.
+/// Below a new \a parent, restores the scene position of the last change of state and the scale.
 void Draggable::Private::keepOnScreen(QQuickItem *parent)
 {
     q->setPosition(parent->mapFromScene(sceneAnchor));
-    // Nothing keeps a size on screen below a parent that has none.
+    // A parent with the scale 0 has no inverse scale.
     if (const qreal parentScale = cumulativeScale(parent); !qFuzzyIsNull(parentScale)) {
         q->setScale(ancestorsScale / parentScale * ownScale);
     }
@@ -215,8 +215,8 @@ Draggable::~Draggable()
     if (d->watchedWindow) {
         d->watchedWindow->removeEventFilter(this);
     }
-    // The drag manager keeps a bare pointer to its drag, a child of the item: it must not go down
-    // with it, and the loop must not go on without a source.
+    // QDragManager keeps a bare pointer to its QDrag, which the item as its QObject parent would
+    // delete: the QDrag is taken from the item, and its loop is ended.
     if (d->runningDrag) {
         d->runningDrag->setParent(nullptr);
         QDrag::cancel();
@@ -299,8 +299,7 @@ void Draggable::itemChange(ItemChange change, const ItemChangeData &value)
     QQuickItem::itemChange(change, value);
 }
 
-/// Runs the drag. It does not ask for a press: one that is released before the call comes has
-/// started its drag all the same.
+/// Runs the drag, also when the button was released before this queued call was delivered.
 void Draggable::drag()
 {
     d->startScheduled = false;
@@ -330,8 +329,8 @@ void Draggable::drag()
         return;
     }
     d->runningDrag.clear();
-    // Also when the gesture was given up inside the loop; before the end is told, as the next
-    // gesture may begin there.
+    // Also when the gesture ended inside the loop. Before the end is announced: a handler of that
+    // may begin the next gesture, which lifts the item again.
     d->lower();
     if (alive) {
         d->end();

@@ -13,8 +13,8 @@ namespace om::controls {
 /// pixels, lifts it above everything and starts a system drag that carries dragData. Over its own
 /// window the item follows the cursor.
 ///
-/// Re-parented during the drag, it keeps its size on screen. It does not return after a drag that
-/// nobody took: dragEnded() is the place to decide that.
+/// Re-parented during the drag, it keeps its size on screen. After a drag that no target took, it
+/// stays where it is: a handler of dragEnded() may move it back.
 class Draggable : public QQuickItem
 {
     Q_OBJECT

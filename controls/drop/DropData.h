@@ -14,8 +14,8 @@ namespace om::controls {
 /// The drag that a DropZone's active handler sees: where it is, what it carries, where it comes
 /// from. A zone has one for its whole life and fills it in for each drag.
 ///
-/// The properties are declared constant although they change from drag to drag: they are meant to
-/// be read in the handlers of the signals that carry the object, not to be bound to.
+/// The properties are declared constant although they change with each drag: no signal tells of it,
+/// and a binding would not follow. Read them in handlers of the signals that carry the object.
 class DropData : public QObject
 {
     Q_OBJECT

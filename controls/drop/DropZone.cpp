@@ -63,7 +63,7 @@ void DropZone::Private::clear()
     }
     if (activeHandler) {
         qWarning("Drop handlers changed during drag operation");
-        // Neither exited nor containsDragChanged follows: the warning is all that is told.
+        // Only the warning: neither exited() nor containsDragChanged() is emitted.
         activeHandler = nullptr;
     }
     unwatchHandlers();
@@ -71,7 +71,7 @@ void DropZone::Private::clear()
     Q_EMIT q->dropHandlersChanged();
 }
 
-/// \a handler is being destroyed: only its address is left to look at.
+/// \a handler is being destroyed: only its address may be used.
 void DropZone::Private::forget(DropHandler *handler)
 {
     watches.remove(handler);
@@ -89,7 +89,7 @@ void DropZone::Private::forget(DropHandler *handler)
 
 void DropZone::Private::unwatchHandlers()
 {
-    // By their handles: between a handler and the zone the application may have connections too.
+    // By their handles: disconnect(handler, zone) would also cut the application's connections.
     for (const QMetaObject::Connection &watch : qAsConst(watches)) {
         QObject::disconnect(watch);
     }
@@ -104,8 +104,8 @@ void DropZone::Private::setDragSource(QObject *source)
 }
 
 /// The first handler that takes \a mimeData; null when there is none, and when the zone or the data
-/// go meanwhile. A handler of the application's own may do anything while it is asked: those that
-/// have left the list by then are not asked, and those that have joined it neither.
+/// are destroyed meanwhile. canHandle() may be the application's code and change the list: handlers
+/// that it removes are not asked any more, nor are those that it adds.
 DropHandler *DropZone::Private::findHandler(const QPointer<QMimeData> &mimeData) const
 {
     const QPointer<DropZone> alive(q);
@@ -134,7 +134,7 @@ DropZone::DropZone(QQuickItem *parent)
 
 DropZone::~DropZone()
 {
-    // The base's destructor still runs code of the application, which may destroy handlers.
+    // ~QQuickItem() emits signals, whose receivers may destroy handlers after the record is gone.
     d->unwatchHandlers();
 }
 
@@ -153,15 +153,15 @@ bool DropZone::containsDrag() const
     return d->activeHandler;
 }
 
-// Every signal below runs the application's code, and so do the operations of a handler. That code
-// may destroy the zone, a handler or what is dragged, and change the list: after each of them, what
-// is still needed is looked at anew.
+// Every signal below runs the application's code, and so do the functions of a handler. That code
+// may destroy the zone, a handler or the MIME data, and change the list: after each call, guards
+// tell what still lives.
 
 void DropZone::dragEnterEvent(QDragEnterEvent *event)
 {
     const QPointer<DropZone> self(this);
-    // Both belong to the drag, which may end inside what is called below. The event gets its
-    // source from the drag, which goes on naming one that has been destroyed.
+    // Both belong to the drag, which may end inside the calls below. QDropEvent::source() returns
+    // the drag's bare pointer, also after that object was destroyed.
     const QPointer<QMimeData> mimeData(const_cast<QMimeData *>(event->mimeData()));
     const QPointer<QObject> source(event->source());
     d->setDragSource(source);

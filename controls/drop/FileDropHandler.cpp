@@ -27,7 +27,7 @@ public:
 bool FileDropHandler::Private::accepts(const QUrl &url) const
 {
     const QString name = url.fileName(QUrl::FullyDecoded);
-    // Without a dot this is the whole name: a file called "mp4" counts as a video.
+    // Without a dot the suffix is the whole name: a file called "mp4" passes as a video.
     const QString suffix = name.mid(name.lastIndexOf(QLatin1Char('.')) + 1).toLower();
     return suffixes.contains(suffix);
 }

@@ -65,10 +65,10 @@ void FpsCounter::findWindow()
         if (!item || !item->window()) {
             continue;
         }
-        // Each such ancestor makes a connection, several of them in one window, too: the meter
-        // ignores the intervals of length zero that come of it. The signal may come from the render
-        // thread and is then queued, so that the meter is only ever touched on the counter's own
-        // thread.
+        // One connection for each ancestor that is an item, even if they share a window: a frame is
+        // then counted several times at one time, and the meter ignores intervals of 0 ms. A signal
+        // from the render thread is queued (automatic connection), so that only the counter's
+        // thread uses the meter.
         connect(item->window(), &QQuickWindow::frameSwapped, this, &FpsCounter::updateFps);
         found = true;
     }

@@ -34,10 +34,10 @@ bool FrameRateMeter::addFrame(qint64 now)
 
 int FrameRateMeter::computeRate() const
 {
-    // Each pair is earlier minus later, so in steady running none counts but the last one, at the
-    // ring's seam: newest minus oldest, the time that the 60 frames span. While the ring is
-    // filling, the oldest time is 0, the span is decades, and the rate is 0. Times that run
-    // backwards (the clock was set, or a frame was counted twice) give further differences or none.
+    // Each pair of neighbours is subtracted as earlier minus later, and only positive differences
+    // count. With rising times that is one, where the ring wraps: newest minus oldest, the span of
+    // 60 frames. Until the ring is full its oldest time is 0, so the span is decades and the rate
+    // 0. A clock that was set back adds a difference; two frames at one time add none.
     qint64 sum = 0;
     qint64 count = 0;
     for (int step = 1; step < FrameCount; ++step) {

@@ -31,8 +31,8 @@ void HoverArea::Private::setHovered(bool value)
     Q_EMIT q->hoveredChanged(value);
 }
 
-/// The item tree is still changing: whoever hears of the leaving could do harm to it, or destroy
-/// the area under its hands.
+/// Queued: Qt Quick is still changing the item tree, and a handler of hoveredChanged() that changes
+/// it too or destroys the area would leave Qt with a freed item.
 void HoverArea::Private::leaveLater()
 {
     if (leaving) {
@@ -59,8 +59,8 @@ HoverArea::HoverArea(QQuickItem *parent)
 
 HoverArea::~HoverArea()
 {
-    // Leaving the tree runs handlers, which may ask for what is in the record: it must not be left
-    // to the base class, which goes when the record is gone.
+    // Leaving the item tree runs handlers, which may read properties that the record holds: done
+    // here, as the base class's destructor does it after the record is destroyed.
     setParentItem(nullptr);
 }
 
@@ -69,8 +69,8 @@ bool HoverArea::isHovered() const
     return d->hovered;
 }
 
-// Neither handler calls the base: what becomes of the event is decided here, by leaving it as it
-// is.
+// Neither handler calls the base class, which would ignore the event: it stays as accepted or
+// ignored as it was delivered.
 
 void HoverArea::hoverEnterEvent(QHoverEvent *event)
 {
@@ -86,7 +86,7 @@ void HoverArea::hoverLeaveEvent(QHoverEvent *event)
     d->setHovered(false);
 }
 
-/// A window forgets an item that goes, and does not tell it that the pointer has left.
+/// A window that loses a hovered item sends it no hover-leave event: hovered is cleared here.
 void HoverArea::itemChange(ItemChange change, const ItemChangeData &value)
 {
     if (change == ItemSceneChange && d->hovered) {

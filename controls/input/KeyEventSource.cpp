@@ -30,8 +30,8 @@ KeyEventSource::KeyEventSource(QQuickItem *parent)
 
 KeyEventSource::~KeyEventSource()
 {
-    // Leaving the tree runs handlers, which may ask for what is in the record: it must not be left
-    // to the base class, which goes when the record is gone.
+    // Leaving the item tree runs handlers, which may read properties that the record holds: done
+    // here, as the base class's destructor does it after the record is destroyed.
     setParentItem(nullptr);
 }
 
@@ -51,7 +51,7 @@ void KeyEventSource::setTarget(QQuickItem *target)
 
 void KeyEventSource::triggerKeyEvent(Qt::Key key, const QString &text)
 {
-    // Strokes only ever go to the focus item; a target switches the source off.
+    // Strokes go to the focus item only, never to the target: with a target none is sent.
     if (d->target || !window()) {
         return;
     }
@@ -60,7 +60,7 @@ void KeyEventSource::triggerKeyEvent(Qt::Key key, const QString &text)
         return;
     }
 
-    // From here on whoever handles the focus or the keys may destroy the item, or the source.
+    // Handlers of the focus and of the keys may destroy the item or the source from here on.
     if (!item->hasActiveFocus()) {
         item->forceActiveFocus();
     }

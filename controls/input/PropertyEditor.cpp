@@ -34,7 +34,7 @@ public:
     bool editing = false;
     QPointer<data::Document> document;
     QString property;
-    /// The window that is watched, which need not be the editor's window any more.
+    /// The window that the filter is installed on; the editor may have left it since.
     QPointer<QQuickWindow> watchedWindow;
 };
 
@@ -88,7 +88,7 @@ void PropertyEditor::Private::mousePressed(const QMouseEvent *event)
     if (!editing) {
         return;
     }
-    // The editor's shape is the application's code, which may destroy the editor.
+    // contains() may call the application's containmentMask, which may destroy the editor.
     const QPointer<PropertyEditor> self(q);
     if (!q->contains(q->mapFromScene(event->windowPos())) && self) {
         q->setFocus(false);
@@ -106,11 +106,11 @@ PropertyEditor::PropertyEditor(QQuickItem *parent)
 
 PropertyEditor::~PropertyEditor()
 {
-    // The end of an editor is no end of editing.
+    // Destruction takes the focus away, but endEdit() must not be emitted for it.
     disconnect(this, &QQuickItem::activeFocusChanged, this, &PropertyEditor::handleFocusChange);
     d->unwatch();
-    // Leaving the tree runs handlers, which may ask for what is in the record: it must not be left
-    // to the base class, which goes when the record is gone.
+    // Leaving the item tree runs handlers, which may read properties that the record holds: done
+    // here, as the base class's destructor does it after the record is destroyed.
     setParentItem(nullptr);
 }
 
@@ -156,7 +156,7 @@ void PropertyEditor::setLineHeight(QQuickTextDocument *textDocument, double heig
         QTextBlockFormat format = block.blockFormat();
         format.setLineHeight(static_cast<int>(percent), QTextBlockFormat::ProportionalHeight);
         QTextCursor(block).setBlockFormat(format);
-        // The document tells of each change, and whoever listens may destroy it.
+        // Each change of the document emits signals, whose receivers may destroy it.
         if (!document) {
             return;
         }
@@ -177,7 +177,7 @@ bool PropertyEditor::eventFilter(QObject *watched, QEvent *event)
     default:
         break;
     }
-    // Every event goes on to whom it was meant for.
+    // No event is consumed.
     return false;
 }
 
@@ -195,8 +195,8 @@ void PropertyEditor::handleFocusChange(bool focus)
         return;
     }
     d->unwatch();
-    // Without a window the editor counts as editing still, so that gaining focus again is no second
-    // beginning.
+    // An editor that loses focus by leaving its window stays in editing: with the focus in the next
+    // window beginEdit() is not emitted a second time.
     if (window()) {
         d->editing = false;
     }

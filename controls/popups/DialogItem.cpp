@@ -37,15 +37,15 @@ public:
     /// Among the open dialogs. Differs from open only while openChanged() or zChanged() is being
     /// emitted.
     bool counted = false;
-    /// Counts the changes of open: one that a handler makes leaves nothing to be done by the change
-    /// that the handler was told of.
+    /// Counts the changes of open: a change whose signal's handler has changed open again does not
+    /// go on with its own remaining steps.
     int changes = 0;
     bool dying = false;
     QList<QPointer<QQuickItem>> disabledSiblings;
 };
 
-// Signals, and siblings that are disabled or enabled, run the application's code, which may destroy
-// the dialog, or open or close it once more: what comes after them looks at the state anew.
+// Signals, and setEnabled() of siblings, run the application's code, which may destroy the dialog,
+// or open or close it again: code after them checks the guard and the number of changes.
 
 void DialogItem::Private::setOpen(bool value)
 {
@@ -59,7 +59,7 @@ void DialogItem::Private::setOpen(bool value)
     if (!self || changes != change) {
         return;
     }
-    // Opened again by a handler of its own closing, the dialog is still counted.
+    // Counted: the dialog is closing, or a handler of its closing has opened it again.
     if (counted) {
         giveBack();
     }
@@ -109,8 +109,8 @@ void DialogItem::Private::giveBack()
     enableSiblings();
 }
 
-/// Looks at the list, not at modal, which may have been changed since the dialog opened. A sibling
-/// may destroy the dialog: its destructor then goes on with the list.
+/// Enables the items of the list whatever modal is now: it may have changed since the opening. If
+/// a sibling's handler destroys the dialog, its destructor enables the rest of the list.
 void DialogItem::Private::enableSiblings()
 {
     const QPointer<DialogItem> self(q);
@@ -134,8 +134,8 @@ DialogItem::DialogItem(QQuickItem *parent)
 DialogItem::~DialogItem()
 {
     d->dying = true;
-    // Leaving the tree runs handlers, which may ask for what is in the record: it must not be left
-    // to the base class, which goes when the record is gone.
+    // Leaving the item tree runs handlers, which may read properties that the record holds: done
+    // here, as the base class's destructor does it after the record is destroyed.
     setParentItem(nullptr);
     if (d->counted) {
         d->giveBack();
@@ -210,8 +210,8 @@ void DialogItem::show()
 {
     const QPointer<DialogItem> self(this);
     setEnabled(true);
-    // forceActiveFocus() begins with this, and would go on with a dialog that a handler of the
-    // focus has destroyed.
+    // forceActiveFocus() would begin with this call and then use the dialog, which a handler of the
+    // focus may have destroyed.
     if (self) {
         setFocus(true);
     }
@@ -221,15 +221,15 @@ void DialogItem::show()
     if (self) {
         d->setOpen(true);
     }
-    // Also of a dialog that a handler has closed by now: open tells that.
+    // Also when a handler has closed the dialog meanwhile; open is false then.
     if (self) {
         Q_EMIT opened();
     }
 }
 
-/// Keeps the change to itself: the base class is not asked, so that the dialog, which moves on to
-/// the content item, does not emit windowChanged(). The move waits for the event loop: the item
-/// tree is still changing.
+/// Does not call the base class, so that the dialog emits no windowChanged() on its way to the
+/// content item. The move is queued: Qt Quick is still changing the item tree when it calls
+/// this.
 void DialogItem::itemChange(ItemChange change, const ItemChangeData &)
 {
     if (change == ItemSceneChange) {

@@ -11,7 +11,7 @@ namespace {
 
 int hueOf(const QColor &color)
 {
-    // A grey has no hue, which reads as -1; a hue made of the real number 1 reads as 360.
+    // hsvHue() is -1 for a grey, and 360 for a hue that was set as the real number 1.
     return qBound(0, color.hsvHue(), 359);
 }
 
@@ -46,9 +46,9 @@ public:
     QString hex;
 };
 
-/// Each view is read from the colour when its turn comes: a signal before it may have brought a
-/// new colour, whose views must not be overwritten with those of the old one. Returns false when a
-/// signal's handler has deleted the mapper.
+/// Each view is computed right before it is stored: a handler of an earlier view's signal may have
+/// set another colour, whose views must not be overwritten with those of the old colour. Returns
+/// false when a handler has deleted the mapper.
 bool ColorMapper::Private::deriveViews()
 {
     struct Number

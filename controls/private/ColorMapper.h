@@ -19,9 +19,9 @@ namespace om::controls {
 class ColorMapper : public QObject
 {
     Q_OBJECT
-    /// 0 to 359. A grey keeps the hue it was given until the colour comes by another way than its
-    /// hue, saturation or value: a component of RGB, the alpha, the text, or updateColor() with a
-    /// colour that is not HSV. Then it is 0.
+    /// 0 to 359. A grey keeps the hue that it was given while only hue, saturation and value are
+    /// updated. An update of a component of RGB, of the alpha or of the text, and updateColor()
+    /// with a colour that is not HSV, make it 0.
     Q_PROPERTY(int hue READ hue NOTIFY hueChanged)
     /// 0 to 255, as all that follow.
     Q_PROPERTY(int saturation READ saturation NOTIFY saturationChanged)

@@ -48,7 +48,7 @@ void HueBox::setHue(int hue)
         return;
     }
     d->hue = clamped;
-    // A handler still sees the slider at the old place, and it may delete the box.
+    // The slider moves after the signal, whose handler may delete the box.
     const QPointer<HueBox> box(this);
     Q_EMIT hueChanged();
     if (!box) {
@@ -75,7 +75,7 @@ void HueBox::setSliderDelegate(QQmlComponent *delegate)
         return;
     }
     if (d->slider.create(delegate, "Slider delegate must be a quick item")) {
-        // There it stays until the hue changes.
+        // It stays there until the hue changes: a new width of the box does not move it.
         d->slider.placeByHue(d->hue);
     }
 }
@@ -104,7 +104,7 @@ void HueBox::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometr
 {
     update();
     const QPointer<HueBox> box(this);
-    // Its x stays where it is until the hue changes.
+    // Only y: x is set when the hue changes.
     if (QQuickItem *slider = d->slider.item()) {
         slider->setY(height() * 0.5);
     }

@@ -26,7 +26,7 @@ QQuickItem *Marker::item() const
 
 bool Marker::take(QQmlComponent *delegate)
 {
-    // A component that was destroyed reads null but has left its item: null takes that away.
+    // A destroyed component reads null while its item lives on: setting null then removes the item.
     const bool orphaned = !m_delegate && m_item;
     if (m_delegate == delegate && !orphaned) {
         return false;
@@ -42,7 +42,7 @@ bool Marker::take(QQmlComponent *delegate)
 bool Marker::create(QQmlComponent *delegate, const char *warning)
 {
     if (!delegate || m_delegate != delegate || m_item) {
-        // A handler of the announcement has set another one, or this one again, which has its item.
+        // A handler of the change has set another component, or this one, and its item was made.
         return false;
     }
     const QPointer<QQuickItem> box(m_box);
@@ -54,7 +54,7 @@ bool Marker::create(QQmlComponent *delegate, const char *warning)
         return false;
     }
     if (!box || m_delegate != delegate) {
-        // What the component ran while it was completed has deleted the box or set another one.
+        // Code that ran as the item was completed has deleted the box or set another component.
         item->deleteLater();
         return false;
     }

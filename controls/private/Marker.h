@@ -12,8 +12,8 @@ namespace om::controls {
 /// The marker of one of a colour picker's boxes, made from the component that the application
 /// gives. The box owns the item; it may be destroyed by others at any time.
 ///
-/// A box that gets another component calls take(), announces the change, and calls create(). What
-/// both run of the application may delete the box, and the marker's record with it.
+/// A box that gets another component calls take(), emits the change, and calls create(). The signal
+/// and create() run the application's code, which may delete the box and this object with it.
 class Marker
 {
 public:
@@ -33,8 +33,8 @@ public:
     /// makes is not an item. Returns true when the box is still there and has got the item.
     bool create(QQmlComponent *delegate, const char *warning);
 
-    /// Puts the item \a hue times the width of the box to the right: the hue itself, not its part
-    /// of 359, so the place is outside for any hue but 0. There has to be an item.
+    /// Sets the item's x to \a hue times the width of the box. The hue is not divided by 359, so x
+    /// lies outside the box for any hue but 0. There has to be an item.
     void placeByHue(int hue);
 
 private:

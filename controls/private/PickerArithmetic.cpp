@@ -9,7 +9,7 @@ namespace om::controls {
 
 namespace {
 
-/// 0 to 1, whatever the arguments are: only such a number is safe to be made an integer.
+/// A number from 0 to 1 for any arguments: converting a larger one or NaN to int is undefined.
 double fraction(double place, double extent)
 {
     const double quotient = place / extent;

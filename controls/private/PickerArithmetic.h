@@ -5,9 +5,9 @@
 
 namespace om::controls {
 
-/// From places in the two boxes of a colour picker to components. Places outside a box give the end
-/// that they lie beyond; a place that is no number, or that no extent can be divided into, gives
-/// the start.
+/// Converts places in the two boxes of a colour picker to components. A place outside a box gives
+/// the end that it lies beyond; a place that is NaN, and any place in a box of the extent 0 or NaN,
+/// gives the start.
 
 /// The hue (0 to 359) at \a x, of which the whole pixels count, in a strip of \a width.
 int hueAt(double x, double width);

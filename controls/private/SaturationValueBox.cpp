@@ -30,8 +30,8 @@ public:
     Marker crossHair;
 };
 
-/// The item announces both coordinates. A handler of the first may change what the second depends
-/// on, or delete the item or the box: callers that go on from here hold a guard, too.
+/// The item emits a signal for each coordinate. A handler of xChanged() may change what y depends
+/// on, or delete the item or the box: callers with further steps hold a guard as well.
 void SaturationValueBox::Private::placeCrossHair()
 {
     const QPointer<SaturationValueBox> box(q);
@@ -84,7 +84,7 @@ void SaturationValueBox::setSaturation(int saturation)
         return;
     }
     d->saturation = clamped;
-    // A handler still sees the cross-hair at the old place, and it may delete the box.
+    // The cross-hair moves after the signal, whose handler may delete the box.
     const QPointer<SaturationValueBox> box(this);
     Q_EMIT saturationChanged();
     if (box) {
@@ -104,7 +104,7 @@ void SaturationValueBox::setValue(int value)
         return;
     }
     d->value = clamped;
-    // As with the saturation.
+    // As in setSaturation().
     const QPointer<SaturationValueBox> box(this);
     Q_EMIT valueChanged();
     if (box) {
@@ -128,7 +128,7 @@ void SaturationValueBox::setCrossHairDelegate(QQmlComponent *delegate)
         return;
     }
     if (d->crossHair.create(delegate, "Crosshair delegate must be a quick item")) {
-        // First where a slider would be: the item sees both places.
+        // Placed as a HueBox places its slider first: handlers of the coordinates see both places.
         d->crossHair.placeByHue(d->hue);
         if (box) {
             d->placeCrossHair();

@@ -18,9 +18,9 @@ public:
     CheckerBoxNode();
 
     void setSize(double width, double height);
-    /// Draws squares of \a size pixels from now on. The material is not marked dirty: its shader
-    /// reads all of its state whenever it draws. The node has to be marked, or the renderer drops
-    /// the frame, and a layer is not rendered again.
+    /// Sets the squares to \a size pixels. The material is not marked dirty, as its shader uploads
+    /// its whole state at each draw. The node is marked: without any mark the renderer drops the
+    /// frame, and a layer is not rendered again.
     void setSquares(int size, const QColor &light, const QColor &dark);
 
 private:

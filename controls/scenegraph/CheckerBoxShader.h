@@ -17,8 +17,8 @@ class CheckerBoxShader : public QSGSimpleMaterialShader<CheckerParams>
 public:
     QList<QByteArray> attributes() const override;
     void resolveUniforms() override;
-    /// Sets all uniforms, whatever changed: that is how a new size or colour gets to the screen
-    /// without the material being marked dirty.
+    /// Uploads all uniforms at each draw, so that a new size or colour is drawn although the
+    /// material is not marked dirty.
     void updateState(const CheckerParams *state, const CheckerParams *oldState) override;
 
 protected:

@@ -15,8 +15,8 @@ class DashedGeometryNode : public QSGGeometryNode
 public:
     DashedGeometryNode();
 
-    /// Draws in \a color from now on. Each call brings a new material, and the old one is deleted:
-    /// that is how the colour gets to the render thread.
+    /// Sets the colour. Each call makes a new material, which hands the colour to the render
+    /// thread, and deletes the old one.
     void setColor(const QColor &color);
     void setSize(double width, double height);
 };

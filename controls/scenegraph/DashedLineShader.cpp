@@ -15,8 +15,8 @@ QList<QByteArray> DashedLineShader::attributes() const
 
 void DashedLineShader::updateState(const DashedLine *state, const DashedLine *)
 {
-    // An invalid colour would be handed over as opaque black; a line without a colour shows
-    // nothing.
+    // setUniformValue() uploads an invalid QColor as opaque black; without a colour nothing is to
+    // be seen.
     program()->setUniformValue("om_Color",
                                state->color.isValid() ? state->color : QColor(Qt::transparent));
 }

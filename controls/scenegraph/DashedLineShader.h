@@ -9,8 +9,8 @@
 
 namespace om::controls {
 
-/// Draws lines of one colour with dashes cut by the fragment's place in the window: of each ten
-/// pixels, counted as x + y, seven are drawn (0 to 6, both included) and three left out.
+/// Draws lines of one colour, dashed by the place of each fragment in the window: fragments are
+/// drawn where (x + y) modulo 10 is 0 to 6 and left out where it is 7 to 9.
 class DashedLineShader : public QSGSimpleMaterialShader<DashedLine>
 {
     QSG_DECLARE_SIMPLE_SHADER(DashedLineShader, DashedLine)

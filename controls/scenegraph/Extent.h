@@ -8,11 +8,11 @@
 
 namespace om::controls {
 
-/// An extent as a vertex coordinate. One that is no number, or is larger than a coordinate can be,
-/// collapses to 0: such an item draws nothing instead of whatever the rasteriser makes of it.
+/// An extent as a vertex coordinate. NaN and extents beyond the range of float become 0: such an
+/// item draws nothing, while a rasteriser's result for such vertices is undefined.
 inline float vertexCoordinate(double extent)
 {
-    // Not true of what is no number, either.
+    // False for NaN as well.
     const bool fits = std::fabs(extent) <= double(std::numeric_limits<float>::max());
     return fits ? static_cast<float>(extent) : 0.0f;
 }

@@ -31,7 +31,7 @@ QRCodeNode::QRCodeNode()
 
 QRCodeNode::~QRCodeNode()
 {
-    // Nodes go where textures may go: on the render thread, with its context.
+    // Nodes are destroyed on the render thread with its context current, as textures have to be.
     delete m_material->state()->texture;
 }
 

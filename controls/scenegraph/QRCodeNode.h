@@ -30,7 +30,7 @@ public:
     void setRect(const QRectF &target, const QRectF &source);
     void setDark(const QColor &color);
     void setLight(const QColor &color);
-    /// Takes \a texture over; the one before is deleted once the event loop runs.
+    /// Takes \a texture over and deletes the present one with deleteLater().
     void setTexture(QSGTexture *texture);
     void setRadius(float radius);
 

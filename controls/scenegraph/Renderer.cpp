@@ -13,7 +13,7 @@ namespace om::controls {
 
 namespace {
 
-/// Once: each item asks at each of its updates, and windows may do so on threads of their own.
+/// Warns once a process: each item calls this at each update, from the render thread of its window.
 void warnOnce(bool drawsGeometry)
 {
     static std::atomic_flag warned = ATOMIC_FLAG_INIT;
@@ -23,8 +23,8 @@ void warnOnce(bool drawsGeometry)
     const char *types = drawsGeometry
         ? "CheckerBox, DashedBorder and QRCode"
         : "CheckerBox, DashedBorder, Frame, HueBox, QRCode and SaturationValueBox";
-    // A backend that is a plugin has a name. Qt's own two ways to draw geometry have none; here it
-    // is the one that is not OpenGL.
+    // sceneGraphBackend() names backends that are plugins. It is empty for Qt's own OpenGL and RHI
+    // renderers, of which only the RHI one gets here.
     const QString backend = QQuickWindow::sceneGraphBackend();
     qWarning("%s are not drawn by the renderer \"%s\": see docs/renderers.md", types,
              backend.isEmpty() ? "rhi" : qPrintable(backend));
@@ -39,7 +39,7 @@ bool isDrawn(const QQuickWindow *window, NodeKind kind)
     }
     const auto api = window->rendererInterface()->graphicsApi();
     const bool drawsGeometry = api != QSGRendererInterface::Software;
-    // Whatever else there is draws Qt's materials with shaders that were compiled beforehand.
+    // The other renderers draw materials of Qt only, whose shaders were compiled in advance.
     const bool drawsShaders = api == QSGRendererInterface::OpenGL;
     const bool drawn = kind == NodeKind::Shader ? drawsShaders : drawsGeometry;
     if (!drawn) {

@@ -16,8 +16,8 @@ enum class NodeKind {
 /// True when the renderer of \a window draws nodes of this \a kind. Without a window nothing
 /// renders, and the node may be made.
 ///
-/// The first time in the process that it is false, a warning names the renderer, the types that it
-/// does not draw, and the page about renderers. To be called while the scene graph synchronises.
+/// The first time that the result is false, a warning names the renderer, the types that it does
+/// not draw, and the page about renderers. Call it while the scene graph synchronises.
 bool isDrawn(const QQuickWindow *window, NodeKind kind);
 
 } // namespace om::controls

@@ -7,10 +7,10 @@
 
 namespace om::controls {
 
-/// Whether \a element, which an append function of a QQmlListProperty<T> was given, really is a T.
+/// Whether \a element, the argument of an append function of a QQmlListProperty<T>, is a T.
 ///
-/// What a script pushes into a list property arrives unchecked: a null pointer, or any QObject
-/// under T's name. Reading it as a T would be undefined.
+/// The engine does not check what a script pushes into a list property: \a element may be null or
+/// point to any QObject. Using that as a T would be undefined.
 template<typename T>
 bool isListElement(T *element)
 {

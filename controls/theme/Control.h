@@ -7,8 +7,8 @@
 
 namespace om::controls {
 
-/// The singleton that tells controls which side of an item something sits on, and which font family
-/// to ask for instead of a font weight: the application's fonts come as a family per weight.
+/// The singleton that names the sides of an item and the font family for a font weight: the
+/// application's fonts are installed as one family per weight.
 class Control : public QObject
 {
     Q_OBJECT

@@ -128,7 +128,7 @@ int UI::fontWeight(Font font) const
 QColor UI::color(Color color, double alpha) const
 {
     QColor result;
-    // Compared unsigned: negative values are out of range too.
+    // As unsigned, a negative value becomes a large one, so one comparison finds both.
     const auto index = static_cast<unsigned>(color);
     if (index < std::size(palette)) {
         result.setNamedColor(QLatin1String(palette[index]));

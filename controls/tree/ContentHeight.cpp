@@ -65,7 +65,7 @@ void ContentHeight::update()
     m_content->setHeight(bottom > top ? bottom - top : 0);
 }
 
-/// A child that arrives is the last one of the list.
+/// A new child is the last of childItems().
 void ContentHeight::childrenChanged()
 {
     const QList<QQuickItem *> children = m_content->childItems();

@@ -19,23 +19,23 @@ class TreeRows;
 
 /// Keeps a view's content item as high as the rectangle that encloses its children.
 ///
-/// That is childrenRect.height, from few children: the rows stand below one another, so that only
-/// the first and the last of them can be at the rectangle's edge. The other children, which the
-/// application has put there, are all looked at. Asked for childrenRect once, the content item
-/// would look at all of its children at every change of any of them, for good: ten thousand rows
-/// would take seconds to follow a new width.
+/// The result is childrenRect.height, computed from few children: rows lie below one another, so
+/// only the first and the last of them can touch the rectangle's edge. Children that the
+/// application has added are all read. childrenRect itself is not used: once it has been read,
+/// QQuickItem scans all children whenever one of them changes, and ten thousand rows would take
+/// seconds to follow a new width.
 class ContentHeight : public QObject
 {
 public:
     /// \a rows outlive the object.
     ContentHeight(QQuickItem *content, const TreeRows *rows);
 
-    /// What changes from here on counts when the last resume() has been called.
+    /// Defers updates until resume() has been called once for each pause().
     void pause();
-    /// Follows the rows that there are now. The content item announces its new height: the view may
-    /// be gone afterwards.
+    /// Ends a pause and follows the present rows. The height's change signal runs the application's
+    /// code: the view may be destroyed when the call returns.
     void resume();
-    /// Looks at all children again, unless there is a pause. The view may be gone afterwards.
+    /// Computes the height, unless paused. The view may be destroyed when the call returns.
     void update();
 
 private:

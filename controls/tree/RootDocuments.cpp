@@ -68,8 +68,8 @@ void RootDocuments::forget(Document *document)
     m_left();
 }
 
-/// Not at once: to look for each destroyed document among all would make the end of many roots
-/// quadratic. Whoever reads or changes the list next removes all in one pass.
+/// Called by each function that reads or changes the list, not by forget(): a search of the list
+/// for each destroyed document would make destroying n roots quadratic.
 void RootDocuments::removeDestroyed() const
 {
     if (m_destroyed.isEmpty()) {

@@ -40,7 +40,7 @@ private:
 
     const std::function<void()> m_left;
     mutable std::vector<om::data::Document *> m_documents;
-    /// Those of m_documents that are destroyed, by their former addresses.
+    /// The addresses in m_documents whose documents are destroyed.
     mutable QSet<om::data::Document *> m_destroyed;
     QHash<om::data::Document *, QMetaObject::Connection> m_watches;
 };

@@ -43,7 +43,7 @@ struct RowItemAccess::Numbers
         measureMarker = function("measureMarker()");
         layoutRequired =
             QQmlProperty(row, QStringLiteral("onLayoutRequired")).method().methodIndex();
-        // Anchors and their lines are private types of Qt Quick.
+        // Anchors and anchor lines are private types of Qt Quick, used as properties here.
         anchors = property("anchors");
         bottom = property("bottom");
         lineType = type->property(bottom).userType();
@@ -223,7 +223,7 @@ void RowItemAccess::followMarkerChildren(QQuickItem *handle)
     QQuickItem *marker = collapseMarker();
     const auto measure = [row = m_item, marker] {
         QObject::disconnect(marker, &QQuickItem::childrenChanged, row, nullptr);
-        // Read before it is bound: the first time, the rectangle is announced as it is read.
+        // Read before it is bound: the first read computes the rectangle and emits its change.
         marker->childrenRect();
         call(row, RowItemAccess(row).m_numbers.measureMarker);
     };

@@ -12,12 +12,12 @@ QT_END_NAMESPACE
 
 namespace om::controls {
 
-/// Reaches into a row item, an object made from TreeViewItem.qml: its QML properties and functions
-/// by number.
+/// Reads and writes the QML properties of a row item, an object made from TreeViewItem.qml, and
+/// calls its functions, all by their index in the meta-object.
 ///
-/// Looking properties up by name, as QQmlProperty and even QMetaObject do, would take up to half of
-/// the time in which thousands of rows are made and moved. All rows are of one file, so that the
-/// numbers of its properties are looked up once, in the first row, and hold for all.
+/// Looking properties up by name, with QQmlProperty or QMetaObject, would take up to half of the
+/// time that thousands of rows take to be made and moved. All rows are made from one file, so the
+/// indices are looked up once, in the first row.
 class RowItemAccess
 {
 public:
@@ -27,7 +27,7 @@ public:
     /// Whether \a item is of the rows' file.
     static bool fits(QQuickItem *item);
 
-    /// Whether the row leaves it to the entry to populate it.
+    /// Whether the entry populates the row, and the row's own populate() does nothing.
     void setAwaitsEntry(bool awaits);
     void setChildCount(int count);
     void setTreeParent(QQuickItem *parentRow);
@@ -45,16 +45,16 @@ public:
     void setBranchHandleItem(QQuickItem *item);
     /// Where the branch handle goes.
     QQuickItem *collapseMarker() const;
-    /// Makes the handle of a view that has none of its own. As what delegates make, it belongs to
-    /// the QML engine, and it goes with the marker.
+    /// Makes the default branch handle. It belongs to the QML engine, as objects made from
+    /// delegates do, and is destroyed with the marker at the latest.
     QQuickItem *makeDefaultBranchHandle();
     /// Keeps the marker as large as the rectangle of its children, of which \a handle is the only
     /// one to begin with; null when there is none.
     void followMarkerChildren(QQuickItem *handle);
-    /// Puts the press area above everything made so far: it sees each press first.
+    /// Stacks the press area above the row's other children: it gets each press first.
     void raisePressArea();
-    /// Has the background \a item fill the row, below everything else. Here and in the next, the
-    /// application may answer by destroying the row.
+    /// Has the background \a item fill the row, below everything else. This and placeDelegate()
+    /// emit signals whose handlers may destroy the row.
     void placeBackground(QQuickItem *item);
     /// Gives the delegate \a item the place right of the marker.
     void placeDelegate(QQuickItem *item);

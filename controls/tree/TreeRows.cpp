@@ -21,8 +21,9 @@ using om::data::Document;
 
 namespace om::controls {
 
-/// Levels that get rows. The rows of a chain depend on one another through bindings, which takes
-/// stack; and documents that contain themselves have to end somewhere.
+/// The levels that get rows. A row's bindings read its parent row's, so a change at the root
+/// recurses once a level on the stack; and documents that contain themselves would have endless
+/// levels.
 static const int maximumLevels = 1024;
 
 TreeRows::TreeRows(QQuickItem *view, TreeViewEntryHost *host)
@@ -45,7 +46,7 @@ void TreeRows::destroy()
     if (!entries.empty()) {
         m_retired.push_back({std::move(entries), true});
     }
-    // One at a time: what the end of a row calls may have others deleted.
+    // The list is read anew after each deletion: handlers of a row's end may delete other entries.
     while (!m_retired.empty()) {
         TreeViewEntry *entry = m_retired.front().entries.back();
         QCoreApplication::removePostedEvents(entry, QEvent::DeferredDelete);
@@ -107,7 +108,7 @@ void TreeRows::retire()
     }
 }
 
-/// With a list of its own instead of the stack.
+/// Walks depth first with a list instead of recursion: documents may be nested 1024 levels deep.
 bool TreeRows::add(Document *root, QQuickItem *content,
                    const std::function<bool(const QString &)> &collapsed)
 {
@@ -151,7 +152,7 @@ bool TreeRows::add(Document *root, QQuickItem *content,
             adding = nullptr;
         }
         Level &top = path.back();
-        // The count is asked for anew each time: making a row may have changed the list.
+        // The count is read for each child: making a row runs code that may change the list.
         QObject *element = nullptr;
         const bool more = top.document && top.next < top.children.count();
         if (more) {
@@ -177,7 +178,7 @@ bool TreeRows::add(Document *root, QQuickItem *content,
             tooDeep = true;
             continue;
         }
-        // Documents that contain themselves more than once would fill all levels again and again.
+        // A document that contains itself twice would otherwise get 2 to the power of 1024 rows.
         if (tooDeep && std::any_of(path.cbegin(), path.cend(), [child](const Level &above) {
                 return above.document == child;
             })) {
@@ -213,9 +214,9 @@ void TreeRows::layOut()
     }
 }
 
-/// Rows hang on one another by their anchors, so that each row that hides would move all rows below
-/// it, thousands of times over. The rows from here to the first one after the subtree let go, hide
-/// or show by themselves, and are put together again from the top.
+/// Each row is anchored to its predecessor, so each row that hides would move all rows below it:
+/// quadratic in the rows. The rows from here to the first one after the subtree are released from
+/// their top anchors, hide or show, and are anchored again from the top down.
 bool TreeRows::hideOrShow(TreeViewEntry *entry, const std::function<void()> &change)
 {
     const QPointer<QQuickItem> alive(m_view);
@@ -237,7 +238,7 @@ bool TreeRows::hideOrShow(TreeViewEntry *entry, const std::function<void()> &cha
     const int build = m_build;
     const int count = m_entries.size();
     change();
-    // An entry that a handler has destroyed leaves the list, and those after it move up.
+    // Entries that handlers have destroyed left the list, and the entries after them moved up.
     const int gone = alive ? count - m_entries.size() : 0;
     for (int i = qMax(0, first - gone); alive && m_build == build && i < end - gone; ++i) {
         if (QQuickItem *item = m_entries.at(i)->item()) {
@@ -250,7 +251,7 @@ bool TreeRows::hideOrShow(TreeViewEntry *entry, const std::function<void()> &cha
 void TreeRows::entryEnds(TreeViewEntry *entry)
 {
     for (auto retired = m_retired.begin(); retired != m_retired.end(); ++retired) {
-        // They go from the last to the first.
+        // Searched from the end, as entries are deleted from the last to the first.
         const auto place = std::find(retired->entries.rbegin(), retired->entries.rend(), entry);
         if (place == retired->entries.rend()) {
             continue;
@@ -268,13 +269,13 @@ void TreeRows::entryEnds(TreeViewEntry *entry)
     m_entries.removeOne(entry);
 }
 
-/// Takes all entries of a build and their items from their parents, with the first of them that
-/// goes. They go from the last to the first, and each that was still a child then would be searched
-/// for among all children of its parent, from the first on: quadratic. In row order, each is found
-/// at once.
+/// Takes all entries of a build and their items from their parents when the first of them is
+/// destroyed. Entries are deleted from the last to the first, and QObject and QQuickItem search the
+/// parent's list of children from its beginning for each: quadratic. Taken in row order, each is
+/// the first of the list.
 ///
-/// But without their parent rows hidden rows would show themselves if their bindings still lived:
-/// the contexts go before, from the last row to the first.
+/// The contexts are destroyed before, from the last row to the first: a hidden row whose parent row
+/// is gone would show itself if its bindings still were evaluated.
 void TreeRows::detach(const std::vector<TreeViewEntry *> &entries)
 {
     const std::vector<QPointer<TreeViewEntry>> rows(entries.cbegin(), entries.cend());

@@ -51,7 +51,7 @@ public:
     /// view has been destroyed.
     bool add(om::data::Document *root, QQuickItem *content,
              const std::function<bool(const QString &)> &collapsed);
-    /// Tells each row which one is before it. False when the view has been destroyed.
+    /// Writes each row's predecessor. False when the view has been destroyed.
     bool setPredecessors();
     /// Has each row anchor itself below its predecessor.
     void layOut();
@@ -64,7 +64,7 @@ public:
     /// The items of the first and the last row, null without rows.
     QQuickItem *firstItem() const;
     QQuickItem *lastItem() const;
-    /// Those of the rows and of the retired rows that are still there.
+    /// The first and last items of the rows, and of each earlier build whose rows still exist.
     std::vector<QQuickItem *> endItems() const;
 
 private:
@@ -72,7 +72,7 @@ private:
     struct Retired
     {
         std::vector<TreeViewEntry *> entries;
-        /// They are children of the view still, and their items of the content item.
+        /// The entries are still children of the view, and their items of the content item.
         bool attached;
     };
 
@@ -82,11 +82,11 @@ private:
     QQuickItem *const m_view;
     TreeViewEntryHost *const m_host;
     QList<TreeViewEntry *> m_entries;
-    /// The one whose row is being made; in no list yet.
+    /// The entry whose row is being made; in no list yet.
     TreeViewEntry *m_making = nullptr;
     QSet<om::data::Document *> m_documents;
     std::vector<Retired> m_retired;
-    /// Counts the builds, so that whoever runs the application's code sees that there was one.
+    /// Counts the builds: loops that run the application's code end when it has caused one.
     int m_build = 0;
     bool m_warnedOfDepth = false;
 };

@@ -43,7 +43,7 @@ Text {
 }
 )";
 
-/// The format is given: to find it, Qt would load all image plugins, one after the other.
+/// With the format given, QImageReader loads the plugin of that format only, not all of them.
 static bool svgIsReadable()
 {
     static const bool readable = [] {
@@ -54,7 +54,7 @@ static bool svgIsReadable()
     return readable;
 }
 
-/// The state of the view, and what its entries see of it.
+/// The state of the view, and the host of its entries.
 class TreeView::Private final : public TreeViewEntryHost
 {
 public:
@@ -93,11 +93,11 @@ public:
     bool rootsCollapse = false;
     int indent = 20;
     int activeIndex = -1;
-    /// Kept for its identity only: the document may be gone, which activeAlive tells.
+    /// Compared, never dereferenced: the document may be destroyed, and activeAlive is null then.
     Document *activeIdentity = nullptr;
     QPointer<Document> activeAlive;
     QString childPropertyText;
-    /// The same as the meta-object has it.
+    /// childProperty in Latin-1, as meta-objects store names.
     QByteArray childPropertyName;
     QPointer<Context> context;
     QPointer<QQmlComponent> contentComponent;
@@ -130,7 +130,7 @@ QQmlComponent *TreeView::Private::component(int type) const
     case BackgroundComponent:
         return backgroundDelegate;
     case BranchHandleComponent:
-        // Without Qt's SVG plugin the default handle cannot be drawn, and every row would warn.
+        // Without Qt's SVG plugin each default handle would fail to load its image, with a warning.
         return branchHandleDelegate ? branchHandleDelegate : plainBranchHandle;
     }
     return nullptr;
@@ -143,7 +143,7 @@ void TreeView::Private::rememberCollapsed(const QString &documentId, bool collap
 
 void TreeView::Private::hideOrShow(TreeViewEntry *entry, const std::function<void()> &change)
 {
-    // The rows hide one by one: their height is announced when all have.
+    // Paused, so that the height changes once and not with each row that hides.
     if (contentHeight) {
         contentHeight->pause();
     }
@@ -191,7 +191,7 @@ void TreeView::Private::createContent()
     }
     item->setParent(q);
     item->setParentItem(q);
-    // The binding to childrenRect.height is replaced before it is evaluated, see ContentHeight.
+    // Removes the file's binding to childrenRect.height before it is evaluated, see ContentHeight.
     QQmlProperty::write(item, QStringLiteral("height"), 0);
     contentComponent->completeCreate();
     contentItem = item;
@@ -248,7 +248,7 @@ void TreeView::Private::rebuild()
     rows.retire();
     if (canMakeRows()) {
         const auto collapsed = [this](const QString &id) { return collapsedById.value(id, false); };
-        // Those that are there now: what a delegate does may change the list.
+        // A copy: delegates may change the list while rows are made.
         const std::vector<QPointer<Document>> documents = roots.snapshot();
         for (const QPointer<Document> &document : documents) {
             if (document && !rows.add(document, contentItem, collapsed)) {
@@ -289,7 +289,7 @@ void TreeView::Private::activate(int index)
     if (!alive) {
         return;
     }
-    // A handler may have made another row active: then its document is the active one already.
+    // Not when a handler has made another row active, which has set that row's document.
     if (activeIndex == index) {
         Document *document = newEntry ? newEntry->document() : nullptr;
         if (document != activeIdentity) {
@@ -298,7 +298,7 @@ void TreeView::Private::activate(int index)
             Q_EMIT q->activeDocumentChanged();
         }
     }
-    // The new one first, so that there is no moment without an active row.
+    // The new entry first: at each emission some row says that it is active.
     if (alive && newEntry) {
         newEntry->announceActive();
     }
@@ -324,12 +324,12 @@ TreeView::TreeView(QQuickItem *parent)
 
 TreeView::~TreeView()
 {
-    // The rows go while the view that their bindings ask is still whole.
+    // The rows are destroyed first, while the view that their bindings read is complete.
     d->destroying = true;
     d->contentHeight.reset();
     d->rows.destroy();
     if (d->rebuilding && d->contentItem) {
-        // Qt Quick may be giving it a child just now, and is not done with it then.
+        // Not deleted here: the view may be destroyed while Qt Quick adds a child to the content.
         d->contentItem->setParentItem(nullptr);
         d->contentItem->setParent(nullptr);
         d->contentItem->deleteLater();
@@ -478,8 +478,9 @@ int TreeView::indexAt(double x, double y)
     return d->contentItem ? d->rows.indexOf(d->contentItem->childAt(x, y)) : -1;
 }
 
-// The guards of the operations below never hold, as no index is negative and beyond the rows at
-// once. Callers rely on what follows from that: there is no check, and the access answers.
+// The guards of the operations below are never true, as no index is both negative and beyond the
+// rows. They are kept, as callers rely on the result: an index outside the rows is looked up, and
+// TreeRows::at() returns null for it.
 
 Document *TreeView::documentAt(int index)
 {
@@ -488,7 +489,7 @@ Document *TreeView::documentAt(int index)
     }
     TreeViewEntry *entry = d->rows.at(index);
     Document *document = entry ? entry->document() : nullptr;
-    // The engine would take over an object without a parent that a method returns.
+    // The engine takes ownership of an object without a parent that a method returns.
     if (document && QQmlEngine::objectOwnership(document) == QQmlEngine::CppOwnership) {
         QQmlEngine::setObjectOwnership(document, QQmlEngine::CppOwnership);
     }
@@ -504,9 +505,9 @@ int TreeView::indexOfParent(int index)
     if (!entry) {
         return -1;
     }
-    // Upward through the row numbers, which callers rely on: for a first child the row before is
-    // its parent, for a later sibling this finds the first row after its subtree on a shallower
-    // level. The rows end the search.
+    // Upward through the row numbers, as callers rely on it: for a first child this finds its
+    // parent, the row before it; for a later sibling the first row after its subtree on a lower
+    // level. The search ends with the rows.
     for (int i = index - 1; i < d->rows.count(); ++i) {
         TreeViewEntry *other = d->rows.at(i);
         if (other && other->level() < entry->level()) {
@@ -580,7 +581,7 @@ void TreeView::componentComplete()
 
 void TreeView::keyPressEvent(QKeyEvent *event)
 {
-    // No key is passed on: the view counts every one as handled.
+    // No key event is ignored: every key that reaches the view counts as handled.
     if (event->key() == Qt::Key_F2) {
         Q_EMIT editRequested();
     }
@@ -598,7 +599,7 @@ void TreeView::scheduleUpdate()
 void TreeView::performScheduledUpdate()
 {
     if (!d->componentComplete) {
-        // Created in the background: there is nothing yet to put rows into.
+        // An asynchronous Loader completes the view later: there is no content item yet.
         d->updateDeferred = true;
         return;
     }
@@ -609,8 +610,8 @@ void TreeView::performScheduledUpdate()
     d->updateScheduled = true;
     d->rebuilding = true;
     d->rebuild();
-    // Only now: a delegate that asks for an update as it completes would otherwise queue the next
-    // rebuild, with which it completes again, forever.
+    // After the rebuild: a delegate that requests an update as it completes would otherwise queue a
+    // rebuild each time it is made again by one, without end.
     if (alive) {
         d->updateScheduled = false;
     }

@@ -19,10 +19,10 @@ namespace om::controls {
 
 /// Shows a forest of documents as an indented list of rows that can be collapsed.
 ///
-/// Every document gets a row, whatever is collapsed; collapsing hides rows. Whenever the structure
-/// may have changed all rows are thrown away and built again, once per turn of the event loop
-/// however many changes there were. The documents are not owned. Collapse states are remembered by
-/// document identifier for the life of the view; documents without one share one state.
+/// Every document gets a row, also below a collapsed one; collapsing hides rows. When the structure
+/// may have changed, all rows are destroyed and built again, once per turn of the event loop for
+/// all changes in it. The documents are not owned. Collapse states are remembered by document
+/// identifier for the life of the view; documents without one share one state.
 class TreeView : public QQuickItem
 {
     Q_OBJECT

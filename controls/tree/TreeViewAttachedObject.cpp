@@ -18,7 +18,7 @@ TreeViewAttachedObject::TreeViewAttachedObject(TreeViewEntry *entry)
     , d(std::make_unique<Private>())
 {
     d->entry = entry;
-    // By number, looked up once: there is one of these for each of thousands of rows.
+    // Connected by signal index, looked up once: a connection by name takes a search for each row.
     const QMetaObject &from = TreeViewEntry::staticMetaObject;
     static const int collapsed = from.indexOfSignal("collapsedChanged(bool)");
     static const int collapsedItem = staticMetaObject.indexOfSignal("collapsedItemChanged(bool)");

@@ -31,10 +31,10 @@ enum Component {
     BranchHandleComponent = 4
 };
 
-/// Makes a row item, which is given its place before its bindings are evaluated.
+/// Makes a row item, and gives it its parents before its bindings are evaluated.
 ///
-/// An incubator, because it holds what it needs: the component may be destroyed by what completes,
-/// which QQmlComponent::create() does not survive.
+/// Used instead of QQmlComponent::create(), which does not survive that a completing object
+/// destroys the component: an incubator holds its own reference to the compiled component.
 class RowIncubator : public QQmlIncubator
 {
 public:
@@ -81,10 +81,10 @@ public:
     QPointer<Document> document;
     QQmlContext *context = nullptr;
     QPointer<QQuickItem> item;
-    /// How many calls of moveItem() there are to come back to.
+    /// How many calls of moveItem() are on the stack.
     int itemMoves = 0;
     TreeViewAttachedObject *attached = nullptr;
-    /// The part that is being destroyed: what its end calls may destroy the entry with the view.
+    /// The part that is being destroyed: handlers of its end may destroy the entry with the view.
     QObject *ending = nullptr;
 };
 
@@ -104,10 +104,10 @@ TreeViewEntry::TreeViewEntry(QObject *view, TreeViewEntryHost *host, const Row &
 TreeViewEntry::~TreeViewEntry()
 {
     d->host->entryEnds(this);
-    // What the row's end calls may destroy the view, which would destroy its child again.
+    // Handlers of the row's end may destroy the view, which would delete the entry a second time.
     setParent(nullptr);
     if (d->ending) {
-        // Its destruction goes on when this is over, and is not to begin a second time.
+        // Its destructor is on the stack: without a parent it is not deleted a second time.
         d->ending->setParent(nullptr);
     }
     destroyContext();
@@ -194,8 +194,8 @@ void TreeViewEntry::createRow(QQuickItem *content, QQuickItem *treeParent)
     }
 }
 
-/// The item's new or old parent tells the application, which may destroy the view. The item then
-/// lives until Qt Quick is done with it.
+/// setParentItem() emits signals whose handlers may destroy the view and the entry. The item is
+/// deleted after setParentItem() has returned then, which still uses it.
 void TreeViewEntry::Private::moveItem(QQuickItem *content)
 {
     const QPointer<TreeViewEntry> alive(q);
@@ -270,7 +270,7 @@ QObject *TreeViewEntry::createDelegateItem(int component, QQuickItem *parent)
     if (!d->context || !source || !source->isReady()) {
         return nullptr;
     }
-    // What completes may destroy the row, and this entry and the component with it.
+    // An object that completes may destroy the row, this entry and the component.
     const QPointer<QQuickItem> place(parent);
     QQmlIncubator incubator(QQmlIncubator::Synchronous);
     source->create(incubator, d->context);
@@ -286,7 +286,7 @@ QObject *TreeViewEntry::createDelegateItem(int component, QQuickItem *parent)
     return alive;
 }
 
-/// As createDelegateItem(), for what has to be an item. Anything else is left to the collector.
+/// As createDelegateItem(), for items only: another object is left to the garbage collector.
 QQuickItem *TreeViewEntry::Private::createItem(int component, QQuickItem *place)
 {
     QQmlEngine *engine = context->engine();
@@ -311,8 +311,8 @@ void TreeViewEntry::populateRow(QQuickItem *row)
     d->populate(row);
 }
 
-/// The row's file could do it by itself, but thousands of calls back and forth would take a tenth
-/// of a rebuild. What a delegate does as it completes may end the row, and the entry.
+/// In C++, as the calls from the row's file into C++ and back would take a tenth of a rebuild. A
+/// delegate that completes may destroy the row and the entry.
 void TreeViewEntry::Private::populate(QQuickItem *rowItem)
 {
     const QPointer<TreeViewEntry> alive(q);

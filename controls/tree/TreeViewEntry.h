@@ -64,15 +64,15 @@ public:
     /// null for a root. The delegates run the application's code: the view may be gone afterwards,
     /// and the entry with it.
     void createRow(QQuickItem *content, QQuickItem *treeParent);
-    /// Ends all evaluation in the row, and takes the item out of the content, ahead of the entry's
-    /// own end.
+    /// Destroys the row's context, which ends the evaluation of its bindings; and takes the item
+    /// out of the content. Both ahead of the entry's destruction.
     void destroyContext();
     void leaveContent();
 
     /// Collapses or expands the row. Ignored without children, and for a root whose view does not
     /// let roots collapse.
     void setCollapsed(bool collapsed);
-    /// Tells the row whether it is active, changed or not.
+    /// Emits activeChanged() with the present state, also when it is the same as before.
     void announceActive();
 
     /// The object behind the attached properties, null until it is asked for; the entry's child.
@@ -83,8 +83,8 @@ public:
     /// context, with \a parent as its visual parent. The object belongs to the QML engine. Null
     /// when the view has no such component or it fails, and once the row's context is gone.
     Q_INVOKABLE QObject *createDelegateItem(int component, QQuickItem *parent);
-    /// Gives \a row, an object made from the rows' file, what it shows: its background, its
-    /// delegate and its branch handle. For the row itself, which calls it on completion.
+    /// Makes the background, delegate and branch handle of \a row, an object made from the rows'
+    /// file, which calls this on completion.
     Q_INVOKABLE void populateRow(QQuickItem *row);
 
 Q_SIGNALS:

@@ -21,7 +21,7 @@ namespace om::controls {
 class TreeView;
 class TreeViewEntry;
 
-/// What a row's entry asks of, and tells, the view that it is in. It outlives its entries.
+/// The view as its entries see it: what they read from it and report to it. It outlives them.
 class TreeViewEntryHost
 {
 public:
@@ -34,9 +34,10 @@ public:
     virtual om::data::Document *activeDocument() const = 0;
 
     virtual void rememberCollapsed(const QString &documentId, bool collapsed) = 0;
-    /// Calls \a change, in which the rows below \a entry hide or show. Both may be gone afterwards.
+    /// Calls \a change, in which the rows below \a entry hide or show. Its handlers may destroy
+    /// both.
     virtual void hideOrShow(TreeViewEntry *entry, const std::function<void()> &change) = 0;
-    /// A rebuild is due: the document's children have changed.
+    /// Requests a rebuild, as the document's children have changed.
     virtual void requestUpdate() = 0;
     /// \a entry is being destroyed.
     virtual void entryEnds(TreeViewEntry *entry) = 0;

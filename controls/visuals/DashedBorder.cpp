@@ -47,7 +47,7 @@ void DashedBorder::setBorderColor(const QColor &color)
 void DashedBorder::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
     update();
-    // Last, because it emits: a handler may delete the item.
+    // Last, as it emits signals whose handlers may delete the item.
     QQuickItem::geometryChanged(newGeometry, oldGeometry);
 }
 

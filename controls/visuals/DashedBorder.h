@@ -10,8 +10,8 @@
 
 namespace om::controls {
 
-/// An item that draws a dashed outline, one pixel wide, along its rectangle. The dashes belong to
-/// the window, not to the item: they run diagonally, and moving the item moves it below them.
+/// An item that draws a dashed outline, one pixel wide, along its rectangle. The dashes are cut by
+/// the place in the window, along its diagonals: they stay where they are when the item moves.
 class DashedBorder : public QQuickItem
 {
     Q_OBJECT

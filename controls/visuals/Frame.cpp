@@ -23,8 +23,8 @@ public:
     void follow();
 
     Frame *const q;
-    /// A QObject child of the Frame. It is an item of the window's content item, where the
-    /// application may find and destroy it; the Frame then frames nothing.
+    /// A QObject child of the Frame, and a child item of the window's content item, where the
+    /// application may find and destroy it; the Frame draws nothing then.
     const QPointer<FrameItem> ring;
     QPointer<QQuickWindow> window; // the one whose content item has the ring
     bool attached = false; // ever since completion in a window
@@ -41,13 +41,13 @@ void Frame::Private::attach(QQuickWindow *newWindow)
         ring->setParentItem(window ? window->contentItem() : nullptr);
     }
     if (window) {
-        // Emitted on the thread that synchronises: under the basic loop the slot runs at once,
-        // under the threaded one it runs on the GUI thread and its effect is in the next frame.
+        // The signal is emitted on the thread that synchronises: under the basic loop the slot runs
+        // at once, under the threaded loop it is queued and shows in the next frame.
         QObject::connect(window, &QQuickWindow::beforeSynchronizing, q, &Frame::updateGeometry);
     }
 }
 
-/// Brings the ring to the window that the Frame is in now.
+/// Moves the ring to the present window of the Frame.
 void Frame::Private::follow()
 {
     if (window != q->window()) {
@@ -94,7 +94,7 @@ void Frame::setColor(const QColor &color)
 
 void Frame::componentComplete()
 {
-    // Without a window there is nothing to frame in, now or later; not even the base is told.
+    // Completed without a window, a Frame never shows a ring; the base class is not called either.
     if (!window()) {
         return;
     }
@@ -104,14 +104,14 @@ void Frame::componentComplete()
 
 void Frame::itemChange(ItemChange change, const ItemChangeData &value)
 {
-    // The base is not called: all it would do is to emit windowChanged(), which a Frame never
-    // does.
+    // The base class is not called: it would only emit windowChanged(), which a Frame never
+    // emits.
     if (change == ItemVisibleHasChanged && d->ring) {
         d->ring->setVisible(value.boolValue);
     } else if (change == ItemOpacityHasChanged && d->ring) {
         d->ring->setOpacity(value.realValue);
     } else if (change == ItemSceneChange && d->attached) {
-        // Later: at this moment the old window's items are being walked, the ring among them.
+        // Queued: Qt Quick is iterating over the old window's items, the ring among them.
         QMetaObject::invokeMethod(
             this, [this] { d->follow(); }, Qt::QueuedConnection);
     }

@@ -79,16 +79,16 @@ void FrameItem::setColor(const QColor &color)
 
 void FrameItem::setRect(const QRectF &rect)
 {
-    // Taking a rectangle that equals nothing, not even itself, would ask for a frame at every
-    // frame.
+    // A rectangle with NaN differs from itself: taking it would request a frame with every frame.
+    // Infinite ones cannot be drawn.
     if (!isFinite(rect) || isSame(rect, d->rect)) {
         return;
     }
     d->rect = rect;
-    // Without update(): a new size brings the next synchronisation here, a new place alone does not
-    // change the vertices.
+    // Without update(): setSize() requests one, and a new place alone does not change the
+    // vertices.
     d->dirty |= DirtyGeometry;
-    // Both announce what they change, and a handler may delete the Frame.
+    // Both calls emit signals whose handlers may delete the Frame.
     const QPointer<FrameItem> item(this);
     setPosition(rect.topLeft());
     if (item) {

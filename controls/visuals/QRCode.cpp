@@ -38,8 +38,8 @@ QImage moduleImage(int moduleCount, const QByteArray &modules)
             line[x] = modules.at(k / 8) & 0x80 >> k % 8 ? 0xff000000 : 0xffffffff;
         }
     }
-    // The shader reads red whatever alpha is. Said to be premultiplied, the pixels reach the
-    // texture as they are; else the border would become transparent black and count as dark.
+    // The shader reads red without regard to alpha. Declared as premultiplied, the pixels are
+    // uploaded unchanged; converted, the border would become transparent black and count as dark.
     image.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
     return image;
 }
@@ -92,8 +92,8 @@ void QRCode::Private::encode()
     }
 }
 
-/// Both extents announce themselves. A handler of the first may change what the second is made of,
-/// or delete the item: callers that go on from here hold a guard, too.
+/// Each extent emits its change. A handler of the first may change what the second is computed
+/// from, or delete the item: callers with further steps hold a guard as well.
 void QRCode::Private::updateImplicitSize()
 {
     const QPointer<QRCode> item(q);
@@ -124,7 +124,7 @@ void QRCode::setUrl(const QUrl &url)
         return;
     }
     d->url = url;
-    // A handler still sees the size of the old code, and it may delete the item.
+    // The implicit size changes after the signal, whose handler may delete the item.
     const QPointer<QRCode> item(this);
     Q_EMIT urlChanged(url);
     if (item) {
@@ -139,7 +139,7 @@ int QRCode::moduleSize() const
 
 void QRCode::setModuleSize(int moduleSize)
 {
-    // Refused rather than clamped: a code of a wrong size is noticed too late, on paper.
+    // Refused instead of clamped: a wrong size would be noticed only when the code is printed.
     if (moduleSize < minimumModuleSize || moduleSize > maximumModuleSize) {
         qWarning("Module size must be between %d and %d", minimumModuleSize, maximumModuleSize);
         return;
@@ -148,7 +148,7 @@ void QRCode::setModuleSize(int moduleSize)
         return;
     }
     d->moduleSize = moduleSize;
-    // Nothing to repaint: what is drawn changes only if the item's geometry does.
+    // No update(): the item is repainted when its geometry changes.
     const QPointer<QRCode> item(this);
     d->updateImplicitSize();
     if (item) {
@@ -191,9 +191,9 @@ void QRCode::setLightColor(const QColor &color)
 
 void QRCode::geometryChanged(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
-    // Without update(): where it matters, the base class asks for a repaint.
+    // Without update(): the base class requests one when the size has changed.
     d->changes |= Private::GeometryChange;
-    // Last, because it emits: a handler may delete the item.
+    // Last, as it emits signals whose handlers may delete the item.
     QQuickItem::geometryChanged(newGeometry, oldGeometry);
 }
 

@@ -35,7 +35,7 @@ public:
     void setUrl(const QUrl &url);
 
     /// Pixels for each module in the implicit size, 2 to 24, 8 at first. Any other value is refused
-    /// with a warning. It does not touch the item's size where that is set or anchored.
+    /// with a warning. A width or height that is set or anchored stays.
     int moduleSize() const;
     void setModuleSize(int moduleSize);
 

@@ -11,11 +11,11 @@ namespace om::data {
 
 class Document;
 
-/// What a set of documents belongs to, and the one place to hear of changes in any of them.
+/// Groups documents: one signal tells of changes in any of them.
 ///
-/// A document is in the context that its `Document::context()` returns: the one it was given, or
-/// else that of the document whose child it is. A context owns no document; when it is destroyed,
-/// its documents are without it.
+/// A document is in the context that its `Document::context()` returns: the one set on it, or else
+/// that of its parent document. A context owns no document. When it is destroyed, its documents
+/// have no context, or inherit one.
 class OMBREL_DATACORE_EXPORT Context : public QObject
 {
     Q_OBJECT

@@ -21,8 +21,8 @@ bool operator<(const CountryCode &a, const CountryCode &b)
     return a.code[0] != b.code[0] ? a.code[0] < b.code[0] : a.code[1] < b.code[1];
 }
 
-// Sorted by code. The table is typed out because QLocale finds a country by its code only where it
-// has a locale for it, which leaves out Antarctica and the like.
+// Sorted by code. A table, because QLocale finds a country by its code only if it has a locale for
+// it, and has none for Antarctica, for example.
 // clang-format off
 constexpr CountryCode countryCodes[] = {
     {"AD", QLocale::Andorra},
@@ -277,7 +277,7 @@ constexpr CountryCode countryCodes[] = {
 };
 // clang-format on
 
-// Written out, for QChar's own conversions know letters that become "SS" or "I" when capitalised.
+// For A to Z only: QChar::toUpper() also maps letters outside ASCII to them, such as the dotless i.
 char capital(QChar letter)
 {
     const ushort code = letter.unicode();

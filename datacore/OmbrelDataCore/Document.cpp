@@ -82,7 +82,7 @@ void Document::Private::adopt(Document *child, int index)
     own(child);
 }
 
-// Makes `child`, which is in the list, one of this document.
+// Takes the ownership of `child`, which is in the list already.
 void Document::Private::own(Document *child)
 {
     child->d->parentDocument = q;
@@ -90,8 +90,8 @@ void Document::Private::own(Document *child)
     if (child->parent() && !qobject_cast<Document *>(child->parent())) {
         return;
     }
-    // The list knows no cycles, but this document may be owned by the child without being in its
-    // list: then it cannot own the child in turn.
+    // The lists have no cycles, but the child may be a QObject ancestor of this document without
+    // having it in its list: then this document cannot own the child.
     for (const QObject *owner = q; owner; owner = owner->parent()) {
         if (owner == child) {
             return;
@@ -134,8 +134,8 @@ void Document::Private::emitChildrenChanged()
     }
 }
 
-// Tells `top` and every descendant that has its context from there. Gathered before the first
-// signal, for a slot may change the tree.
+// Emits contextChanged() of `top` and of each descendant that inherits its context. The documents
+// are collected before the first signal, as a slot may change the tree.
 void Document::Private::emitContextChanged(Document *top)
 {
     QVector<QPointer<Document>> changed{top};
@@ -163,7 +163,7 @@ void Document::Private::emitContextChangedIfNot(Context *before, Document *top)
 
 void Document::Private::append(QQmlListProperty<Document> *list, Document *child)
 {
-    // What JavaScript pushes arrives unchecked, whatever its type is.
+    // The engine does not check the type of what a script pushes into a list property.
     auto *const document = qobject_cast<Document *>(static_cast<QObject *>(child));
     static_cast<Document *>(list->object)->appendChild(document);
 }
@@ -191,8 +191,8 @@ Document::Document(QObject *parent)
 
 Document::~Document()
 {
-    // Everything is unlinked before the first signal. Children that this document owns are about to
-    // be destroyed with it and hear nothing.
+    // All links are cut before the first signal. Children that this document owns are destroyed
+    // with it and emit no contextChanged().
     Context *const inherited = Document::context();
     QVector<QPointer<Document>> survivors;
     for (Document *child : qAsConst(d->children)) {
@@ -225,7 +225,7 @@ QString Document::documentId() const
 
 void Document::setDocumentId(const QString &documentId)
 {
-    // Null equals empty for QString, but not for a document without an identifier.
+    // QString's operator== takes null and empty as equal; a null identifier means "none".
     if (d->documentId == documentId && d->documentId.isNull() == documentId.isNull()) {
         return;
     }
@@ -308,7 +308,7 @@ void Document::setContext(Context *newContext)
     disconnect(d->ownContextDestroyed);
     d->ownContext = newContext;
     if (newContext) {
-        // The guarded pointer is null by then, and the context has changed without a call.
+        // The QPointer has become null, so context() has changed without a call of setContext().
         d->ownContextDestroyed =
             connect(newContext, &QObject::destroyed, this, [this] { d->emitContextChanged(this); });
     }
@@ -345,7 +345,7 @@ void Document::setChildDocuments(const QList<Document *> &children)
         return;
     }
 
-    // Everything is linked anew before the first signal.
+    // All links are set before the first signal.
     QVector<QPair<QPointer<Document>, Context *>> movedFrom;
     QVector<QPointer<Document>> robbed;
     for (Document *child : before) {

@@ -80,7 +80,7 @@ public:
     /// and moves. Null, what `insertChild` refuses, and second mentions are left out. Documents
     /// that are taken out are handed over as `removeChild` does.
     void setChildDocuments(const QList<om::data::Document *> &children);
-    /// The document in whose child list this one is, or null. Nothing that QML sees.
+    /// The document in whose child list this one is, or null. Not a property.
     Document *parentDocument() const;
 
     /// Puts `child` at `index` of the child list, counted without `child` itself and clamped to 0 …
@@ -90,7 +90,7 @@ public:
     /// Puts `child` at the end of the child list, as `insertChild` does.
     bool appendChild(om::data::Document *child);
     /// Takes `child` out of the child list. If this document owned it, it is then without a QObject
-    /// parent, and the caller owns it. Returns false, and does nothing, when it is not in the list.
+    /// parent, and the caller owns it. Does nothing and returns false when it is not in the list.
     bool removeChild(om::data::Document *child);
 
     /// Whether `types` contains `type`: the whole text, capitals and small letters told apart.
@@ -106,13 +106,13 @@ Q_SIGNALS:
     void childrenChanged();
 
 protected:
-    /// Makes the first children. Called once, when the child list is read or changed for the first
-    /// time; no signal tells of the result, as nobody can have seen the list before. For documents
-    /// whose children are costly to find. The default makes none.
+    /// Makes the first children, for documents whose children are costly to find. Called once, when
+    /// the child list is read or changed for the first time; no signal is emitted, as nothing has
+    /// read the list before. The default makes none.
     virtual QList<Document *> loadChildren();
 
-    /// Tells the context that this document has changed. For subclasses, after the change signal of
-    /// a property of their own.
+    /// Has the context emit documentChanged() for this document. For subclasses, after the change
+    /// signal of a property of their own.
     void notifyContext();
 
 private:

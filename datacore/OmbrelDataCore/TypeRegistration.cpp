@@ -10,8 +10,8 @@ namespace om::data {
 
 namespace {
 
-// Done as the library loads and not by the QML module: a program may hand documents to QML that
-// never imports the module, and a list property of documents has to be known by then as one.
+// When the library is loaded, not by the QML module: a program may pass documents to QML that does
+// not import the module, and QQmlListReference needs the element type to be registered.
 void registerTypes()
 {
     qRegisterMetaType<Document *>();
