@@ -24,8 +24,8 @@
 
 namespace {
 
-// The target fills the window, the source stands before it, so that the first event of a drag is
-// the target's.
+// The target fills the window and lies below the source, so that the first event of a drag reaches
+// the target.
 const char *const zoneQml = R"(
 import QtQuick 2.12
 import ombrel.Controls 1.0
@@ -101,7 +101,7 @@ QtObject {
 }
 )";
 
-/// Hears of the first drag event at the target, and ends the drag then.
+/// Notes the first drag event at the target, and ends the drag then.
 class Probe : public QObject
 {
     Q_OBJECT
@@ -151,7 +151,7 @@ std::unique_ptr<QObject> create(QQmlEngine &engine, const char *qml)
     return object;
 }
 
-/// A source and a target in a window, and the hand that drags from one to the other.
+/// A source and a target in a window, and the pointer that drags from one to the other.
 class Side
 {
 public:
@@ -189,8 +189,8 @@ public:
     }
 
 private:
-    /// Waits until the frames are drawn that the last drag has asked for, the other side's above
-    /// all: its visible parts move, and whatever draws them would be counted here.
+    /// Waits until the frames are drawn that the last drag has requested, of the other side above
+    /// all: its items move, and drawing them would count in this side's time.
     static void settle()
     {
         QElapsedTimer timer;
@@ -200,8 +200,8 @@ private:
         }
     }
 
-    /// The next move, from the event loop as the window system's are: the drag's loop needs them.
-    /// A repeating timer would rest while the move that starts a drag is on the stack.
+    /// Queues the next move, which the drag's loop needs to go on. Not from a repeating timer: that
+    /// would not fire while the move that starts the drag, called from it, is on the stack.
     void moveOn()
     {
         QTimer::singleShot(0, &m_window, [this] {

@@ -126,8 +126,8 @@ Column {
 }
 )";
 
-/// The row by hand again, its background, content and handle given from outside as the tree's are:
-/// what it costs that a row does not know its parts.
+/// The row by hand with a background, content and handle from outside, as the tree's are: the
+/// difference to the first row by hand is the cost of parts that the row's file does not declare.
 QByteArray loadersQml()
 {
     QByteArray qml(columnQml);
@@ -186,7 +186,7 @@ TreeView {
 }
 )";
 
-/// What the rows by hand are made from.
+/// The model of the rows by hand.
 class RowModel : public QAbstractListModel
 {
 public:
@@ -271,8 +271,8 @@ struct Stage
     QQuickRenderControl control;
     QQuickWindow window{&control};
 
-    /// What a frame would have done since the last operation: items that wait for it are slow to
-    /// go.
+    /// Polishes items, as a frame would have done: destroying an item that waits for its polish
+    /// searches the window's list of those.
     void polish() { control.polishItems(); }
 };
 
@@ -455,8 +455,8 @@ void countInstructions(QQmlEngine &engine, const char *name, const std::function
 const int countedRows = 400;
 const int countedRoots = 10000;
 
-/// What is counted when the benchmark runs itself under callgrind: making all rows again, shown and
-/// hidden, and the end of many roots. All warm.
+/// The part that the benchmark counts by running itself under callgrind: making all rows again,
+/// shown and hidden, and destroying many roots, each after one uncounted run.
 void runCounted(QQmlEngine &engine, Stage &stage)
 {
     std::vector<RowModel::Row> rows;
@@ -529,7 +529,7 @@ std::map<std::string, double> readCounts(const QDir &folder)
     return counts;
 }
 
-/// Times waver with whatever else the machine does; instructions do not.
+/// Counts instructions: unlike times they do not depend on the load of the machine.
 void printInstructions()
 {
     const QString valgrind = QStandardPaths::findExecutable(QStringLiteral("valgrind"));
@@ -592,8 +592,8 @@ int main(int argc, char **argv)
     const char *const operations[] = {"build",  "reload",    "deletion", "collapse",
                                       "expand", "insertion", "width"};
     {
-        // What is paid once a process or an engine, on both sides: compiling the files, decoding
-        // the handle, loading the font.
+        // One uncounted run of each side for the costs of a process or an engine: compiling the
+        // files, decoding the handle's image, loading the font.
         std::vector<RowModel::Row> rows;
         const std::unique_ptr<Document> root = forest("flat", 100, &rows);
         Times unused;
@@ -612,7 +612,7 @@ int main(int argc, char **argv)
             Times loaded;
             const int rounds = count <= 100 ? 25 : count <= 1000 ? 9 : 3;
             for (int round = 0; round < rounds; ++round) {
-                // In turns, each with the other's garbage gone, and neither always first.
+                // In alternating order, each after the other's garbage was collected.
                 for (const bool ours : {round % 2 == 0, round % 2 != 0}) {
                     tidy();
                     if (ours) {
