@@ -45,8 +45,8 @@ private Q_SLOTS:
     void visualDelaysItsRemoval();
     void noVisualWithoutADelegate_data() { sources(); }
     void noVisualWithoutADelegate();
-    void oddDelegates_data();
-    void oddDelegates();
+    void delegatesThatMakeNoVisual_data();
+    void delegatesThatMakeNoVisual();
     void delegateSlowerThanTheDrag_data() { sources(); }
     void delegateSlowerThanTheDrag();
     void delayedVisualOutlivesAShortDrag_data() { sources(); }
@@ -233,7 +233,7 @@ void TestDocumentDrags::noVisualWithoutADelegate()
     nextDragWorks();
 }
 
-void TestDocumentDrags::oddDelegates_data()
+void TestDocumentDrags::delegatesThatMakeNoVisual_data()
 {
     QTest::addColumn<QByteArray>("type");
     QTest::addColumn<QByteArray>("delegate");
@@ -244,7 +244,7 @@ void TestDocumentDrags::oddDelegates_data()
     }
 }
 
-void TestDocumentDrags::oddDelegates()
+void TestDocumentDrags::delegatesThatMakeNoVisual()
 {
     QFETCH(QByteArray, delegate);
     QQmlComponent component(m_view->engine());

@@ -100,10 +100,10 @@ private Q_SLOTS:
     void areaStaysActiveThoughItsChildHasNoGrab();
     void areaEndsWithTheLoopWhereNoReleaseCanCome_data();
     void areaEndsWithTheLoopWhereNoReleaseCanCome();
-    void runsThoughNoReleaseCanComeAtTheStart_data();
-    void runsThoughNoReleaseCanComeAtTheStart();
-    void movesBeforeTheLoopAreNoMatter_data() { sources(); }
-    void movesBeforeTheLoopAreNoMatter();
+    void dragRunsThoughNoReleaseCanArriveAtItsStart_data();
+    void dragRunsThoughNoReleaseCanArriveAtItsStart();
+    void movesBeforeTheLoopDoNotEndTheDrag_data() { sources(); }
+    void movesBeforeTheLoopDoNotEndTheDrag();
     void areaEndsOnceNoReleaseCanCome_data();
     void areaEndsOnceNoReleaseCanCome();
     void areaWaitsForAChildThatTookTheMouseOver();
@@ -450,7 +450,7 @@ void TestDocumentGestureLifetimes::areaEndsWithTheLoopWhereNoReleaseCanCome()
     QVERIFY(!source()->isActive());
 }
 
-void TestDocumentGestureLifetimes::runsThoughNoReleaseCanComeAtTheStart_data()
+void TestDocumentGestureLifetimes::dragRunsThoughNoReleaseCanArriveAtItsStart_data()
 {
     QTest::addColumn<bool>("ungrabs");
     for (const char *type : {"DragArea", "DragZone"}) {
@@ -459,7 +459,7 @@ void TestDocumentGestureLifetimes::runsThoughNoReleaseCanComeAtTheStart_data()
     }
 }
 
-void TestDocumentGestureLifetimes::runsThoughNoReleaseCanComeAtTheStart()
+void TestDocumentGestureLifetimes::dragRunsThoughNoReleaseCanArriveAtItsStart()
 {
     // As a list does that is not to be flicked during a drag.
     QFETCH(bool, ungrabs);
@@ -486,7 +486,7 @@ void TestDocumentGestureLifetimes::runsThoughNoReleaseCanComeAtTheStart()
                           text("source.dragActiveChanged [off]")}));
 }
 
-void TestDocumentGestureLifetimes::movesBeforeTheLoopAreNoMatter()
+void TestDocumentGestureLifetimes::movesBeforeTheLoopDoNotEndTheDrag()
 {
     // Neither inside the signal, nor those from which on a list keeps the grab for being flicked.
     QFETCH(bool, isZone);

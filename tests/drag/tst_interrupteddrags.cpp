@@ -147,12 +147,12 @@ void TestInterruptedDrags::rowRemovedByTheDrop()
 
 void TestInterruptedDrags::sourceDestroyedDuringTheDrag()
 {
-    QPointer<QObject> doomed = source();
+    QPointer<QObject> victim = source();
     const QPoint over = positionIn(m_view->item("any"));
     support::Gesture gesture;
-    dragOver(gesture, over).then([&] { delete doomed.data(); }).release();
+    dragOver(gesture, over).then([&] { delete victim.data(); }).release();
     QVERIFY2(gesture.run(), gesture.error());
-    QVERIFY(!doomed);
+    QVERIFY(!victim);
     QTRY_VERIFY(!visual());
     // Nothing of the filter is left: moves reach the window as ever.
     QTest::mouseMove(m_view->window(), {5, 5});
@@ -392,22 +392,22 @@ void TestInterruptedDrags::sourceDestroyedInsideASignal()
     QFETCH(QByteArray, sender);
     QFETCH(QByteArray, signal);
     QFETCH(bool, inAnEvent);
-    QPointer<QObject> doomed = source();
+    QPointer<QObject> victim = source();
     support::SignalRecorder recorder;
     const auto watch = [&](QObject *object) {
         recorder.watch(object, text("it"), {QString::fromLatin1(signal)}, [&] {
-            if (doomed && inAnEvent) {
-                doomed->deleteLater();
+            if (victim && inAnEvent) {
+                victim->deleteLater();
             } else {
-                delete doomed.data();
+                delete victim.data();
             }
             return QString();
         });
     };
-    doomed->setProperty("state", text("delayed"));
+    victim->setProperty("state", text("delayed"));
     if (signal == "dragActiveChanged") {
         // Before the visual: an engine complains at its end about what was abandoned half made.
-        doomed->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
+        victim->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
     }
     const QPoint over = positionIn(m_view->item("any"));
     const QPoint outside = m_view->window()->position() + QPoint(0, 500);
@@ -418,33 +418,33 @@ void TestInterruptedDrags::sourceDestroyedInsideASignal()
     support::Gesture gesture;
     gesture
         .drag(
-            from, over, [&] { return !doomed || visual(); }, "the visual, or the end")
+            from, over, [&] { return !victim || visual(); }, "the visual, or the end")
         .then([&] {
-            if (doomed && sender == "visual") {
+            if (victim && sender == "visual") {
                 watch(visual());
             }
         })
         .glide(over, outside)
-        .until([&] { return !doomed || visual()->property("outside").toBool(); },
+        .until([&] { return !victim || visual()->property("outside").toBool(); },
                "the visual to be outside, or the end")
         .glide(outside, over)
         .hoverUntil(
-            over, [&] { return !doomed || !visual()->property("outside").toBool(); },
+            over, [&] { return !victim || !visual()->property("outside").toBool(); },
             "the visual to be inside again, or the end")
         .then([&] {
-            if (doomed) {
-                doomed->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
+            if (victim) {
+                victim->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
             }
-            if (doomed) {
+            if (victim) {
                 delete m_view->find(text("c"));
             }
-            if (doomed) {
-                doomed->setProperty("dragEnabled", false);
+            if (victim) {
+                victim->setProperty("dragEnabled", false);
             }
         })
         .release();
     QVERIFY2(gesture.run(), gesture.error());
-    QTRY_VERIFY(!doomed);
+    QTRY_VERIFY(!victim);
     QVERIFY(!recorder.entries().isEmpty());
     if (visual()) {
         // It had asked to stay, and outlives its source.
@@ -457,32 +457,32 @@ void TestInterruptedDrags::sourceDestroyedInsideASignal()
 void TestInterruptedDrags::documentDestroyedByTheLastLeave()
 {
     // A source that is destroyed ends its drag, and the end is told to the application.
-    QPointer<QObject> doomed = source();
+    QPointer<QObject> victim = source();
     QPointer<QObject> document = m_view->find(text("c"));
     QObject *const any = m_view->find(text("any"));
     QList<int> counts;
     support::SignalRecorder recorder;
     recorder.watch(any, text("any"), {text("containsDragChanged")}, [&] {
-        if (any->property("containsDrag").toBool() || !doomed) {
+        if (any->property("containsDrag").toBool() || !victim) {
             return QString();
         }
-        QQmlListReference documents(doomed, "dragDocuments", m_view->engine());
+        QQmlListReference documents(victim, "dragDocuments", m_view->engine());
         counts.append(documents.count());
         delete document.data();
         counts.append(documents.count());
         documents.clear();
         counts.append(documents.count());
-        return doomed->property("dragActive").toBool() ? text("active") : text("not active");
+        return victim->property("dragActive").toBool() ? text("active") : text("not active");
     });
     const QPoint over = positionIn(m_view->item("any"));
     support::Gesture gesture;
     dragOver(gesture, over)
         .hoverUntil(
             over, [&] { return any->property("containsDrag").toBool(); }, "the area to be entered")
-        .then([&] { delete doomed.data(); })
+        .then([&] { delete victim.data(); })
         .release();
     QVERIFY2(gesture.run(), gesture.error());
-    QVERIFY(!doomed);
+    QVERIFY(!victim);
     QVERIFY(!document);
     QCOMPARE(counts, (QList<int>{3, 2, 0}));
     QTRY_VERIFY(!visual());

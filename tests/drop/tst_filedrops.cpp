@@ -146,8 +146,9 @@ void TestFileDrops::windowDestroyedByQmlInside_data()
     }
 }
 
-/// A drag over the zone of data/Doomed.qml that is left or dropped as \a moment needs it.
-static void dragOverDoomed(QWindow *window, const QString &moment)
+/// A drag over the zone of data/MomentSignal.qml. It leaves for the \a moment "exited", else it
+/// drops.
+static void dragToTheMoment(QWindow *window, const QString &moment)
 {
     const QPointer<QWindow> alive(window);
     support::DragEvents drag(window);
@@ -174,13 +175,14 @@ void TestFileDrops::windowDestroyedByQmlInside()
 {
     QFETCH(QString, moment);
     QQmlEngine engine;
-    QQmlComponent component(&engine, QUrl::fromLocalFile(QFINDTESTDATA("data/doomedwindow.qml")));
+    QQmlComponent component(
+        &engine, QUrl::fromLocalFile(QFINDTESTDATA("data/windowdestroyedatamoment.qml")));
     QPointer<QObject> window(component.create());
     QVERIFY2(window, qPrintable(component.errorString()));
-    // As an object that a document has created: destroy() works.
+    // destroy() works on objects that the JavaScript engine owns only.
     QQmlEngine::setObjectOwnership(window, QQmlEngine::JavaScriptOwnership);
     window->setProperty("moment", moment);
-    dragOverDoomed(qobject_cast<QWindow *>(window), moment);
+    dragToTheMoment(qobject_cast<QWindow *>(window), moment);
     QVERIFY(!window);
 }
 
@@ -189,12 +191,12 @@ void TestFileDrops::engineDestroyedInside()
     QFETCH(QString, moment);
     auto *view = new QQuickView;
     QPointer<QQmlEngine> engine(view->engine());
-    view->setSource(QUrl::fromLocalFile(QFINDTESTDATA("data/Doomed.qml")));
+    view->setSource(QUrl::fromLocalFile(QFINDTESTDATA("data/MomentSignal.qml")));
     QVERIFY(view->rootObject());
     view->rootObject()->setProperty("moment", moment);
-    // The view owns the engine; both go with it.
-    connect(view->rootObject(), SIGNAL(doom()), view, SLOT(deleteLater()));
-    dragOverDoomed(view, moment);
+    // The view owns the engine and the document.
+    connect(view->rootObject(), SIGNAL(reached()), view, SLOT(deleteLater()));
+    dragToTheMoment(view, moment);
     QVERIFY(!engine);
 }
 
@@ -202,11 +204,11 @@ void TestFileDrops::handlerDestroyedByQmlInside()
 {
     QFETCH(QString, moment);
     support::QmlView view;
-    view.loadFile(text("data/Doomed.qml"));
+    view.loadFile(text("data/MomentSignal.qml"));
     view.root()->setProperty("moment", moment);
     QPointer<QObject> handler(view.find(text("handler")));
-    connect(view.root(), SIGNAL(doom()), handler, SLOT(deleteLater()));
-    dragOverDoomed(view.window(), moment);
+    connect(view.root(), SIGNAL(reached()), handler, SLOT(deleteLater()));
+    dragToTheMoment(view.window(), moment);
     QVERIFY(!handler);
     QObject *zone = view.find(text("zone"));
     QCOMPARE(zone->property("containsDrag"), QVariant(false));

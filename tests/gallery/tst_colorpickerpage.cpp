@@ -22,15 +22,15 @@ private Q_SLOTS:
     void typingIntoAField_data();
     void typingIntoAField();
     void arrowKeysInAField();
-    void aFieldTakesNoMoreThanItsLast();
+    void aFieldClampsToItsLargestValue();
     void hexWaitsForSixDigitsOrReturn();
     void whatIsNoColorIsNotTaken();
     void pressingInTheSquare();
     void arrowKeysInTheSquare();
     void draggingInTheStrips();
-    void hueOutlivesGrey();
+    void greyKeepsTheHue();
     void swatchKeepsTheAlpha();
-    void takeAndBack();
+    void takenColorCanBeRestored();
 
 private:
     QColor color() const { return m_picker->property("color").value<QColor>(); }
@@ -195,7 +195,7 @@ void TestColorPickerPage::arrowKeysInAField()
     QCOMPARE(outOfStep(color()), QString());
 }
 
-void TestColorPickerPage::aFieldTakesNoMoreThanItsLast()
+void TestColorPickerPage::aFieldClampsToItsLargestValue()
 {
     type(text("Red"), text("999"));
     QCOMPARE(color().red(), 99);
@@ -269,7 +269,7 @@ void TestColorPickerPage::draggingInTheStrips()
     QCOMPARE(color().alpha(), 0);
 }
 
-void TestColorPickerPage::hueOutlivesGrey()
+void TestColorPickerPage::greyKeepsTheHue()
 {
     const int hue = color().hsvHue();
     type(text("Saturation"), text("0"));
@@ -292,7 +292,7 @@ void TestColorPickerPage::swatchKeepsTheAlpha()
     QCOMPARE(outOfStep(color()), QString());
 }
 
-void TestColorPickerPage::takeAndBack()
+void TestColorPickerPage::takenColorCanBeRestored()
 {
     type(text("Red"), text("9"));
     click(support::itemWith(m_picker, "text", text("Back")), 10, 10);

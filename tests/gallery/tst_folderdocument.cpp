@@ -20,7 +20,7 @@ using om::data::Document;
 using om::gallery::FolderDocument;
 using om::gallery::FolderTree;
 
-class tst_FolderDocument : public QObject
+class TestFolderDocument : public QObject
 {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void facts();
+    void documentsDescribeTheirFiles();
     void typeByMimeType_data();
     void typeByMimeType();
     void order();
@@ -60,13 +60,13 @@ private:
     std::unique_ptr<QTemporaryDir> m_dir;
 };
 
-void tst_FolderDocument::init()
+void TestFolderDocument::init()
 {
     m_dir = std::make_unique<QTemporaryDir>();
     QVERIFY(m_dir->isValid());
 }
 
-void tst_FolderDocument::cleanup()
+void TestFolderDocument::cleanup()
 {
     // Only root can remove the contents of a folder that may not be read; for most tests there is
     // none.
@@ -75,7 +75,7 @@ void tst_FolderDocument::cleanup()
     QCOMPARE(support::leftovers(), QString());
 }
 
-void tst_FolderDocument::write(const QString &name, const QByteArray &content)
+void TestFolderDocument::write(const QString &name, const QByteArray &content)
 {
     QVERIFY(QDir(m_dir->path()).mkpath(QFileInfo(path(name)).path()));
     QFile file(path(name));
@@ -83,7 +83,7 @@ void tst_FolderDocument::write(const QString &name, const QByteArray &content)
     QCOMPARE(file.write(content), content.size());
 }
 
-QStringList tst_FolderDocument::names(const Document *document)
+QStringList TestFolderDocument::names(const Document *document)
 {
     QStringList names;
     const QList<Document *> children = document->childDocuments();
@@ -92,7 +92,7 @@ QStringList tst_FolderDocument::names(const Document *document)
     return names;
 }
 
-Document *tst_FolderDocument::child(Document *document, const QString &name)
+Document *TestFolderDocument::child(Document *document, const QString &name)
 {
     const QList<Document *> children = document->childDocuments();
     for (Document *child : children) {
@@ -102,7 +102,7 @@ Document *tst_FolderDocument::child(Document *document, const QString &name)
     return nullptr;
 }
 
-void tst_FolderDocument::facts()
+void TestFolderDocument::documentsDescribeTheirFiles()
 {
     write("notes.txt");
     FolderTree tree(m_dir->path());
@@ -122,7 +122,7 @@ void tst_FolderDocument::facts()
     QVERIFY(notes->childDocuments().isEmpty());
 }
 
-void tst_FolderDocument::typeByMimeType_data()
+void TestFolderDocument::typeByMimeType_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("content");
@@ -144,7 +144,7 @@ void tst_FolderDocument::typeByMimeType_data()
     QTest::newRow("empty, without a suffix") << "nothing" << QByteArray() << "file";
 }
 
-void tst_FolderDocument::typeByMimeType()
+void TestFolderDocument::typeByMimeType()
 {
     QFETCH(QString, name);
     QFETCH(QByteArray, content);
@@ -155,7 +155,7 @@ void tst_FolderDocument::typeByMimeType()
     QCOMPARE(tree.folder()->childDocuments().first()->types(), QStringList{type});
 }
 
-void tst_FolderDocument::order()
+void TestFolderDocument::order()
 {
     for (const char *name : {"b.txt", "A.txt", "shot 10.png", "Shot 9.png", "shot 007.png",
                              "shot.png", "zoo/x", "Box/x"})
@@ -166,7 +166,7 @@ void tst_FolderDocument::order()
                           "shot 10.png", "shot.png"}));
 }
 
-void tst_FolderDocument::hiddenFilesAreLeftOut()
+void TestFolderDocument::hiddenFilesAreLeftOut()
 {
     write(".hidden");
     write(".git/config");
@@ -175,7 +175,7 @@ void tst_FolderDocument::hiddenFilesAreLeftOut()
     QCOMPARE(names(tree.folder()), QStringList{"seen"});
 }
 
-void tst_FolderDocument::readWhenNeeded()
+void TestFolderDocument::readWhenNeeded()
 {
     write("a/b/c/file.txt");
     FolderTree tree(m_dir->path());
@@ -198,7 +198,7 @@ void tst_FolderDocument::readWhenNeeded()
     QVERIFY(!b->isLoaded());
 }
 
-void tst_FolderDocument::linkToAFolderHasNoChildren()
+void TestFolderDocument::linkToAFolderHasNoChildren()
 {
     write("real/file.txt");
     QVERIFY(QFile::link(m_dir->path(), path("loop")));
@@ -210,7 +210,7 @@ void tst_FolderDocument::linkToAFolderHasNoChildren()
     QCOMPARE(names(child(tree.folder(), "real")), QStringList{"file.txt"});
 }
 
-void tst_FolderDocument::unreadableFolderIsKnown()
+void TestFolderDocument::unreadableFolderIsKnown()
 {
     write("closed/inside.txt");
     write("open/inside.txt");
@@ -228,7 +228,7 @@ void tst_FolderDocument::unreadableFolderIsKnown()
     QCOMPARE(names(child(tree.folder(), "open")), QStringList{"inside.txt"});
 }
 
-void tst_FolderDocument::folderThatBecomesReadableIsFollowed()
+void TestFolderDocument::folderThatBecomesReadableIsFollowed()
 {
     write("closed/inside.txt");
     QVERIFY(QFile::setPermissions(path("closed"), QFile::WriteOwner));
@@ -249,7 +249,7 @@ void tst_FolderDocument::folderThatBecomesReadableIsFollowed()
     QTRY_COMPARE(names(closed), (QStringList{"inside.txt", "second.txt"}));
 }
 
-void tst_FolderDocument::followsNewFiles()
+void TestFolderDocument::followsNewFiles()
 {
     write("b");
     FolderTree tree(m_dir->path());
@@ -263,7 +263,7 @@ void tst_FolderDocument::followsNewFiles()
     QCOMPARE(child(tree.folder(), "a")->context(), tree.context());
 }
 
-void tst_FolderDocument::followsDeletedFiles()
+void TestFolderDocument::followsDeletedFiles()
 {
     for (const char *name : {"a", "b", "c"})
         write(name);
@@ -276,7 +276,7 @@ void tst_FolderDocument::followsDeletedFiles()
     QCOMPARE(child(tree.folder(), "a"), a.data());
 }
 
-void tst_FolderDocument::followsRenamedFiles()
+void TestFolderDocument::followsRenamedFiles()
 {
     write("a.txt");
     FolderTree tree(m_dir->path());
@@ -286,7 +286,7 @@ void tst_FolderDocument::followsRenamedFiles()
     QCOMPARE(child(tree.folder(), "z.png")->types(), QStringList{"image"});
 }
 
-void tst_FolderDocument::followsManyAtOnce()
+void TestFolderDocument::followsManyAtOnce()
 {
     write("first");
     FolderTree tree(m_dir->path());
@@ -302,7 +302,7 @@ void tst_FolderDocument::followsManyAtOnce()
     QTRY_COMPARE(tree.folder()->childDocuments().size(), 101);
 }
 
-void tst_FolderDocument::followsSubfoldersThatWereRead()
+void TestFolderDocument::followsSubfoldersThatWereRead()
 {
     write("sub/a");
     FolderTree tree(m_dir->path());
@@ -312,7 +312,7 @@ void tst_FolderDocument::followsSubfoldersThatWereRead()
     QTRY_COMPARE(names(sub), (QStringList{"a", "b"}));
 }
 
-void tst_FolderDocument::leavesUnreadFoldersAlone()
+void TestFolderDocument::leavesUnreadFoldersAlone()
 {
     write("sub/a");
     FolderTree tree(m_dir->path());
@@ -324,7 +324,7 @@ void tst_FolderDocument::leavesUnreadFoldersAlone()
     QCOMPARE(names(sub), (QStringList{"a", "b"}));
 }
 
-void tst_FolderDocument::fileThatBecomesAFolder()
+void TestFolderDocument::fileThatBecomesAFolder()
 {
     write("thing");
     FolderTree tree(m_dir->path());
@@ -337,7 +337,7 @@ void tst_FolderDocument::fileThatBecomesAFolder()
     QCOMPARE(names(child(tree.folder(), "thing")), QStringList{"inside"});
 }
 
-void tst_FolderDocument::typeFollowsTheContent()
+void TestFolderDocument::typeFollowsTheContent()
 {
     write("thing", QByteArray());
     FolderTree tree(m_dir->path());
@@ -348,7 +348,7 @@ void tst_FolderDocument::typeFollowsTheContent()
     QTRY_COMPARE(thing->types(), QStringList{"text"});
 }
 
-void tst_FolderDocument::folderMadeAnewIsFollowed()
+void TestFolderDocument::folderMadeAnewIsFollowed()
 {
     write("sub/a");
     FolderTree tree(m_dir->path());
@@ -362,7 +362,7 @@ void tst_FolderDocument::folderMadeAnewIsFollowed()
     QTRY_COMPARE(names(sub), (QStringList{"b", "c"}));
 }
 
-void tst_FolderDocument::openedFolderDisappears()
+void TestFolderDocument::openedFolderDisappears()
 {
     write("opened/a");
     FolderTree tree(path("opened"));
@@ -371,7 +371,7 @@ void tst_FolderDocument::openedFolderDisappears()
     QTRY_VERIFY(tree.folder()->childDocuments().isEmpty());
 }
 
-void tst_FolderDocument::reportsToTheContext()
+void TestFolderDocument::reportsToTheContext()
 {
     write("sub/a");
     FolderTree tree(m_dir->path());
@@ -383,7 +383,7 @@ void tst_FolderDocument::reportsToTheContext()
     QCOMPARE(reports.first().first().value<Document *>(), sub);
 }
 
-void tst_FolderDocument::treeGoesBeforeItsDocuments()
+void TestFolderDocument::treeGoesBeforeItsDocuments()
 {
     write("sub/a");
     auto tree = std::make_unique<FolderTree>(m_dir->path());
@@ -396,6 +396,6 @@ void tst_FolderDocument::treeGoesBeforeItsDocuments()
     delete sub;
 }
 
-QTEST_GUILESS_MAIN(tst_FolderDocument)
+QTEST_GUILESS_MAIN(TestFolderDocument)
 
 #include "tst_folderdocument.moc"

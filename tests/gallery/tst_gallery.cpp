@@ -10,7 +10,7 @@
 #include <QTest>
 
 // The gallery as a person runs it: the program of the build, with its options.
-class tst_Gallery : public QObject
+class TestGallery : public QObject
 {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ private:
     QTemporaryDir m_dir;
 };
 
-tst_Gallery::Result tst_Gallery::run(const QStringList &arguments)
+TestGallery::Result TestGallery::run(const QStringList &arguments)
 {
     QProcess process;
     // It finds the modules by itself.
@@ -63,7 +63,7 @@ tst_Gallery::Result tst_Gallery::run(const QStringList &arguments)
     return result;
 }
 
-void tst_Gallery::initTestCase()
+void TestGallery::initTestCase()
 {
     QVERIFY(m_dir.isValid());
     QVERIFY(QDir(m_dir.path()).mkpath("album"));
@@ -73,7 +73,7 @@ void tst_Gallery::initTestCase()
     QVERIFY(picture.save(m_dir.filePath("hills.png")));
 }
 
-void tst_Gallery::listsItsPages()
+void TestGallery::listsItsPages()
 {
     const Result result = run({"--pages", m_dir.path()});
     QCOMPARE(result.errors, QString());
@@ -94,7 +94,7 @@ void tst_Gallery::listsItsPages()
 }
 
 // Arrows, triangles and the like come from whatever font has them, and change with it.
-void tst_Gallery::signsAreDrawn()
+void TestGallery::signsAreDrawn()
 {
     QDirIterator it(qEnvironmentVariable("OMBREL_SOURCE_DIR") + "/gallery/qml", {"*.qml"},
                     QDir::Files, QDirIterator::Subdirectories);
@@ -113,7 +113,7 @@ void tst_Gallery::signsAreDrawn()
     QVERIFY(files > 50);
 }
 
-void tst_Gallery::everyPageLoadsAndIsRendered()
+void TestGallery::everyPageLoadsAndIsRendered()
 {
     const QString shots = m_dir.filePath("pictures/of pages");
     const Result result = run({"--screenshots", shots, m_dir.path()});
@@ -135,7 +135,7 @@ void tst_Gallery::everyPageLoadsAndIsRendered()
     }
 }
 
-void tst_Gallery::onePageOnly()
+void TestGallery::onePageOnly()
 {
     const QString shots = m_dir.filePath("one");
     const Result result = run({"--page", "documents", "--screenshots", shots, m_dir.path()});
@@ -144,7 +144,7 @@ void tst_Gallery::onePageOnly()
     QCOMPARE(QDir(shots).entryList(QDir::Files), QStringList{"documents.png"});
 }
 
-void tst_Gallery::staysSilentOnOddFiles()
+void TestGallery::staysSilentOnOddFiles()
 {
     QTemporaryDir odd;
     QImage picture(300, 200, QImage::Format_RGB32);
@@ -176,7 +176,7 @@ void tst_Gallery::staysSilentOnOddFiles()
     }
 }
 
-void tst_Gallery::picturesHaveTheSizeThatIsAskedFor()
+void TestGallery::picturesHaveTheSizeThatIsAskedFor()
 {
     const QString shots = m_dir.filePath("sizes");
     Result result =
@@ -189,7 +189,7 @@ void tst_Gallery::picturesHaveTheSizeThatIsAskedFor()
     QVERIFY(QImage(shots + "/tree.png").height() > 480);
 }
 
-void tst_Gallery::picturesDifferFromPageToPage()
+void TestGallery::picturesDifferFromPageToPage()
 {
     const QDir shots(m_dir.filePath("pictures/of pages"));
     QVector<QImage> seen;
@@ -201,7 +201,7 @@ void tst_Gallery::picturesDifferFromPageToPage()
     }
 }
 
-void tst_Gallery::runsFromAnotherFolder()
+void TestGallery::runsFromAnotherFolder()
 {
     const QString before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(m_dir.filePath("album")));
@@ -212,7 +212,7 @@ void tst_Gallery::runsFromAnotherFolder()
     QVERIFY(QFileInfo::exists(m_dir.filePath("album/here/documents.png")));
 }
 
-void tst_Gallery::refuses_data()
+void TestGallery::refuses_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("reason");
@@ -228,7 +228,7 @@ void tst_Gallery::refuses_data()
         << "cannot be made";
 }
 
-void tst_Gallery::refuses()
+void TestGallery::refuses()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, reason);
@@ -238,6 +238,6 @@ void tst_Gallery::refuses()
     QCOMPARE(result.errors.count('\n'), 1);
 }
 
-QTEST_GUILESS_MAIN(tst_Gallery)
+QTEST_GUILESS_MAIN(TestGallery)
 
 #include "tst_gallery.moc"

@@ -22,7 +22,7 @@ using om::data::Document;
 using om::gallery::FolderTree;
 
 // The gallery's own window, used as a person does: clicks, keys, the wheel, files that come and go.
-class tst_Window : public QObject
+class TestWindow : public QObject
 {
     Q_OBJECT
 
@@ -65,7 +65,7 @@ private:
     QQuickWindow *m_window = nullptr;
 };
 
-void tst_Window::init()
+void TestWindow::init()
 {
     m_dir = std::make_unique<QTemporaryDir>();
     write("album/inner/deep.txt");
@@ -87,7 +87,7 @@ void tst_Window::init()
     QTRY_VERIFY(withText("zebra.txt"));
 }
 
-void tst_Window::cleanup()
+void TestWindow::cleanup()
 {
     m_engine.reset();
     m_tree.reset();
@@ -95,7 +95,7 @@ void tst_Window::cleanup()
     QCOMPARE(support::leftovers(), QString());
 }
 
-void tst_Window::write(const QString &name)
+void TestWindow::write(const QString &name)
 {
     const QString path = m_dir->filePath(name);
     QVERIFY(QDir().mkpath(QFileInfo(path).path()));
@@ -104,7 +104,7 @@ void tst_Window::write(const QString &name)
     file.write("text\n");
 }
 
-void tst_Window::resize(const QSize &size)
+void TestWindow::resize(const QSize &size)
 {
     m_window->resize(size);
     QTRY_COMPARE(m_window->contentItem()->size().toSize(), size);
@@ -112,26 +112,26 @@ void tst_Window::resize(const QSize &size)
     QVERIFY(!m_window->grabWindow().isNull());
 }
 
-QQuickItem *tst_Window::withText(const QString &text) const
+QQuickItem *TestWindow::withText(const QString &text) const
 {
     return support::itemWith(m_window->contentItem(), "text", text);
 }
 
-void tst_Window::click(QQuickItem *item)
+void TestWindow::click(QQuickItem *item)
 {
     QVERIFY(item);
     const QPointF center = item->mapToScene({qMin(item->width(), 30.0) / 2, item->height() / 2});
     QTest::mouseClick(m_window, Qt::LeftButton, {}, center.toPoint());
 }
 
-void tst_Window::doubleClick(QQuickItem *item)
+void TestWindow::doubleClick(QQuickItem *item)
 {
     QVERIFY(item);
     const QPointF center = item->mapToScene({qMin(item->width(), 30.0) / 2, item->height() / 2});
     QTest::mouseDClick(m_window, Qt::LeftButton, {}, center.toPoint());
 }
 
-QStringList tst_Window::pageTitles() const
+QStringList TestWindow::pageTitles() const
 {
     QStringList titles;
     const QVariantList pages = m_window->property("pages").toList();
@@ -164,7 +164,7 @@ static void collectCards(QQuickItem *item, QList<QQuickItem *> *cards)
         collectCards(child, cards);
 }
 
-void tst_Window::sidebarHasEveryPage()
+void TestWindow::sidebarHasEveryPage()
 {
     const QStringList titles = pageTitles();
     QVERIFY(!titles.isEmpty());
@@ -172,7 +172,7 @@ void tst_Window::sidebarHasEveryPage()
         QVERIFY2(withText(title), qPrintable(title));
 }
 
-void tst_Window::sidebarOpensPages()
+void TestWindow::sidebarOpensPages()
 {
     const QVariantList pages = m_window->property("pages").toList();
     for (const QVariant &page : pages) {
@@ -185,7 +185,7 @@ void tst_Window::sidebarOpensPages()
     }
 }
 
-void tst_Window::sidebarTakesArrowKeys()
+void TestWindow::sidebarTakesArrowKeys()
 {
     const QVariantList pages = m_window->property("pages").toList();
     const auto name = [&pages](int index) {
@@ -203,7 +203,7 @@ void tst_Window::sidebarTakesArrowKeys()
     QCOMPARE(m_window->property("currentPage").toString(), name(pages.size() - 1));
 }
 
-void tst_Window::pageScrollsByWheel()
+void TestWindow::pageScrollsByWheel()
 {
     QQuickItem *heading = withText("Context");
     QVERIFY(heading);
@@ -225,7 +225,7 @@ void tst_Window::pageScrollsByWheel()
     QTRY_COMPARE(heading->mapToScene({}).y(), before);
 }
 
-void tst_Window::wheelScrollsWhereverThePointerIs()
+void TestWindow::wheelScrollsWhereverThePointerIs()
 {
     resize({820, 480});
     const QStringList pages = pagesOfCards();
@@ -261,7 +261,7 @@ void tst_Window::wheelScrollsWhereverThePointerIs()
     }
 }
 
-void tst_Window::pageScrollsByKeys()
+void TestWindow::pageScrollsByKeys()
 {
     // A field keeps its keys; a click beside it gives them to the page.
     QQuickItem *heading = withText("Context");
@@ -306,14 +306,14 @@ static QStringList outside(QQuickItem *item, QQuickItem *card)
     return found;
 }
 
-void tst_Window::everythingIsInItsCard_data()
+void TestWindow::everythingIsInItsCard_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::newRow("the smallest window") << QSize(820, 480);
     QTest::newRow("the window as it opens") << QSize(1240, 820);
 }
 
-void tst_Window::everythingIsInItsCard()
+void TestWindow::everythingIsInItsCard()
 {
     QFETCH(QSize, size);
     resize(size);
@@ -334,7 +334,7 @@ void tst_Window::everythingIsInItsCard()
     }
 }
 
-void tst_Window::pageIsInTheMiddleOfALargeWindow()
+void TestWindow::pageIsInTheMiddleOfALargeWindow()
 {
     resize({1920, 1000});
     QVERIFY(!m_window->grabWindow().isNull());
@@ -347,7 +347,7 @@ void tst_Window::pageIsInTheMiddleOfALargeWindow()
     QVERIFY(place.width() > 1300);
 }
 
-void tst_Window::sidebarShowsTheCurrentPage_data()
+void TestWindow::sidebarShowsTheCurrentPage_data()
 {
     QTest::addColumn<QString>("page");
     QTest::newRow("the first") << "theme";
@@ -355,7 +355,7 @@ void tst_Window::sidebarShowsTheCurrentPage_data()
     QTest::newRow("the last") << "documents";
 }
 
-void tst_Window::sidebarShowsTheCurrentPage()
+void TestWindow::sidebarShowsTheCurrentPage()
 {
     QFETCH(QString, page);
     resize({820, 480});
@@ -380,7 +380,7 @@ void tst_Window::sidebarShowsTheCurrentPage()
     QVERIFY(bar && bar->isVisible());
 }
 
-void tst_Window::sectionsAreTheLibrarysRooms()
+void TestWindow::sectionsAreTheLibrarysRooms()
 {
     QStringList sections;
     const QVariantList pages = m_window->property("pages").toList();
@@ -397,7 +397,7 @@ void tst_Window::sectionsAreTheLibrarysRooms()
                     .exists());
 }
 
-void tst_Window::foldersOpenByDoubleClick()
+void TestWindow::foldersOpenByDoubleClick()
 {
     QVERIFY(!withText("second.txt"));
     doubleClick(withText("album"));
@@ -409,7 +409,7 @@ void tst_Window::foldersOpenByDoubleClick()
     QVERIFY(withText("2 documents"));
 }
 
-void tst_Window::crumbsLeadBack()
+void TestWindow::crumbsLeadBack()
 {
     doubleClick(withText("album"));
     QTRY_VERIFY(withText("inner"));
@@ -427,7 +427,7 @@ void tst_Window::crumbsLeadBack()
     QTRY_VERIFY(withText("zebra.txt"));
 }
 
-void tst_Window::namesAreEditedInPlace()
+void TestWindow::namesAreEditedInPlace()
 {
     click(withText("zebra.txt"));
     const auto focusedField = [this]() -> QQuickItem * {
@@ -450,7 +450,7 @@ void tst_Window::namesAreEditedInPlace()
     QTRY_VERIFY(withText("horse"));
 }
 
-void tst_Window::selectionSurvivesDeletedFiles()
+void TestWindow::selectionSurvivesDeletedFiles()
 {
     click(withText("zebra.txt"));
     QTRY_VERIFY(withText("text"));
@@ -461,7 +461,7 @@ void tst_Window::selectionSurvivesDeletedFiles()
     QTRY_VERIFY(withText(m_tree->folder()->childDocuments().first()->documentId()));
 }
 
-void tst_Window::shownFolderIsDeleted()
+void TestWindow::shownFolderIsDeleted()
 {
     doubleClick(withText("album"));
     QTRY_VERIFY(withText("inner"));
@@ -472,7 +472,7 @@ void tst_Window::shownFolderIsDeleted()
     QVERIFY(!withText("album"));
 }
 
-void tst_Window::emptyFolderSaysSo()
+void TestWindow::emptyFolderSaysSo()
 {
     doubleClick(withText("nothing"));
     QTRY_VERIFY(withText("This folder is empty"));
@@ -482,6 +482,6 @@ void tst_Window::emptyFolderSaysSo()
     QVERIFY(!withText("This folder is empty"));
 }
 
-QTEST_MAIN(tst_Window)
+QTEST_MAIN(TestWindow)
 
 #include "tst_window.moc"

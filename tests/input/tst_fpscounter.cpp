@@ -17,7 +17,7 @@ using namespace om::controls;
 
 namespace {
 
-/// Tells how many connections there are to its frames.
+/// Counts the connections to its frameSwapped().
 class Window : public QQuickWindow
 {
 public:
@@ -227,7 +227,7 @@ void TestFpsCounter::destroyedWithARetryPending()
 {
     QQuickItem item;
     delete completed(&item);
-    // The other counter's retry falls due after the dead one's would have.
+    // Waits for the retry of a second counter, which is due after that of the deleted one.
     Window window;
     const int before = window.listeners();
     completed(&item);

@@ -27,7 +27,7 @@ QList<int> rates(int frames, Time timeOf)
 
 } // namespace
 
-/// The arithmetic of the frame rate, with times made up.
+/// The arithmetic of the frame rate, with the times given by the test.
 class TestFrameRateMeter : public QObject
 {
     Q_OBJECT
@@ -40,7 +40,7 @@ private Q_SLOTS:
     void framesCountedTwice();
     void allAtOneTime();
     void theClockIsSetBack();
-    void theOldestAndTheNextAreNoPair();
+    void stepBackAfterTheOldestFrameIsNotCounted();
     void fastestAndSlowest();
 };
 
@@ -127,9 +127,9 @@ void TestFrameRateMeter::theClockIsSetBack()
     QCOMPARE(meter.framesPerSecond(), 50);
 }
 
-void TestFrameRateMeter::theOldestAndTheNextAreNoPair()
+void TestFrameRateMeter::stepBackAfterTheOldestFrameIsNotCounted()
 {
-    // The clock went back right after the oldest of the 60 frames: that step counts no more.
+    // The clock was set back right after the oldest of the 60 frames: that pair is not subtracted.
     FrameRateMeter meter(start);
     meter.addFrame(start + 999);
     for (int i = 0; i < 58; ++i) {

@@ -34,7 +34,7 @@ protected:
     }
 };
 
-/// Tells what its handlers leave of the events.
+/// Notes whether its handlers accept the events.
 class Area : public HoverArea
 {
 public:
@@ -109,7 +109,7 @@ private Q_SLOTS:
     void leavesWithItsWindow();
     void enteredAgainBeforeItHasLeft();
     void destroyedUnderARestingPointer();
-    void readWhileItGoes();
+    void readWhileItIsDestroyed();
     void destroyedInItsOwnSignal_data();
     void destroyedInItsOwnSignal();
     void windowDestroyedUnderARestingPointer();
@@ -252,7 +252,7 @@ void TestHoverArea::leavesWithItsWindow_data()
     QTest::newRow("out of its window, deleted for it") << false << true;
 }
 
-/// A window forgets an item that goes without telling it that the pointer has left.
+/// A window sends no hover-leave event to an item that leaves it.
 void TestHoverArea::leavesWithItsWindow()
 {
     QFETCH(bool, toAnother);
@@ -280,7 +280,7 @@ void TestHoverArea::leavesWithItsWindow()
     QCOMPARE(scene.changes, QList<bool>({true, false, true}));
 }
 
-/// There and back within one turn of the event loop, with the pointer over it in the end.
+/// Out of the window and back within one turn of the event loop, with the pointer over the area.
 void TestHoverArea::enteredAgainBeforeItHasLeft()
 {
     Scene scene;
@@ -313,8 +313,8 @@ void TestHoverArea::destroyedUnderARestingPointer()
     QCOMPARE(scene.pad->presses, 1);
 }
 
-/// Leaving the tree is told of: whoever hears it finds the area whole.
-void TestHoverArea::readWhileItGoes()
+/// The destructor leaves the item tree first: handlers of that may read the area's properties.
+void TestHoverArea::readWhileItIsDestroyed()
 {
     Scene scene;
     QVERIFY(scene.show());
@@ -333,7 +333,7 @@ void TestHoverArea::destroyedInItsOwnSignal_data()
     QTest::addColumn<bool>("hovered");
     QTest::addColumn<bool>("atOnce");
     QTest::newRow("on entering, at once") << true << true;
-    // Not at once on leaving: the window goes on with the item that it has told.
+    // Not deleted at once on leaving: the window uses the item after its event.
     QTest::newRow("on entering, later") << true << false;
     QTest::newRow("on leaving, later") << false << false;
 }

@@ -112,7 +112,7 @@ private Q_SLOTS:
     void pressAndReleaseReachTheFocusItem();
     void ignoredPressGetsNoRelease();
     void aTargetSilencesTheSource();
-    void aDestroyedTargetSilencesNoMore();
+    void aDestroyedTargetNoLongerSilences();
     void targetSignals();
     void withoutAWindow();
     void focusObjectThatIsNoItem();
@@ -121,7 +121,7 @@ private Q_SLOTS:
     void destroyedByThePress_data();
     void destroyedByThePress();
     void targetSetByThePress();
-    void readWhileItGoes();
+    void readWhileItIsDestroyed();
 };
 
 void TestKeyEventSource::pressAndReleaseReachTheFocusItem()
@@ -158,7 +158,7 @@ void TestKeyEventSource::aTargetSilencesTheSource()
     QCOMPARE(scene.field->keys.size(), 2);
 }
 
-void TestKeyEventSource::aDestroyedTargetSilencesNoMore()
+void TestKeyEventSource::aDestroyedTargetNoLongerSilences()
 {
     Scene scene;
     QVERIFY(scene.show());
@@ -228,7 +228,7 @@ void TestKeyEventSource::destroyedByTheFocus()
     QVERIFY(scene.show());
     QPointer<Field> other(new Field(scene.window->contentItem()));
     scene.window->forged = other;
-    // At once would be the ruin of Qt's own moving of the focus.
+    // Deleted later: Qt uses the item after its signal while it moves the focus.
     connect(other, &QQuickItem::activeFocusChanged, other, &QObject::deleteLater);
     scene.source->triggerKeyEvent(Qt::Key_A, QStringLiteral("a"));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -290,8 +290,8 @@ void TestKeyEventSource::targetSetByThePress()
     QVERIFY(!scene.source->target());
 }
 
-/// Leaving the tree is told of: whoever hears it finds the source whole.
-void TestKeyEventSource::readWhileItGoes()
+/// The destructor leaves the item tree first: handlers of that may read the source's properties.
+void TestKeyEventSource::readWhileItIsDestroyed()
 {
     QQuickWindow window;
     QQuickItem target;

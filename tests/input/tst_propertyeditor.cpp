@@ -192,7 +192,7 @@ private Q_SLOTS:
     void movedToAnotherWindowWhileEditing();
     void windowDestroyedWhileEditing();
     void editorDestroyedWhileEditing();
-    void readWhileItGoes();
+    void readWhileItIsDestroyed();
     void destroyedByItsShape();
     void destroyedInItsSignals_data();
     void destroyedInItsSignals();
@@ -462,8 +462,9 @@ void TestPropertyEditor::editorDestroyedWhileEditing()
 }
 
 /// The shape of an item is the application's code, too.
-/// Leaving the tree takes the focus away: whoever is told of it finds the editor whole.
-void TestPropertyEditor::readWhileItGoes()
+/// The destructor leaves the item tree, which takes the focus: handlers of that may read the
+/// editor.
+void TestPropertyEditor::readWhileItIsDestroyed()
 {
     Scene scene;
     QVERIFY(scene.edit());
@@ -510,7 +511,7 @@ void TestPropertyEditor::destroyedInItsSignals_data()
                                   "tabPressed backTabPressed enterPressed spacePressed");
     for (const QString &signal : all) {
         for (const QString &what : words("editor editor-later document window-later")) {
-            // Qt goes on with an item whose focus it is moving: at once would be its ruin.
+            // Deleted later: Qt uses the item after its signal while it moves the focus.
             if (what == QLatin1String("editor") && signal.endsWith(QLatin1String("Edit"))) {
                 continue;
             }
@@ -615,7 +616,7 @@ void TestPropertyEditor::lineHeightOfNothing()
     text.item->setProperty("text", QString());
     editor.setLineHeight(text.document, 1.5);
     QCOMPARE(text.heights(), QList<qreal>({150}));
-    // What is not a number says nothing.
+    // NaN changes nothing.
     editor.setLineHeight(text.document, qQNaN());
     QCOMPARE(text.heights(), QList<qreal>({150}));
 }

@@ -19,10 +19,10 @@
 #include <limits>
 #include <memory>
 
-/// Every example of the reference, through everything that can happen to objects from outside:
-/// windows and engines that go first, windows changed, scene graphs lost, sizes that make no sense.
-/// What is judged is that the process lives, says nothing, and that an example that survives draws
-/// the picture that it draws untouched; the sanitizers judge the rest.
+/// Every example of the reference under each mishap: windows and engines destroyed first, changes
+/// of windows, lost scene graphs, sizes such as NaN. The process must not end or log anything, and
+/// an example that still exists must draw the same picture as without the mishap; the sanitizers
+/// find the rest.
 class TestLifetimes : public QObject
 {
     Q_OBJECT
@@ -69,7 +69,7 @@ struct Stage
         window->show();
         window->requestActivate();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-        // Exposed again, a window may still be without a scene graph for a moment.
+        // A window that was exposed again may have no scene graph yet.
         QTRY_VERIFY(!window->grabWindow().isNull());
     }
 
@@ -86,12 +86,12 @@ void renderAgain(QQuickWindow *window)
     QTRY_VERIFY(!window->grabWindow().isNull());
 }
 
-using Ordeal = std::function<void(Stage &)>;
+using Mishap = std::function<void(Stage &)>;
 
-/// The ordeals by name, in words that say what happens.
-const std::vector<std::pair<const char *, Ordeal>> &ordeals()
+/// The mishaps, each with a name that says what happens.
+const std::vector<std::pair<const char *, Mishap>> &mishaps()
 {
-    static const std::vector<std::pair<const char *, Ordeal>> list = {
+    static const std::vector<std::pair<const char *, Mishap>> list = {
         {"destroyed before it was ever shown", [](Stage &stage) { delete stage.item.data(); }},
         {"destroyed with queued calls pending",
          [](Stage &stage) {
@@ -208,27 +208,27 @@ const std::vector<std::pair<const char *, Ordeal>> &ordeals()
 void TestLifetimes::survives_data()
 {
     QTest::addColumn<QString>("file");
-    QTest::addColumn<int>("ordeal");
+    QTest::addColumn<int>("mishap");
     const QDir folder(qEnvironmentVariable("OMBREL_SOURCE_DIR") + QStringLiteral("/docs/snippets"));
     const auto files = folder.entryInfoList({QStringLiteral("*.qml")}, QDir::Files);
     QVERIFY(!files.isEmpty());
     for (const QFileInfo &file : files) {
-        for (size_t i = 0; i < ordeals().size(); ++i) {
-            QTest::addRow("%s, %s", qPrintable(file.completeBaseName()), ordeals().at(i).first)
+        for (size_t i = 0; i < mishaps().size(); ++i) {
+            QTest::addRow("%s, %s", qPrintable(file.completeBaseName()), mishaps().at(i).first)
                 << file.absoluteFilePath() << int(i);
         }
     }
 }
 
-/// A text cursor that blinks would make two pictures of one example.
+/// Stops text cursors from blinking, which would make two pictures of one example.
 void TestLifetimes::initTestCase()
 {
     QGuiApplication::styleHints()->setCursorFlashTime(0);
 }
 
-/// Whether the example has no one picture: a part of it moves by itself, it has a text cursor,
-/// which is drawn only while the window system gives the window the focus, or it is a Flickable,
-/// which does not come back from a size that is NaN.
+/// Whether pictures of the example may differ: a part of it is animated; it has a text cursor,
+/// which is drawn only while the window has the focus; or it is a Flickable, whose contents stay
+/// lost after a size that is NaN.
 static bool isMoving(const QQuickItem *item)
 {
     if (item->inherits("QQuickFlickable")) {
@@ -246,7 +246,7 @@ static QImage picture(QQuickWindow *window)
     return QTest::qWaitForWindowActive(window) ? window->grabWindow() : QImage();
 }
 
-/// \a item in \a window draws what it draws untouched, or something where that moves.
+/// Checks that \a item in \a window draws its usual picture, or anything at all if isMoving().
 void TestLifetimes::comparePictures(QQuickWindow *window, QQuickItem *item, const QString &file)
 {
     if (isMoving(item)) {
@@ -259,7 +259,7 @@ void TestLifetimes::comparePictures(QQuickWindow *window, QQuickItem *item, cons
         Stage untouched;
         untouched.load(file);
         untouched.show();
-        // What follows another item does so a frame or two later.
+        // Items that follow others reach their place after one or two frames.
         QImage last;
         const auto isSettled = [&] {
             const QImage before = last;
@@ -275,13 +275,13 @@ void TestLifetimes::comparePictures(QQuickWindow *window, QQuickItem *item, cons
 void TestLifetimes::survives()
 {
     QFETCH(QString, file);
-    QFETCH(int, ordeal);
+    QFETCH(int, mishap);
     Stage stage;
     stage.load(file);
     if (!QTest::currentTestFailed()) {
-        ordeals().at(size_t(ordeal)).second(stage);
+        mishaps().at(size_t(mishap)).second(stage);
     }
-    // An engine takes along what it owns: the rows of a tree are then bare.
+    // The engine owns the objects made from delegates: without it a tree's rows are empty.
     const bool isBare = !stage.engine && file.contains(QLatin1String("/TreeView"));
     if (!QTest::currentTestFailed() && stage.item && !isBare) {
         if (!stage.window) {

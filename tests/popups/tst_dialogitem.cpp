@@ -39,8 +39,8 @@ private Q_SLOTS:
     void acceptWithoutResult();
     void modalDisablesItsSiblings();
     void nonModalDisablesNothing();
-    void restoresWhenModalWasTurnedOff();
-    void nothingIsTakenWhenModalIsTurnedOn();
+    void enablesSiblingsThoughModalWasTurnedOff();
+    void modalTurnedOnWhileOpenDisablesNothing();
     void showingAgainOnlyFocuses();
     void closingAgainOnlySaysSo();
     void laterDialogsLieHigher();
@@ -274,7 +274,7 @@ void TestDialogItem::nonModalDisablesNothing()
     QCOMPARE(openDialogs(), 0);
 }
 
-void TestDialogItem::restoresWhenModalWasTurnedOff()
+void TestDialogItem::enablesSiblingsThoughModalWasTurnedOff()
 {
     Dialogs dialogs;
     dialogs.run(QStringLiteral("dialog.show(); log = []; dialog.modal = false"));
@@ -283,7 +283,7 @@ void TestDialogItem::restoresWhenModalWasTurnedOff()
     QCOMPARE(dialogs.takeLog(), QStringLiteral("dialog false, first true, last true"));
 }
 
-void TestDialogItem::nothingIsTakenWhenModalIsTurnedOn()
+void TestDialogItem::modalTurnedOnWhileOpenDisablesNothing()
 {
     Dialogs dialogs;
     dialogs.run(QStringLiteral("dialog.modal = false; dialog.show(); dialog.modal = true"));

@@ -21,7 +21,7 @@ using support::QmlView;
 using support::SignalRecorder;
 using support::SignalTrap;
 
-/// What a DialogItem survives: its end, and changes of mind, in the midst of what it does.
+/// Destruction, opening and closing of a DialogItem from inside its own operations.
 class TestDialogLifetime : public QObject
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ private Q_SLOTS:
     void destroyedInsideASignal();
     void deletedInEverySignal_data();
     void deletedInEverySignal();
-    void readWhileItGoes();
+    void readWhileItIsDestroyed();
     void destroyedByItsLoader_data();
     void destroyedByItsLoader();
     void destroyedWithItsWindow();
@@ -150,7 +150,7 @@ void TestDialogLifetime::destroyedWhileOpen()
     QVERIFY(!dialogs.item("already")->isEnabled());
     QCOMPARE(openDialogs(), 0);
 
-    // A handler that reaches for the dialog on its way out finds nothing to open any more.
+    // A handler that calls show() during the destruction opens nothing.
     Dialogs again;
     again.run(QStringLiteral("dialog.show(); first.enabledChanged.connect(function() { "
                              "if (dialog) dialog.show() })"));
@@ -236,8 +236,8 @@ void TestDialogLifetime::deletedInEverySignal()
     }
 }
 
-/// A dialog that goes leaves the tree and loses the focus, and handlers of that may look at it.
-void TestDialogLifetime::readWhileItGoes()
+/// The destructor leaves the item tree and loses the focus: handlers of that may read the dialog.
+void TestDialogLifetime::readWhileItIsDestroyed()
 {
     Maker maker;
     const QPointer<QQuickItem> dialog = maker.make();
@@ -320,7 +320,7 @@ void TestDialogLifetime::showInOnRejected()
     QCOMPARE(openDialogs(), 0);
 }
 
-/// Showing ends with opened() in any case; whether the dialog is still open is told by open.
+/// show() emits opened() in any case; the property open says whether the dialog is still open.
 void TestDialogLifetime::openedThoughRejectedInOnOpenChanged()
 {
     Dialogs dialogs;
@@ -361,7 +361,7 @@ void TestDialogLifetime::closedAndShownInOnOpenChanged()
     QVERIFY(dialogs.item("last")->isEnabled());
 }
 
-/// A dialog that is closed while it takes its place among the open ones was never one of them.
+/// A dialog that a handler of zChanged() closes while it opens does not count as open.
 void TestDialogLifetime::closedInOnZChanged()
 {
     Dialogs dialogs;

@@ -10,7 +10,7 @@
 #include <QQuickWindow>
 #include <QTest>
 
-/// When the popup of a PopupAnchorItem goes, and what it leaves to others.
+/// Which input hides the popup of a PopupAnchorItem, and which it leaves to other items.
 class TestPopupAnchorInput : public QObject
 {
     Q_OBJECT

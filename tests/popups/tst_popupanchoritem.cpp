@@ -286,7 +286,7 @@ void TestPopupAnchorItem::distancesTruncateTowardsZero()
     scene.run(QStringLiteral("anchor.show()"));
     // (800.7, -40.6): towards zero on either side of it.
     QCOMPARE(scene.distances(), (QList<int>{-40, 640, 0}));
-    // What has not changed says nothing.
+    // A distance that is the same as before emits nothing.
     QCOMPARE(recorder.take(),
              (QStringList{QStringLiteral("anchor.distanceTopChanged"),
                           QStringLiteral("anchor.distanceBottomChanged")}));
@@ -412,7 +412,7 @@ void TestPopupAnchorItem::farOutsideTheScene()
     QCOMPARE(support::framesWhileIdle(scene.window.data()), 0);
 }
 
-/// It would run from its own popup for ever.
+/// Following its own popup, the item would move with every frame, without end.
 void TestPopupAnchorItem::insideItsOwnPopup()
 {
     AnchorScene scene;

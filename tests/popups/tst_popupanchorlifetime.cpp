@@ -24,7 +24,7 @@ using support::QmlView;
 using support::SignalRecorder;
 using support::SignalTrap;
 
-/// What a PopupAnchorItem survives: no popup, a broken one, and the end of what it deals with.
+/// A PopupAnchorItem without a popup, with a failing one, and with parts that are destroyed.
 class TestPopupAnchorLifetime : public QObject
 {
     Q_OBJECT
@@ -54,8 +54,8 @@ private Q_SLOTS:
     void destroyedWithItsWindow();
     void windowDestroyedFirst();
 
-    void changeOfMindWhileShowing_data();
-    void changeOfMindWhileShowing();
+    void hiddenWhileShowing_data();
+    void hiddenWhileShowing();
     void aThousandShowsAndHides();
 };
 
@@ -384,7 +384,7 @@ void TestPopupAnchorLifetime::anchorDestroyedWhileShown()
     const QPointer<QQuickItem> popup = scene.popup();
     delete scene.anchor();
     QVERIFY(popup);
-    // What is told of the place does not need the anchor.
+    // The distances are computed without the anchor.
     scene.item("inner")->setPosition(QPointF(200, 100));
     QTRY_COMPARE(scene.distances(), (QList<int>{100, 499, 599}));
     scene.press(outside);
@@ -410,7 +410,7 @@ void TestPopupAnchorLifetime::anchorDestroyedWhileShown()
     scene.anchorItem->setParentItem(home);
 }
 
-/// An item of the application's own whose end comes while it is made.
+/// The popup's own code destroys the anchor item while the popup is made.
 void TestPopupAnchorLifetime::deletedWhileItMakesItsPopup()
 {
     Maker maker;
@@ -521,7 +521,7 @@ void TestPopupAnchorLifetime::windowDestroyedFirst()
         anchor->setProperty("popupVisible", true);
         after.setParentItem(window.contentItem());
     }
-    // Nobody was skipped while the window let go of its items.
+    // The destroyed window took all of its items out, none was skipped.
     QVERIFY(!before.window());
     QVERIFY(!after.window());
     QVERIFY(!anchor->window());
@@ -537,7 +537,7 @@ void TestPopupAnchorLifetime::windowDestroyedFirst()
     QTRY_VERIFY(!popup->window());
 }
 
-void TestPopupAnchorLifetime::changeOfMindWhileShowing_data()
+void TestPopupAnchorLifetime::hiddenWhileShowing_data()
 {
     QTest::addColumn<QString>("handler");
     QTest::newRow("popupVisibleChanged") << "anchor.popupVisibleChanged";
@@ -545,7 +545,7 @@ void TestPopupAnchorLifetime::changeOfMindWhileShowing_data()
     QTest::newRow("distanceBottomChanged") << "anchor.distanceBottomChanged";
 }
 
-void TestPopupAnchorLifetime::changeOfMindWhileShowing()
+void TestPopupAnchorLifetime::hiddenWhileShowing()
 {
     QFETCH(QString, handler);
     AnchorScene scene;

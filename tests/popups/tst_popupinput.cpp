@@ -35,7 +35,7 @@ private Q_SLOTS:
     void otherKeysReachThePopup();
     void persistentIgnoresAll();
     void theLastOpenedIsAskedFirst();
-    void closedItLeavesPressesAloneAtOnce();
+    void takesNoPressesWhileItsClosingIsSignalled();
     void shapeThatDeletesThePopup();
 
     void movedToAnotherWindowWhileOpen();
@@ -180,7 +180,7 @@ void TestPopupInput::persistentIgnoresAll()
     press(view.window(), outside);
     QTest::keyClick(view.window(), Qt::Key_Escape);
     QCOMPARE(popup->property("open"), QVariant(true));
-    // Neither is kept from whom it was meant for.
+    // Both events reach their receivers.
     QCOMPARE(view.root()->property("pressedBelow"), QVariant(1));
     QCOMPARE(view.root()->property("typed").toString(), QStringLiteral("\x1b"));
     evaluate(view.root(), QStringLiteral("popup.reject()"));
@@ -201,8 +201,8 @@ void TestPopupInput::theLastOpenedIsAskedFirst()
              QStringLiteral("first,second"));
 }
 
-/// A handler of the closing may ask the user something, and so deliver presses, before it returns.
-void TestPopupInput::closedItLeavesPressesAloneAtOnce()
+/// A handler of the closing may run a modal loop that delivers presses before it returns.
+void TestPopupInput::takesNoPressesWhileItsClosingIsSignalled()
 {
     QmlView view;
     view.loadFile(QStringLiteral("data/popup.qml"));
@@ -218,7 +218,7 @@ void TestPopupInput::closedItLeavesPressesAloneAtOnce()
     QCOMPARE(view.root()->property("pressedBelow"), QVariant(1));
 }
 
-/// The shape of an item is the application's code, too.
+/// contains() of an item may call the application's containmentMask.
 void TestPopupInput::shapeThatDeletesThePopup()
 {
     class Shape : public QQuickItem
@@ -241,7 +241,7 @@ void TestPopupInput::shapeThatDeletesThePopup()
     shape.popup->setProperty("open", true);
     press(view.window(), outside);
     QVERIFY(!shape.popup);
-    // What became of it meanwhile is a closed popup's business no more: the press goes on.
+    // The popup is closed by now, so the press is delivered.
     QCOMPARE(view.root()->property("pressedBelow"), QVariant(1));
 }
 
@@ -267,12 +267,12 @@ void TestPopupInput::movedToAnotherWindowWhileOpen()
     second.update();
     QTRY_COMPARE(popup->position(), QPointF(10, 50));
 
-    // The old window's input is its own again.
+    // Presses in the old window do not reach the popup any more.
     press(view.window(), outside);
     QTest::keyClick(view.window(), Qt::Key_Escape);
     QCOMPARE(popup->property("open"), QVariant(true));
     QCOMPARE(view.root()->property("pressedBelow"), QVariant(1));
-    // The new one's frames and presses are the popup's.
+    // The popup follows the new window's frames and presses.
     target.setX(100);
     QTRY_COMPARE(popup->x(), 90.0);
     press(&second, QPoint(50, 200));

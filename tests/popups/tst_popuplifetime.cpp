@@ -25,7 +25,7 @@ using support::QmlView;
 using support::SignalRecorder;
 using support::SignalTrap;
 
-/// What a Popup survives: its end, and changes of mind, in the midst of what it does.
+/// Destruction, opening and closing of a Popup from inside its own operations.
 class TestPopupLifetime : public QObject
 {
     Q_OBJECT
@@ -45,11 +45,11 @@ private Q_SLOTS:
     void destroyedWithItsWindow();
     void deletedInEverySignal_data();
     void deletedInEverySignal();
-    void readWhileItGoes();
+    void readWhileItIsDestroyed();
 
     void showInOnRejected();
-    void changeOfMindWhileOpening_data();
-    void changeOfMindWhileOpening();
+    void closedWhileOpening_data();
+    void closedWhileOpening();
     void toldOnceWhateverHandlersDo();
     void reopenedWhileClosing();
     void closedByAHandlerOfItsMove_data();
@@ -262,7 +262,7 @@ void TestPopupLifetime::destroyedInsideASignal()
     QCOMPARE(view.root()->property("pressedBelow"), QVariant(1));
 }
 
-/// A popup that is visible from the start is told of to the root that it moves to.
+/// A popup that is visible from the start emits signals as it moves to the root of the item tree.
 void TestPopupLifetime::destroyedByItsMoveToTheTop()
 {
     Maker maker;
@@ -394,8 +394,8 @@ void TestPopupLifetime::deletedInEverySignal()
     }
 }
 
-/// A popup that goes leaves the tree and loses the focus, and handlers of that may look at it.
-void TestPopupLifetime::readWhileItGoes()
+/// The destructor leaves the item tree and loses the focus: handlers of that may read the popup.
+void TestPopupLifetime::readWhileItIsDestroyed()
 {
     Maker maker;
     const QPointer<QQuickItem> popup = maker.make();
@@ -435,7 +435,7 @@ void TestPopupLifetime::showInOnRejected()
     QTRY_VERIFY(!popup->isVisible());
 }
 
-void TestPopupLifetime::changeOfMindWhileOpening_data()
+void TestPopupLifetime::closedWhileOpening_data()
 {
     QTest::addColumn<QString>("handler");
     QTest::newRow("visibleChanged") << "visibleChanged";
@@ -444,7 +444,7 @@ void TestPopupLifetime::changeOfMindWhileOpening_data()
     QTest::newRow("activeFocusChanged") << "activeFocusChanged";
 }
 
-void TestPopupLifetime::changeOfMindWhileOpening()
+void TestPopupLifetime::closedWhileOpening()
 {
     QFETCH(QString, handler);
     QmlView view;
@@ -462,7 +462,7 @@ void TestPopupLifetime::changeOfMindWhileOpening()
     QCOMPARE(popup->opacity(), 0.0);
 }
 
-/// Closed and opened again by a handler, it has said so already when the first opening goes on.
+/// A handler closes and opens the popup again: the first opening emits nothing more after that.
 void TestPopupLifetime::toldOnceWhateverHandlersDo()
 {
     Maker maker;
@@ -560,7 +560,7 @@ void TestPopupLifetime::reopenedByAHandlerOfItsMove()
     QCOMPARE(maker.pressedBelow(), 0);
 }
 
-/// A popup that tells of its closing is closed already: no input rejects it.
+/// While its closing is signalled the popup is closed already: no input rejects it again.
 void TestPopupLifetime::inputWhileItCloses()
 {
     Maker maker;
@@ -585,7 +585,7 @@ void TestPopupLifetime::placeChangedByAHandlerOfItsMove_data()
     QTest::newRow("offset") << QByteArray("offset");
 }
 
-/// What is told is what holds.
+/// The properties have the signalled values while the signals are emitted.
 void TestPopupLifetime::placeChangedByAHandlerOfItsMove()
 {
     QFETCH(QByteArray, property);

@@ -17,7 +17,7 @@ using support::evaluate;
 using support::QmlView;
 using support::SignalRecorder;
 
-/// Where a Popup lies, what it follows, and what following costs.
+/// Where a Popup lies, what it follows, and how many frames following takes.
 class TestPopupPosition : public QObject
 {
     Q_OBJECT
@@ -43,8 +43,8 @@ private Q_SLOTS:
     void attachedToEachOther_data();
     void attachedToEachOther();
     void followsOneThatIsAttachedInACircle();
-    void placesThatAreNoNumbers_data();
-    void placesThatAreNoNumbers();
+    void placesThatAreNotFinite_data();
+    void placesThatAreNotFinite();
 };
 
 void TestPopupPosition::cleanup()
@@ -218,7 +218,7 @@ void TestPopupPosition::attachedItemInsideThePopup()
     popup->setProperty("open", true);
     QTRY_VERIFY(fadeOf(popup)->state() == QAbstractAnimation::Stopped);
     support::grab(view.window());
-    // It does not run after itself.
+    // The popup does not follow its own child.
     QCOMPARE(support::framesWhileIdle(view.window()), 0);
     QCOMPARE(popup->position(), QPointF(30, 40));
     press(view.window(), QPoint(30 + 65, 45));
@@ -240,7 +240,7 @@ void TestPopupPosition::attachedToEachOther_data()
     QTest::newRow("two popups by way of a place") << QStringList{"a placeItem", "b inA"};
 }
 
-/// Each would run from the other for ever.
+/// Following each other, both popups would move with every frame, without end.
 void TestPopupPosition::attachedToEachOther()
 {
     QFETCH(QStringList, attachments);
@@ -278,15 +278,15 @@ void TestPopupPosition::followsOneThatIsAttachedInACircle()
     QCOMPARE(view.item<>("a")->position(), QPointF(100, 50));
 }
 
-void TestPopupPosition::placesThatAreNoNumbers_data()
+void TestPopupPosition::placesThatAreNotFinite_data()
 {
     QTest::addColumn<QPointF>("offset");
     QTest::newRow("not a number") << QPointF(qQNaN(), 0);
     QTest::newRow("infinite") << QPointF(0, qInf());
 }
 
-/// What never equals itself would be a move with every frame.
-void TestPopupPosition::placesThatAreNoNumbers()
+/// NaN differs from itself: following it would be a move with every frame.
+void TestPopupPosition::placesThatAreNotFinite()
 {
     QFETCH(QPointF, offset);
     QmlView view;

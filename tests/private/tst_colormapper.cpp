@@ -250,7 +250,7 @@ void TestColorMapper::hexThatIsNoColorIsStoredInvalid()
     // The same once more is the colour that it has.
     call("updateHex", QStringLiteral("nor this"));
     QCOMPARE(m_recorder->take(), QStringList());
-    // And the way back.
+    // From an invalid colour to a valid one.
     call("updateHex", QStringLiteral("0000FF"));
     QCOMPARE(views(), QStringLiteral("240 255 255 | 0 0 255 60 | 0000FF"));
 }
@@ -281,7 +281,7 @@ void TestColorMapper::updateFromInsideEachSignal_data()
     }
 }
 
-/// Whatever signal brings a further update: in the end all views are those of the colour.
+/// An update from inside any signal: afterwards all views are those of the last colour.
 void TestColorMapper::updateFromInsideEachSignal()
 {
     QFETCH(QByteArray, method);

@@ -63,7 +63,7 @@ void TestMarkers::everyStepOfThePlacement()
     QCOMPARE(evaluate(m_view->root(), QStringLiteral("notes.join(' ')")).toString(), steps);
 }
 
-/// Each step uses the numbers as they are when its turn comes.
+/// Each step reads the numbers again, as the step before may have changed them.
 void TestMarkers::sliderWhoseStepChangesTheHue()
 {
     QQuickItem *strip = m_view->item("strip");
@@ -99,8 +99,8 @@ void TestMarkers::oneMarkerWhenTheDelegateComesBack_data()
     boxRows();
 }
 
-/// A handler that sets another delegate and then this one again has a marker made; there is no
-/// second one.
+/// A handler that sets another delegate and then this one again has made its marker already: no
+/// second one is made.
 void TestMarkers::oneMarkerWhenTheDelegateComesBack()
 {
     QFETCH(QString, box);
@@ -133,8 +133,8 @@ void TestMarkers::removedAfterItsComponent_data()
     boxRows();
 }
 
-/// The property reads null once the component is gone, so null is not the value that made the
-/// marker: setting it takes the marker away.
+/// The property reads null after its component was destroyed, while the marker lives: setting null
+/// removes it.
 void TestMarkers::removedAfterItsComponent()
 {
     QFETCH(QString, box);

@@ -238,8 +238,8 @@ void TestPickerBoxes::pressTakesFocusAndMouse()
     }
 }
 
-/// The window gives the mouse to whatever accepts a press; a press that comes another way does not
-/// rely on that.
+/// A window makes the item that accepts a press the mouse grabber. The box grabs the mouse itself,
+/// so that a press sent to it directly works as well.
 void TestPickerBoxes::pressTakesTheFocusFirst()
 {
     for (QQuickItem *box : {m_strip, m_square}) {
@@ -510,7 +510,7 @@ void TestPickerBoxes::delegateThatDestroysItself()
     QFETCH(QString, box);
     QFETCH(QByteArray, property);
     auto *item = qobject_cast<QQuickItem *>(m_view->find(box));
-    // Condemned when it comes into the box, before it is placed.
+    // Scheduled for deletion when it becomes a child of the box, before it is placed.
     SignalRecorder recorder;
     recorder.watch(item, QString(), {QStringLiteral("childrenChanged")}, [item] {
         if (QQuickItem *marker = item->childItems().value(0)) {
@@ -572,7 +572,7 @@ void TestPickerBoxes::delegateSetFromItsOwnSignal()
     give(item, property, "objects");
     QCOMPARE(item->childItems().size(), 1);
     QCOMPARE(item->childItems().value(0)->objectName(), QStringLiteral("other"));
-    // Nothing is made of the one that was overruled.
+    // The delegate that was replaced meanwhile makes no object.
     QCOMPARE(evaluate(item, QStringLiteral("objectsMade")).toInt(), 0);
 }
 
@@ -581,7 +581,7 @@ void TestPickerBoxes::delegateThatSetsAnother_data()
     boxRows();
 }
 
-/// From what it runs on completion, before the box has got its item.
+/// In its completion handler, before the box has got its item.
 void TestPickerBoxes::delegateThatSetsAnother()
 {
     QFETCH(QString, box);

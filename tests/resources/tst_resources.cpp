@@ -23,7 +23,7 @@ private Q_SLOTS:
     void initTestCase();
     void files_data();
     void files();
-    void nothingElseIsThere();
+    void treesHoldNoOtherFiles();
     void formatVersionIsTwo();
     void nineSlicesStretch_data();
     void nineSlicesStretch();
@@ -169,7 +169,7 @@ void TestResources::files()
     QVERIFY(hole);
 }
 
-void TestResources::nothingElseIsThere()
+void TestResources::treesHoldNoOtherFiles()
 {
     QStringList found;
     const QString prefix = QStringLiteral(":/controls");

@@ -88,7 +88,7 @@ private Q_SLOTS:
     void dragToAProgramThatRefuses();
     void dragFromAnotherProgram();
     void manyUrlsFromAnotherProgram();
-    void programsAreMissedAloud();
+    void missingProgramsAreReported();
     void eventsReachAWindow();
     void watchNotesWhatADragBrings();
     void eventsHaveASourceInsideADrag();
@@ -291,7 +291,7 @@ void TestInput::manyUrlsFromAnotherProgram()
     QCOMPARE(window.urls.last(), QUrl(text("file:///many/999.png")));
 }
 
-void TestInput::programsAreMissedAloud()
+void TestInput::missingProgramsAreReported()
 {
     support::ForeignProgram program(text("no-such-program"));
     QVERIFY(!program.start({}));

@@ -86,7 +86,7 @@ private Q_SLOTS:
     void comparesStates();
     void nodeShape();
     void encodesOncePerUrl();
-    void neverTwiceForLooks();
+    void onlyANewUrlEncodesAndUploads();
     void repaintsWhenItHasTo();
     void smoothingWaitsForAGeometryChange();
     void scaleWaitsForARepaint();
@@ -183,7 +183,7 @@ void TestQRCodeWork::encodesOncePerUrl()
     QCOMPARE(int(encodings), 2);
 }
 
-void TestQRCodeWork::neverTwiceForLooks()
+void TestQRCodeWork::onlyANewUrlEncodesAndUploads()
 {
     QQuickWindow window;
     window.resize(400, 400);

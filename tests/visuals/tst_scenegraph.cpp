@@ -41,7 +41,7 @@ private Q_SLOTS:
     void frameDestroyedTakesItsRing();
     void framesWindowClosedFirst();
     void frameLeavesOtherConnectionsAlone();
-    void frameAtNoPlaceAsksForNoFrames();
+    void frameWithNaNPlaceRequestsNoFrames();
 
 private:
     QQuickItem *make(QQuickWindow *window, const char *qml);
@@ -505,7 +505,7 @@ void TestSceneGraph::frameLeavesOtherConnectionsAlone()
     QTRY_COMPARE(resized, 1);
 }
 
-void TestSceneGraph::frameAtNoPlaceAsksForNoFrames()
+void TestSceneGraph::frameWithNaNPlaceRequestsNoFrames()
 {
     QQuickWindow window;
     show(window);

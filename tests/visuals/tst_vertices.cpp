@@ -29,8 +29,8 @@ private Q_SLOTS:
     void hueStrip();
     void square_data();
     void square();
-    void extentsThatAreNoPlaceCollapse_data();
-    void extentsThatAreNoPlaceCollapse();
+    void extentsBeyondFloatBecomeZero_data();
+    void extentsBeyondFloatBecomeZero();
     void hueFromPlace_data();
     void hueFromPlace();
     void valueAndSaturationFromPlace_data();
@@ -150,7 +150,7 @@ void TestVertices::square()
     QCOMPARE(color(vertices[3]), QStringLiteral("255 255 255 255"));
 }
 
-void TestVertices::extentsThatAreNoPlaceCollapse_data()
+void TestVertices::extentsBeyondFloatBecomeZero_data()
 {
     QTest::addColumn<double>("extent");
     QTest::newRow("not a number") << notANumber;
@@ -160,7 +160,7 @@ void TestVertices::extentsThatAreNoPlaceCollapse_data()
     QTest::newRow("less than a float can be") << -1e300;
 }
 
-void TestVertices::extentsThatAreNoPlaceCollapse()
+void TestVertices::extentsBeyondFloatBecomeZero()
 {
     QFETCH(double, extent);
     QCOMPARE(text(dashedBorderVertices(extent, 7)), QStringLiteral("0,0 0,0 0,7 0,7"));

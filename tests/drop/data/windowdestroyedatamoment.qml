@@ -4,16 +4,16 @@
 import QtQuick 2.12
 import QtQuick.Window 2.12
 
-// A window that destroys itself at the moment it is told.
+// A window that destroys itself in the signal handler that "moment" names.
 Window {
     id: window
     width: 100
     height: 100
 
-    property alias moment: doomed.moment
+    property alias moment: zone.moment
 
-    Doomed {
-        id: doomed
-        onDoom: window.destroy()
+    MomentSignal {
+        id: zone
+        onReached: window.destroy()
     }
 }
