@@ -26,6 +26,7 @@ TreeView {
         }
     ]
     delegate: Item {
+        height: 20
         enabled: TreeView.isActiveItem
     }
 }
