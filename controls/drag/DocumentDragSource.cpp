@@ -6,6 +6,7 @@
 #include "controls/drag/DocumentsPayload.h"
 #include "controls/drag/DragVisualState.h"
 #include "controls/support/ListElement.h"
+#include "controls/support/QmlPlace.h"
 
 #include <QCursor>
 #include <QDrag>
@@ -208,7 +209,7 @@ void DocumentDragSource::release()
         return;
     }
     if (m_differences.tellsReleases) {
-        qDebug("discard");
+        QmlPlace(source).log().debug("discard");
     }
     finish();
 }

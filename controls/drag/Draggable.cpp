@@ -4,6 +4,7 @@
 #include "controls/drag/Draggable.h"
 
 #include "controls/drag/DraggablePayload.h"
+#include "controls/support/QmlPlace.h"
 
 #include <QDebug>
 #include <QDrag>
@@ -210,7 +211,8 @@ Draggable::Draggable(QQuickItem *parent)
 Draggable::~Draggable()
 {
     if (d->state != Private::Idle) {
-        qWarning() << "Destroyed Draggable during drag!" << parent();
+        const QmlPlace place(this);
+        place.log().warning() << "Destroyed Draggable during drag!" << parent();
     }
     if (d->watchedWindow) {
         d->watchedWindow->removeEventFilter(this);

@@ -5,8 +5,8 @@
 
 #include "controls/drop/DropData.h"
 #include "controls/support/ListElement.h"
+#include "controls/support/QmlPlace.h"
 
-#include <QDebug>
 #include <QHash>
 #include <QMimeData>
 #include <QPointer>
@@ -62,7 +62,7 @@ void DropZone::Private::clear()
         return;
     }
     if (activeHandler) {
-        qWarning("Drop handlers changed during drag operation");
+        QmlPlace(q).log().warning("Drop handlers changed during drag operation");
         // Only the warning: neither exited() nor containsDragChanged() is emitted.
         activeHandler = nullptr;
     }

@@ -4,6 +4,7 @@
 #include "controls/private/Marker.h"
 
 #include "controls/private/Logging.h"
+#include "controls/support/QmlPlace.h"
 
 #include <QQmlEngine>
 
@@ -50,7 +51,7 @@ bool Marker::create(QQmlComponent *delegate, const char *warning)
     const QPointer<QQuickItem> item(qobject_cast<QQuickItem *>(object));
     if (!item) {
         delete object;
-        qCWarning(lcControls, "%s", warning);
+        QmlPlace(box).log().warning(lcControls(), "%s", warning);
         return false;
     }
     if (!box || m_delegate != delegate) {

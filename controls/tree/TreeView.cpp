@@ -4,6 +4,7 @@
 #include "controls/tree/TreeView.h"
 
 #include "controls/support/ListElement.h"
+#include "controls/support/QmlPlace.h"
 #include "controls/tree/ContentHeight.h"
 #include "controls/tree/RootDocuments.h"
 #include "controls/tree/TreeRows.h"
@@ -13,7 +14,6 @@
 
 #include <OmbrelDataCore/Context.h>
 
-#include <QDebug>
 #include <QHash>
 #include <QImageReader>
 #include <QKeyEvent>
@@ -173,7 +173,7 @@ void TreeView::Private::appendRoot(Document *document)
 void TreeView::Private::createContent()
 {
     if (!delegate) {
-        qCritical("No delegate present - TreeView cannot render tree");
+        QmlPlace(q).log().critical("No delegate present - TreeView cannot render tree");
         return;
     }
     if (!contentComponent) {

@@ -5,6 +5,7 @@
 
 #include "controls/scenegraph/QRCodeNode.h"
 #include "controls/scenegraph/Renderer.h"
+#include "controls/support/QmlPlace.h"
 #include "qr/QrEncoder.h"
 
 #include <QImage>
@@ -12,7 +13,6 @@
 #include <QPointer>
 #include <QQuickWindow>
 #include <QSGTexture>
-#include <QtDebug>
 
 namespace om::controls {
 
@@ -141,7 +141,8 @@ void QRCode::setModuleSize(int moduleSize)
 {
     // Refused instead of clamped: a wrong size would be noticed only when the code is printed.
     if (moduleSize < minimumModuleSize || moduleSize > maximumModuleSize) {
-        qWarning("Module size must be between %d and %d", minimumModuleSize, maximumModuleSize);
+        QmlPlace(this).log().warning("Module size must be between %d and %d", minimumModuleSize,
+                                     maximumModuleSize);
         return;
     }
     if (moduleSize == d->moduleSize) {

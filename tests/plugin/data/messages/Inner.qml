@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.12
+import ombrel.Controls 1.0
+
+Item {
+    QRCode { moduleSize: 2000000000 }
+}

@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.12
+import ombrel.Controls 1.0
+import ombrel.Controls.Private 1.0
+
+SaturationValueBox {
+    width: 100
+    height: 100
+    crossHairDelegate: QtObject {}
+}
