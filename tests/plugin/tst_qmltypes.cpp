@@ -156,7 +156,8 @@ void TestQmlTypes::initTestCase()
 {
     const QString controls = qEnvironmentVariable("OMBREL_BUILD_DIR")
         + QStringLiteral("/qml/ombrel/Controls/plugins.qmltypes");
-    for (const QString &path : {controls, dataCoreDescriptions()}) {
+    // The data core's types are described with the controls, too, but exported by their own module.
+    for (const QString &path : {dataCoreDescriptions(), controls}) {
         const QString text = contentOf(path);
         if (text.isEmpty() && path != controls) {
             continue;
