@@ -116,7 +116,8 @@ protected:
     void notifyContext();
 
 private:
-    class Private;
+    // Of an exported class, but nobody's to call.
+    class Q_DECL_HIDDEN Private;
     const std::unique_ptr<Private> d;
 };
 

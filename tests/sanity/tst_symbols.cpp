@@ -8,8 +8,8 @@
 #include <QTest>
 #include <QVersionNumber>
 
-/// The libraries import no function of Qt that came after 5.12. Debian notes for each symbol of a
-/// package the version that brought it.
+/// What the libraries import and export. They import no function of Qt that came after 5.12: Debian
+/// notes for each symbol of a package the version that brought it.
 class TestSymbols : public QObject
 {
     Q_OBJECT
@@ -18,8 +18,12 @@ private Q_SLOTS:
     void initTestCase();
     void nothingNewerIsImported_data();
     void nothingNewerIsImported();
+    void privateClassesAreHidden();
 
 private:
+    /// What nm says of the dynamic symbols of a file of the build, a line each.
+    QByteArrayList symbols(const QString &file, const QStringList &options);
+
     /// By "symbol@version node".
     QHash<QByteArray, QVersionNumber> m_since;
 };
@@ -63,17 +67,9 @@ void TestSymbols::nothingNewerIsImported_data()
 void TestSymbols::nothingNewerIsImported()
 {
     QFETCH(QString, file);
-    const QString path = qEnvironmentVariable("OMBREL_BUILD_DIR") + QLatin1Char('/') + file;
-    QVERIFY2(QFile::exists(path), qPrintable(path));
-
-    QProcess nm;
-    nm.start(QStringLiteral("nm"),
-             {QStringLiteral("--dynamic"), QStringLiteral("--undefined-only"), path});
-    QVERIFY2(nm.waitForFinished(), qPrintable(nm.errorString()));
-    QCOMPARE(nm.exitCode(), 0);
     QByteArrayList newer;
     int known = 0;
-    const QByteArrayList lines = nm.readAllStandardOutput().split('\n');
+    const QByteArrayList lines = symbols(file, {QStringLiteral("--undefined-only")});
     for (const QByteArray &line : lines) {
         const QByteArray symbol = line.simplified().split(' ').last();
         // The tag is not a function: it says which Qt the library was built with.
@@ -86,6 +82,36 @@ void TestSymbols::nothingNewerIsImported()
     }
     QVERIFY(known > 10);
     QVERIFY2(newer.isEmpty(), newer.join('\n').constData());
+}
+
+// Once exported, a function is there for others to link, and has to stay.
+void TestSymbols::privateClassesAreHidden()
+{
+    const QString library = QStringLiteral("lib/libOmbrelDataCore.so");
+    if (!QFile::exists(qEnvironmentVariable("OMBREL_BUILD_DIR") + QLatin1Char('/') + library))
+        QSKIP("the data core is the system's");
+    const QByteArrayList lines =
+        symbols(library, {QStringLiteral("--defined-only"), QStringLiteral("--demangle")});
+    QByteArrayList hidden;
+    int classes = 0;
+    for (const QByteArray &line : lines) {
+        classes += line.contains("om::data::Document::");
+        if (line.contains("Private"))
+            hidden.append(line);
+    }
+    QVERIFY(classes > 10);
+    QVERIFY2(hidden.isEmpty(), hidden.join('\n').constData());
+}
+
+QByteArrayList TestSymbols::symbols(const QString &file, const QStringList &options)
+{
+    const QString path = qEnvironmentVariable("OMBREL_BUILD_DIR") + QLatin1Char('/') + file;
+    QProcess nm;
+    nm.start(QStringLiteral("nm"),
+             QStringList{QStringLiteral("--dynamic")} + options + QStringList{path});
+    if (!nm.waitForFinished() || nm.exitCode() != 0)
+        qWarning("nm: %s %s", qPrintable(nm.errorString()), nm.readAllStandardError().constData());
+    return nm.readAllStandardOutput().split('\n');
 }
 
 QTEST_GUILESS_MAIN(TestSymbols)
