@@ -21,9 +21,9 @@ set(OMBREL_RUN_TEST "${PROJECT_SOURCE_DIR}/tests/support/run-test")
 
 function(ombrel_test_entry name loop offscreen)
     set(import_path "${PROJECT_BINARY_DIR}/qml")
-    if(OmbrelDataCore_QML_DIR)
+    if(OmbrelDataCore_QML_IMPORT_PATH)
         # An installed data core has its QML module in a folder of its own.
-        string(APPEND import_path ":${OmbrelDataCore_QML_DIR}")
+        string(APPEND import_path ":${OmbrelDataCore_QML_IMPORT_PATH}")
     endif()
     set(environment
         "QML2_IMPORT_PATH=${import_path}"

@@ -17,12 +17,23 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace {
 
 int refuse(const QString &reason)
 {
     QTextStream(stderr) << "ombrel-gallery: " << reason << '\n';
     return 1;
+}
+
+/// Help and version need no display, so they are there where none is.
+bool asksForWordsOnly(int argc, char **argv)
+{
+    const QByteArrayList words = {"-h", "--help", "-v", "--version"};
+    return std::any_of(argv + 1, argv + argc, [&words](const char *argument) {
+        return words.contains(QByteArray::fromRawData(argument, int(qstrlen(argument))));
+    });
 }
 
 QStringList pageNames(const QQuickWindow *window)
@@ -43,14 +54,16 @@ int main(int argc, char *argv[])
     // The gallery draws its own controls; the style must not depend on the desktop's.
     qputenv("QT_QUICK_CONTROLS_STYLE", "Default");
     QGuiApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("ombrel-gallery"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Ombrel Gallery"));
+    QGuiApplication::setApplicationVersion(QStringLiteral(OMBREL_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.ombrel.gallery"));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Shows every control of ombrel.Controls, live and with its properties."));
     parser.addHelpOption();
+    parser.addVersionOption();
     const QCommandLineOption pageOption(QStringLiteral("page"), QStringLiteral("Open this page."),
                                         QStringLiteral("name"));
     const QCommandLineOption pagesOption(QStringLiteral("pages"),
@@ -69,6 +82,11 @@ int main(int argc, char *argv[])
                                  QStringLiteral("The folder to show as documents; the current one "
                                                 "unless given."),
                                  QStringLiteral("[folder]"));
+    if (asksForWordsOnly(argc, argv)) {
+        const QCoreApplication withoutDisplay(argc, argv);
+        parser.process(withoutDisplay);
+    }
+    QGuiApplication application(argc, argv);
     parser.process(application);
 
     const QString path = parser.positionalArguments().value(0, QDir::currentPath());

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void picturesHaveTheSizeThatIsAskedFor();
     void picturesDifferFromPageToPage();
     void runsFromAnotherFolder();
+    void saysWithoutADisplay_data();
+    void saysWithoutADisplay();
     void refuses_data();
     void refuses();
 
@@ -34,19 +36,21 @@ private:
         QString output;
         QString errors;
     };
-    static Result run(const QStringList &arguments);
+    static Result run(const QStringList &arguments, bool withDisplay = true);
 
     QStringList m_pages;
     QTemporaryDir m_dir;
 };
 
-TestGallery::Result TestGallery::run(const QStringList &arguments)
+TestGallery::Result TestGallery::run(const QStringList &arguments, bool withDisplay)
 {
     QProcess process;
     // It finds the modules by itself.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove("QML2_IMPORT_PATH");
     environment.remove("XDG_RUNTIME_DIR");
+    if (!withDisplay)
+        environment.remove("DISPLAY");
     process.setProcessEnvironment(environment);
     process.start(qEnvironmentVariable("OMBREL_BUILD_DIR") + "/bin/ombrel-gallery", arguments);
     Result result;
@@ -210,6 +214,30 @@ void TestGallery::runsFromAnotherFolder()
     QCOMPARE(result.errors, QString());
     QCOMPARE(result.code, 0);
     QVERIFY(QFileInfo::exists(m_dir.filePath("album/here/documents.png")));
+}
+
+void TestGallery::saysWithoutADisplay_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("beginning");
+    QTest::newRow("version") << "--version"
+                             << "ombrel-gallery " OMBREL_VERSION "\n";
+    QTest::newRow("version, short") << "-v"
+                                    << "ombrel-gallery " OMBREL_VERSION "\n";
+    QTest::newRow("help") << "--help"
+                          << "Usage: ";
+    QTest::newRow("help, short") << "-h"
+                                 << "Usage: ";
+}
+
+void TestGallery::saysWithoutADisplay()
+{
+    QFETCH(QString, option);
+    const Result result = run({option}, false);
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.code, 0);
+    QFETCH(QString, beginning);
+    QCOMPARE(result.output.left(beginning.size()), beginning);
 }
 
 void TestGallery::refuses_data()
