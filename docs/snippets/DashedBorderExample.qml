@@ -8,6 +8,7 @@ Item {
     width: 200
     height: 100
 
+    //! [border]
     DashedBorder {
         x: 20.5
         y: 20.5
@@ -15,4 +16,5 @@ Item {
         height: 59
         borderColor: "#40A1BB"
     }
+    //! [border]
 }

@@ -37,6 +37,7 @@ Item {
         }
     }
 
+    //! [dialog]
     DialogItem {
         id: dialog
         x: 60
@@ -74,4 +75,5 @@ Item {
             }
         }
     }
+    //! [dialog]
 }

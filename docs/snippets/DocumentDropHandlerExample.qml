@@ -33,6 +33,7 @@ Row {
             anchors.centerIn: parent
             text: "Images"
         }
+        //! [zone]
         DropZone {
             id: zone
             anchors.fill: parent
@@ -41,5 +42,6 @@ Row {
                 onDropped: label.text = drag.source.dragDocuments[0].name
             }
         }
+        //! [zone]
     }
 }

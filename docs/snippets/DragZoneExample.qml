@@ -11,6 +11,7 @@ DragZone {
     width: 320
     height: 200
 
+    //! [list]
     Column {
         anchors.fill: parent
         anchors.margins: 16
@@ -34,11 +35,13 @@ DragZone {
             }
         }
     }
+    //! [list]
 
     Document { id: first; documentId: "1"; name: "Letter"; types: ["text"] }
     Document { id: second; documentId: "2"; name: "Portrait"; types: ["image"] }
     Document { id: third; documentId: "3"; name: "Sunset"; types: ["image"] }
 
+    //! [visual]
     dragDelegate: Rectangle {
         id: visual
         readonly property bool dropped: DragZone.isDropped
@@ -58,4 +61,5 @@ DragZone {
             ScriptAction { script: visual.DragZone.delayRemove = false }
         }
     }
+    //! [visual]
 }

@@ -10,6 +10,7 @@ Rectangle {
     height: 200
     color: zone.containsDrag ? "#E7F1F4" : "#F8F7F5"
 
+    //! [zone]
     DropZone {
         id: zone
         anchors.fill: parent
@@ -26,6 +27,7 @@ Rectangle {
             onDropped: text.text = "Files: " + drag.data.join(", ")
         }
     }
+    //! [zone]
 
     Text {
         id: text

@@ -11,6 +11,7 @@ Item {
     width: 240
     height: 120
 
+    //! [frame]
     Rectangle {
         anchors.centerIn: parent
         width: 120
@@ -28,4 +29,5 @@ Item {
             }
         }
     }
+    //! [frame]
 }

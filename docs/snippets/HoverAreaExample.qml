@@ -19,8 +19,10 @@ Rectangle {
         anchors.centerIn: parent
         text: area.hovered ? "Click me" : "Come here"
     }
+    //! [area]
     HoverArea {
         id: area
         anchors.fill: parent
     }
+    //! [area]
 }

@@ -9,11 +9,13 @@ Item {
     width: 240
     height: 140
 
+    //! [shadow]
     BorderImage {
         anchors.fill: parent
         source: "qrc:/controls/images/dialog-shadow.png"
         border { left: 36; right: 36; top: 36; bottom: 36 }
     }
+    //! [shadow]
     Rectangle {
         anchors.fill: parent
         anchors.margins: 18

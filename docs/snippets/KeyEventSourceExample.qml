@@ -15,6 +15,7 @@ Column {
         focus: true
         text: "Type here: "
     }
+    //! [source]
     Row {
         spacing: 8
         Repeater {
@@ -31,5 +32,6 @@ Column {
             }
         }
     }
+    //! [source]
     KeyEventSource { id: source }
 }

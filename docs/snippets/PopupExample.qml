@@ -9,6 +9,7 @@ Item {
     height: 240
 
     // A combo box of the simplest kind.
+    //! [box]
     Rectangle {
         id: box
         property string choice: "Summer"
@@ -58,4 +59,5 @@ Item {
             }
         }
     }
+    //! [box]
 }

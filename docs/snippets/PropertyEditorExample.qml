@@ -14,6 +14,7 @@ Rectangle {
 
     Document { id: report; name: "Report" }
 
+    //! [editor]
     PropertyEditor {
         id: editor
 
@@ -55,4 +56,5 @@ Rectangle {
             onClicked: editor.forceActiveFocus()
         }
     }
+    //! [editor]
 }

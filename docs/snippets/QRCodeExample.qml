@@ -5,6 +5,7 @@ import QtQuick 2.12
 import ombrel.Controls 1.0
 
 // A code with the light margin of four modules that scanners want.
+//! [margin]
 Rectangle {
     width: code.width + 8 * code.moduleSize
     height: code.height + 8 * code.moduleSize
@@ -19,3 +20,4 @@ Rectangle {
         antialiasing: true
     }
 }
+//! [margin]

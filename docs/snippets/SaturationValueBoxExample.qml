@@ -9,6 +9,7 @@ Item {
     width: 240
     height: 160
 
+    //! [square]
     SaturationValueBox {
         id: square
         x: 20
@@ -31,4 +32,5 @@ Item {
             }
         }
     }
+    //! [square]
 }

@@ -53,6 +53,7 @@ Flickable {
                 MouseArea { anchors.fill: parent }
             }
 
+            //! [keys]
             Keys.onPressed: {
                 const row = currentEntry();
                 const page = view.height - 24;
@@ -85,6 +86,7 @@ Flickable {
                         find(event.text.toLowerCase());
                 }
             }
+            //! [keys]
 
             // Hidden rows have no height: a point inside a row is in one that is shown.
             function rowAt(y) {

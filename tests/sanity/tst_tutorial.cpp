@@ -30,7 +30,10 @@ private Q_SLOTS:
 
 private:
     void load(int step);
-    QQuickItem *the(const char *type) const { return itemsOf(m_view->window()->contentItem(), type).value(0); }
+    QQuickItem *the(const char *type) const
+    {
+        return itemsOf(m_view->window()->contentItem(), type).value(0);
+    }
     /// What can be read of the tree, from the first row to the last.
     QString rows() const;
     /// The text that is \a shown, wherever it is.
@@ -97,7 +100,8 @@ void TestTutorial::step2ShowsDocuments()
     QCOMPARE(rows(), QStringLiteral("My documents, Holiday, Beach, Hills, Work"));
     click(saying("Beach"));
     QQuickItem *const tree = the("om::controls::TreeView");
-    QCOMPARE(evaluate(tree, QStringLiteral("activeDocument.name")).toString(), QStringLiteral("Beach"));
+    QCOMPARE(evaluate(tree, QStringLiteral("activeDocument.name")).toString(),
+             QStringLiteral("Beach"));
     // The triangle before a folder hides what is in it.
     const QQuickItem *const holiday = saying("Holiday");
     const QPointF left = holiday->mapToScene({-10, holiday->height() / 2});
@@ -117,8 +121,9 @@ void TestTutorial::step3TakesFiles()
     QVERIFY(the("om::controls::DashedBorder")->isVisible());
     drag.drop({100, 200});
     QVERIFY(!the("om::controls::DashedBorder")->isVisible());
-    QTRY_COMPARE(rows(),
-                 QStringLiteral("My documents, Holiday, Beach, Hills, Work, My report.pdf, notes.txt"));
+    QTRY_COMPARE(
+        rows(),
+        QStringLiteral("My documents, Holiday, Beach, Hills, Work, My report.pdf, notes.txt"));
     QCOMPARE(ask("library.children[3].url").toUrl().fileName(), QStringLiteral("notes.txt"));
 }
 
@@ -166,9 +171,7 @@ void TestTutorial::step5MovesByDragging()
             "the folder sees the document")
         .release()
         .until(
-            [this] {
-                return rows() == QLatin1String("My documents, Holiday, Hills, Work, Beach");
-            },
+            [this] { return rows() == QLatin1String("My documents, Holiday, Hills, Work, Beach"); },
             "the document in its new folder");
     QVERIFY2(gesture.run(), gesture.error());
     // Files are taken as before.
