@@ -51,8 +51,10 @@ class Writer:
     def linked(self, match):
         text, link = match.groups()
         target = self.target(link)
-        text = text.replace("`", "").replace("\\", "\\\\")
-        return r"\l{%s}{%s}" % (target, text) if target else text
+        words = text.replace("`", "").replace("\\", "\\\\")
+        if target:
+            return r"\l{%s}{%s}" % (target, words)
+        return r"\c{%s}" % words if text.startswith("`") else words
 
     def inline(self, text, arguments=()):
         """TEXT with qdoc's marks; names of ARGUMENTS are marked as such."""
@@ -141,6 +143,8 @@ class Writer:
                 content = rest
                 if not content or content[0][0] == "text" and content[0][1].startswith("None"):
                     continue
+                # qdoc has a heading of this name above its own list.
+                title = "About the " + title.lower()
             text.append(self.block(("heading", 2, title)))
             text.append(self.body(content))
         return "\n".join([comment(*head, "\n\n".join(text))] + members)
