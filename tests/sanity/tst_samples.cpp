@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/DocumentFiles.h"
 #include "tests/support/Leftovers.h"
 
 #include <QDir>
@@ -12,7 +13,6 @@
 #include <QQmlPropertyMap>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -55,22 +55,16 @@ static QStringList editedInVain(const QQuickItem *item)
 /// Writes each block of \a document that names its file (```qml FILE) into \a folder.
 void TestSamples::writeFilesOf(const QString &document, const QString &folder)
 {
-    QFile file(document);
-    QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(document));
-    const QRegularExpression block(QStringLiteral("^```qml *([^\\n]*)\\n(.*?)^```$"),
-                                   QRegularExpression::MultilineOption
-                                       | QRegularExpression::DotMatchesEverythingOption);
-    auto blocks = block.globalMatch(QString::fromUtf8(file.readAll()));
-    QVERIFY2(blocks.hasNext(), qPrintable(document + QStringLiteral(" has no QML file")));
-    while (blocks.hasNext()) {
-        const auto match = blocks.next();
-        QVERIFY2(!match.captured(1).isEmpty(),
+    const auto files = support::qmlFilesIn(document);
+    QVERIFY2(!files.empty(), qPrintable(document + QStringLiteral(" has no QML file")));
+    for (const auto &file : files) {
+        QVERIFY2(!file.first.isEmpty(),
                  qPrintable(document + QStringLiteral(" has a block without a file's name")));
-        const QString path = folder + QLatin1Char('/') + match.captured(1);
+        const QString path = folder + QLatin1Char('/') + file.first;
         QVERIFY(QDir().mkpath(QFileInfo(path).path()));
         QFile sample(path);
         QVERIFY2(sample.open(QIODevice::WriteOnly), qPrintable(path));
-        sample.write(match.captured(2).toUtf8());
+        sample.write(file.second);
         m_written.append(path);
     }
 }
