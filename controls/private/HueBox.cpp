@@ -83,7 +83,12 @@ void HueBox::setSliderDelegate(QQmlComponent *delegate)
 void HueBox::mousePressEvent(QMouseEvent *event)
 {
     const QPointer<HueBox> box(this);
-    forceActiveFocus();
+    // forceActiveFocus() begins with this, and would go on with a box that a handler of the focus
+    // has destroyed.
+    setFocus(true);
+    if (box) {
+        forceActiveFocus();
+    }
     if (box) {
         grabMouse();
         mouseMoveEvent(event);

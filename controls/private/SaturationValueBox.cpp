@@ -139,7 +139,12 @@ void SaturationValueBox::setCrossHairDelegate(QQmlComponent *delegate)
 void SaturationValueBox::mousePressEvent(QMouseEvent *event)
 {
     const QPointer<SaturationValueBox> box(this);
-    forceActiveFocus();
+    // forceActiveFocus() begins with this, and would go on with a box that a handler of the focus
+    // has destroyed.
+    setFocus(true);
+    if (box) {
+        forceActiveFocus();
+    }
     if (box) {
         grabMouse();
         mouseMoveEvent(event);

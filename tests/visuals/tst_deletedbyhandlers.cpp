@@ -22,6 +22,8 @@ private Q_SLOTS:
     void fromItsOwnSignal();
     void fromAGeometrySignal_data();
     void fromAGeometrySignal();
+    void codeFromItsImplicitSize_data();
+    void codeFromItsImplicitSize();
     void boxFromAPress_data();
     void boxFromAPress();
     void boxFromItsMarker_data();
@@ -54,6 +56,16 @@ QStringList types()
     names.removeAll(QStringLiteral("Stage"));
     return names;
 }
+
+/// Hands events to an item's own handlers.
+class DirectEvents : public QQuickItem
+{
+public:
+    static void press(QQuickItem *item, QMouseEvent *event)
+    {
+        (item->*&DirectEvents::mousePressEvent)(event);
+    }
+};
 
 /// A value of the same type that \a property takes and that is not the present one; invalid for
 /// a type that no property has had so far.
@@ -177,7 +189,50 @@ void TestDeletedByHandlers::fromAGeometrySignal()
     }
 }
 
-// Not from a code's implicit size: Qt's own setters of it read the item after their signal.
+void TestDeletedByHandlers::codeFromItsImplicitSize_data()
+{
+    QTest::addColumn<QByteArray>("signature");
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<bool>("hasASize");
+    const QUrl url(QStringLiteral("https://example.org/longer/than/before"));
+    for (const char *signature : {"implicitWidthChanged()", "implicitHeightChanged()"}) {
+        for (const bool hasASize : {false, true}) {
+            const char *const size = hasASize ? "with a size of its own" : "as large as its code";
+            QTest::addRow("%s by moduleSize, %s", signature, size)
+                << QByteArray(signature) << QByteArray("moduleSize") << QVariant(9) << hasASize;
+            QTest::addRow("%s by url, %s", signature, size)
+                << QByteArray(signature) << QByteArray("url") << QVariant(url) << hasASize;
+        }
+    }
+}
+
+/// Qt's setters of an implicit size read an item that has a size of its own after their signal, so
+/// that one can be deleted later only, and gets its other length before.
+void TestDeletedByHandlers::codeFromItsImplicitSize()
+{
+    QFETCH(QByteArray, signature);
+    QFETCH(QByteArray, property);
+    QFETCH(QVariant, value);
+    QFETCH(bool, hasASize);
+    QQuickItem *const code = make(QStringLiteral("QRCode"));
+    if (hasASize) {
+        const QMetaObject *const meta = code->metaObject();
+        connect(code, meta->method(meta->indexOfSignal(signature)), code,
+                meta->method(meta->indexOfSlot("deleteLater()")));
+    } else {
+        code->resetWidth();
+        code->resetHeight();
+        deleteFrom(code, signature);
+    }
+    QQmlProperty::write(code, QString::fromLatin1(property), value);
+    if (hasASize) {
+        QVERIFY(m_victim->implicitWidth() != 168.0);
+        QCOMPARE(m_victim->implicitHeight(), m_victim->implicitWidth());
+        QCoreApplication::sendPostedEvents(m_victim, QEvent::DeferredDelete);
+    }
+    QVERIFY(!m_victim);
+}
 
 void TestDeletedByHandlers::boxFromAPress_data()
 {
@@ -208,9 +263,10 @@ void TestDeletedByHandlers::boxFromAPress()
     box->setProperty("crossHairDelegate", box->property("marker"));
     QCOMPARE(box->childItems().size(), 1);
     deleteFrom(box, signature);
-    QTest::mousePress(&window, Qt::LeftButton, {}, {50, 40});
+    // To the box itself: a window goes on with the item after its event.
+    QMouseEvent press(QEvent::MouseButtonPress, {50, 40}, Qt::LeftButton, Qt::LeftButton, {});
+    DirectEvents::press(box, &press);
     QVERIFY(!m_victim);
-    QTest::mouseRelease(&window, Qt::LeftButton, {}, {50, 40});
 }
 
 void TestDeletedByHandlers::boxFromItsMarker_data()
