@@ -141,7 +141,7 @@ QStringList TestWindow::pageTitles() const
 }
 
 // The names of the pages that scroll and are made of cards.
-QStringList tst_Window::pagesOfCards() const
+QStringList TestWindow::pagesOfCards() const
 {
     QStringList names;
     const QVariantList pages = m_window->property("pages").toList();
