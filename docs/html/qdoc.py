@@ -31,7 +31,7 @@ class Writer:
     """Writes the pages of one set, which link each other."""
 
     def __init__(self, pages, types):
-        self.pages = pages  # paths relative to docs/
+        self.pages = pages  # their blocks by the path relative to docs/
         self.types = types  # those that are QML types: path to name
         self.path = ""
 
@@ -77,6 +77,32 @@ class Writer:
                 piece = re.sub(r"\*\*([^*]+)\*\*", r"\\b{\1}", piece)
                 done += re.sub(r"(?<![\w*])\*([^*]+)\*(?![\w*])", r"\\e{\1}", piece)
         return done.replace("\\ ,", ",")
+
+    def contents(self, index):
+        """The table of contents for Qt Creator: the headings of the page INDEX and what it links."""
+        self.path = "README.md"
+        found = '<section ref="index.html" title="Ombrel Controls">'
+        level = 1
+        for block in index[1:]:
+            if block[0] == "heading":
+                found += "</section>" * (level - block[1] + 1)
+                level = block[1]
+                found += '<section ref="index.html" title="%s">' % block[2].replace("`", "")
+            elif block[0] == "list":
+                for text, link in (LINK.match(item).groups() for item in block[1] if LINK.match(item)):
+                    if self.target(link):
+                        found += '<section ref="%s" title="%s"/>' % (self.file(link), text)
+        # What is for those who work on the library has no page here.
+        return re.sub(r'<section ref="[^"]*" title="[^"]*"></section>', "", found + "</section>" * level)
+
+    def file(self, link):
+        """The HTML file of the page LINK."""
+        path = posixpath.normpath(posixpath.join(posixpath.dirname(self.path), link))
+        if path not in self.types:
+            return page_name(path)
+        face = self.pages[path][1][1]
+        module = IMPORT.findall(face)[-1].replace(".", "-")
+        return f"qml-{module}-{self.types[path]}.html".lower()
 
     # Blocks.
 
