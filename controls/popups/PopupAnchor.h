@@ -11,7 +11,9 @@ namespace om::controls {
 
 /// The item at the top of the window in which the popup of a PopupAnchorItem lies. It follows that
 /// item, which is its QObject parent.
-class PopupAnchor : public QQuickItem, public Follower
+class PopupAnchor
+    : public QQuickItem
+    , public Follower
 {
     // No Q_OBJECT: to QML it is a plain Item.
 public:
