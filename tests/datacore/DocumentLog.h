@@ -31,9 +31,10 @@ public:
 
     void watch(om::data::Context *context)
     {
-        connect(context, &om::data::Context::documentChanged, this, [this, context](om::data::Document *document) {
-            entries.append(context->objectName() + '(' + document->objectName() + ')');
-        });
+        connect(context, &om::data::Context::documentChanged, this,
+                [this, context](om::data::Document *document) {
+                    entries.append(context->objectName() + '(' + document->objectName() + ')');
+                });
     }
 
     QStringList take()
