@@ -6,7 +6,6 @@
 #include <QMetaMethod>
 #include <QMetaProperty>
 #include <QQmlComponent>
-#include <QQmlEngine>
 #include <QQmlProperty>
 #include <QQuickItem>
 
@@ -37,8 +36,6 @@ struct RowItemAccess::Numbers
         delegateItem = property("delegateItem");
         branchHandleItem = property("branchHandleItem");
         collapseMarker = property("marker");
-        defaultHandle = property("defaultHandle");
-        pressArea = property("press");
         bindDelegateWidth = function("bindDelegateWidth()");
         measureMarker = function("measureMarker()");
         layoutRequired =
@@ -62,8 +59,6 @@ struct RowItemAccess::Numbers
     int delegateItem;
     int branchHandleItem;
     int collapseMarker;
-    int defaultHandle;
-    int pressArea;
     int bindDelegateWidth;
     int measureMarker;
     int layoutRequired;
@@ -134,7 +129,7 @@ bool RowItemAccess::fits(QQuickItem *item)
     const QMetaObject *type = item->metaObject();
     const Numbers &numbers = Numbers::of(item);
     return type->method(numbers.bindDelegateWidth).name() == "bindDelegateWidth"
-        && qstrcmp(type->property(numbers.defaultHandle).name(), "defaultHandle") == 0;
+        && qstrcmp(type->property(numbers.collapseMarker).name(), "marker") == 0;
 }
 
 void RowItemAccess::setAwaitsEntry(bool awaits)
@@ -204,52 +199,37 @@ QQuickItem *RowItemAccess::collapseMarker() const
     return qobject_cast<QQuickItem *>(readObject(m_item, m_numbers.collapseMarker));
 }
 
-QQuickItem *RowItemAccess::makeDefaultBranchHandle()
+QQmlComponent *RowItemAccess::defaultBranchHandle() const
 {
-    auto *component = qobject_cast<QQmlComponent *>(readObject(m_item, m_numbers.defaultHandle));
-    auto *handle = qobject_cast<QQuickItem *>(component->beginCreate(component->creationContext()));
-    if (handle) {
-        QQuickItem *marker = collapseMarker();
-        handle->setParent(marker);
-        handle->setParentItem(marker);
-        component->completeCreate();
-        QQmlEngine::setObjectOwnership(handle, QQmlEngine::JavaScriptOwnership);
-    }
-    return handle;
+    return m_item->findChild<QQmlComponent *>(QString(), Qt::FindDirectChildrenOnly);
 }
 
-void RowItemAccess::followMarkerChildren(QQuickItem *handle)
+void RowItemAccess::fitMarker()
 {
     QQuickItem *marker = collapseMarker();
-    const auto measure = [row = m_item, marker] {
-        QObject::disconnect(marker, &QQuickItem::childrenChanged, row, nullptr);
-        // Read before it is bound: the first read computes the rectangle and emits its change.
-        marker->childrenRect();
-        call(row, RowItemAccess(row).m_numbers.measureMarker);
-    };
-    if (marker->childItems().size() != (handle ? 1 : 0)) {
-        measure();
-        return;
-    }
-    QObject::connect(marker, &QQuickItem::childrenChanged, m_item, measure);
-    if (handle) {
-        const auto follow = [marker, handle] {
-            if (marker->childItems().size() == 1 && handle->parentItem() == marker) {
-                marker->setSize(handle->size());
-            }
-        };
-        follow();
-        QObject::connect(handle, &QQuickItem::widthChanged, marker, follow);
-        QObject::connect(handle, &QQuickItem::heightChanged, marker, follow);
+    auto *handle = qobject_cast<QQuickItem *>(readObject(m_item, m_numbers.branchHandleItem));
+    if (handle && handle->parentItem() == marker && marker->childItems().size() == 1) {
+        marker->setSize(handle->size());
     }
 }
 
-void RowItemAccess::raisePressArea()
+void RowItemAccess::measureMarker()
 {
-    auto *area = qobject_cast<QQuickItem *>(readObject(m_item, m_numbers.pressArea));
-    QQuickItem *last = m_item->childItems().constLast();
-    if (area != last) {
-        area->stackAfter(last);
+    // Read before it is bound: the first read computes the rectangle and emits its change.
+    collapseMarker()->childrenRect();
+    call(m_item, m_numbers.measureMarker);
+}
+
+QQuickItem *RowItemAccess::pressArea() const
+{
+    return m_item->childItems().value(0);
+}
+
+void RowItemAccess::raisePressArea(QQuickItem *area)
+{
+    const QList<QQuickItem *> children = m_item->childItems();
+    if (children.contains(area) && area != children.constLast()) {
+        area->stackAfter(children.constLast());
     }
 }
 

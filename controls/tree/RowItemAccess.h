@@ -7,6 +7,7 @@
 
 QT_BEGIN_NAMESPACE
 class QObject;
+class QQmlComponent;
 class QQuickItem;
 QT_END_NAMESPACE
 
@@ -45,14 +46,17 @@ public:
     void setBranchHandleItem(QQuickItem *item);
     /// Where the branch handle goes.
     QQuickItem *collapseMarker() const;
-    /// Makes the default branch handle. It belongs to the QML engine, as objects made from
-    /// delegates do, and is destroyed with the marker at the latest.
-    QQuickItem *makeDefaultBranchHandle();
-    /// Keeps the marker as large as the rectangle of its children, of which \a handle is the only
-    /// one to begin with; null when there is none.
-    void followMarkerChildren(QQuickItem *handle);
-    /// Stacks the press area above the row's other children: it gets each press first.
-    void raisePressArea();
+    /// The component of the default branch handle; null when the application has destroyed it.
+    QQmlComponent *defaultBranchHandle() const;
+    /// Gives the marker the size of the branch handle while that is its only child.
+    void fitMarker();
+    /// Binds the marker's size to the rectangle of its children.
+    void measureMarker();
+    /// The press area of a row that has no parts yet; null when the application has moved it away.
+    QQuickItem *pressArea() const;
+    /// Stacks the press \a area above the row's other children: it gets each press first. Does
+    /// nothing when \a area is no child of the row any more; it may be destroyed then.
+    void raisePressArea(QQuickItem *area);
     /// Has the background \a item fill the row, below everything else. This and placeDelegate()
     /// emit signals whose handlers may destroy the row.
     void placeBackground(QQuickItem *item);

@@ -6,6 +6,7 @@
 #include "controls/tree/RowItemAccess.h"
 #include "controls/tree/TreeViewEntryHost.h"
 
+#include <QMetaMethod>
 #include <QMetaProperty>
 #include <QPointer>
 #include <QQmlComponent>
@@ -31,14 +32,15 @@ enum Component {
     BranchHandleComponent = 4
 };
 
-/// Makes a row item, and gives it its parents before its bindings are evaluated.
+/// Makes an item, and gives it its parents before its bindings are evaluated.
 ///
 /// Used instead of QQmlComponent::create(), which does not survive that a completing object
-/// destroys the component: an incubator holds its own reference to the compiled component.
-class RowIncubator : public QQmlIncubator
+/// destroys the component: an incubator holds its own reference to the compiled component. Besides,
+/// a component keeps the state of its last creation, about 1,000 bytes, until it is destroyed.
+class ItemIncubator : public QQmlIncubator
 {
 public:
-    explicit RowIncubator(std::function<void(QQuickItem *)> place)
+    explicit ItemIncubator(std::function<void(QQuickItem *)> place)
         : QQmlIncubator(Synchronous)
         , m_place(std::move(place))
     {
@@ -68,7 +70,9 @@ public:
 
     void followChildList();
     QQuickItem *createItem(int component, QQuickItem *place);
+    static QQuickItem *createDefaultHandle(QQmlComponent *component, QQuickItem *marker);
     void populate(QQuickItem *rowItem);
+    void followMarker(QQuickItem *rowItem, QQuickItem *handle);
     void moveItem(QQuickItem *content);
     void destroyPart(QObject *part);
 
@@ -178,7 +182,7 @@ void TreeViewEntry::createRow(QQuickItem *content, QQuickItem *treeParent)
     d->context->setContextObject(this);
 
     const QPointer<TreeViewEntry> alive(this);
-    RowIncubator incubator([this, content, treeParent](QQuickItem *item) {
+    ItemIncubator incubator([this, content, treeParent](QQuickItem *item) {
         item->setParent(this);
         d->item = item;
         RowItemAccess row(item);
@@ -298,6 +302,27 @@ QQuickItem *TreeViewEntry::Private::createItem(int component, QQuickItem *place)
     return madeItem;
 }
 
+/// Makes the handle of a view that has none of its own. It belongs to the QML engine, as objects
+/// made from delegates do, and is destroyed with the marker at the latest.
+QQuickItem *TreeViewEntry::Private::createDefaultHandle(QQmlComponent *component,
+                                                        QQuickItem *marker)
+{
+    if (!component) {
+        return nullptr;
+    }
+    QPointer<QQuickItem> handle;
+    ItemIncubator incubator([&handle, marker](QQuickItem *item) {
+        handle = item;
+        item->setParent(marker);
+        item->setParentItem(marker);
+    });
+    component->create(incubator, component->creationContext());
+    if (handle) {
+        QQmlEngine::setObjectOwnership(handle, QQmlEngine::JavaScriptOwnership);
+    }
+    return handle;
+}
+
 void TreeViewEntry::populateRow(QQuickItem *row)
 {
     if (!RowItemAccess::fits(row)) {
@@ -318,6 +343,7 @@ void TreeViewEntry::Private::populate(QQuickItem *rowItem)
     const QPointer<TreeViewEntry> alive(q);
     const QPointer<QQuickItem> guard(rowItem);
     RowItemAccess row(rowItem);
+    QQuickItem *const pressArea = row.pressArea();
     const auto create = [&](int component, QQuickItem *place) {
         QQuickItem *made = context && place ? createItem(component, place) : nullptr;
         return alive && guard ? made : nullptr;
@@ -332,20 +358,76 @@ void TreeViewEntry::Private::populate(QQuickItem *rowItem)
     }
     QQuickItem *marker = alive && guard ? row.collapseMarker() : nullptr;
     QQuickItem *handle = marker ? create(BranchHandleComponent, marker) : nullptr;
+    if (!handle && alive && guard && marker) {
+        handle = createDefaultHandle(row.defaultBranchHandle(), marker);
+    }
     if (!alive || !guard) {
         return;
     }
-    if (!handle) {
-        handle = row.makeDefaultBranchHandle();
-    }
     row.setBranchHandleItem(handle);
-    row.followMarkerChildren(handle);
-    row.raisePressArea();
+    followMarker(rowItem, handle);
+    row.raisePressArea(pressArea);
     if (background) {
         row.placeBackground(background);
     }
     if (delegate && alive && guard) {
         row.placeDelegate(delegate);
+    }
+}
+
+/// Keeps the marker as large as the rectangle of its children: with the \a handle as its only child
+/// by following the handle's size, from the second child on by a binding to childrenRect, which has
+/// the marker scan its children at each change of one for as long as it lives.
+///
+/// The entry is the receiver, and the connections are made by index: a function object would take
+/// 48 bytes a connection, and each further receiver 96 bytes.
+void TreeViewEntry::Private::followMarker(QQuickItem *rowItem, QQuickItem *handle)
+{
+    static const int childrenChanged =
+        QMetaMethod::fromSignal(&QQuickItem::childrenChanged).methodIndex();
+    static const int widthChanged =
+        QMetaMethod::fromSignal(&QQuickItem::widthChanged).methodIndex();
+    static const int heightChanged =
+        QMetaMethod::fromSignal(&QQuickItem::heightChanged).methodIndex();
+    static const int measure = staticMetaObject.indexOfSlot("measureSendersRow()");
+    static const int fit = staticMetaObject.indexOfSlot("fitSendersMarker()");
+
+    RowItemAccess row(rowItem);
+    QQuickItem *marker = row.collapseMarker();
+    if (!marker) {
+        return; // the application has destroyed it
+    }
+    if (marker->childItems().size() != (handle ? 1 : 0)) {
+        row.measureMarker();
+        return;
+    }
+    QMetaObject::connect(marker, childrenChanged, q, measure);
+    if (handle) {
+        row.fitMarker();
+        QMetaObject::connect(handle, widthChanged, q, fit);
+        QMetaObject::connect(handle, heightChanged, q, fit);
+    }
+}
+
+/// The sender is the marker of a row, whose item may be in its destructor.
+void TreeViewEntry::measureSendersRow()
+{
+    auto *marker = qobject_cast<QQuickItem *>(sender());
+    QQuickItem *row = marker ? marker->parentItem() : nullptr;
+    if (row && RowItemAccess::fits(row)) {
+        disconnect(marker, &QQuickItem::childrenChanged, this, nullptr);
+        RowItemAccess(row).measureMarker();
+    }
+}
+
+/// The sender is the branch handle of a row; the application may have moved it elsewhere.
+void TreeViewEntry::fitSendersMarker()
+{
+    const auto *handle = qobject_cast<QQuickItem *>(sender());
+    const QQuickItem *marker = handle ? handle->parentItem() : nullptr;
+    QQuickItem *row = marker ? marker->parentItem() : nullptr;
+    if (row && RowItemAccess::fits(row)) {
+        RowItemAccess(row).fitMarker();
     }
 }
 

@@ -96,6 +96,8 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void updateChildCount();
+    void measureSendersRow();
+    void fitSendersMarker();
 
 private:
     class Private;
