@@ -9,11 +9,10 @@
 
 #include <OmbrelDataCore/Document.h>
 
+#include <QList>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QTest>
-
-#include <vector>
 
 using namespace support;
 
@@ -32,7 +31,12 @@ public:
     void append(om::data::Document *chapter)
     {
         chapter->setParent(this);
-        m_chapters.push_back(chapter);
+        m_chapters.append(chapter);
+        // One that is destroyed leaves the list.
+        connect(chapter, &QObject::destroyed, this, [this, chapter] {
+            m_chapters.removeOne(chapter);
+            Q_EMIT chaptersChanged();
+        });
         Q_EMIT chaptersChanged();
     }
 
@@ -42,14 +46,14 @@ Q_SIGNALS:
 private:
     static int count(QQmlListProperty<om::data::Document> *list)
     {
-        return int(static_cast<Book *>(list->object)->m_chapters.size());
+        return static_cast<Book *>(list->object)->m_chapters.size();
     }
     static om::data::Document *at(QQmlListProperty<om::data::Document> *list, int index)
     {
-        return static_cast<Book *>(list->object)->m_chapters.at(std::size_t(index));
+        return static_cast<Book *>(list->object)->m_chapters.at(index);
     }
 
-    std::vector<om::data::Document *> m_chapters;
+    QList<om::data::Document *> m_chapters;
 };
 //! [document]
 
@@ -145,6 +149,8 @@ void TestRecipes::aDocumentClassOfOnesOwn()
     chapter->setName(QStringLiteral("Departure"));
     book.append(chapter);
     QTRY_VERIFY(saying("Departure"));
+    delete chapter;
+    QTRY_VERIFY(!saying("Departure"));
     m_view.reset();
 }
 
