@@ -52,6 +52,10 @@ DragArea {
             DragArea.delayRemove = true;
         }
         onDroppedChanged: exit.start()
+        Text {
+            anchors.centerIn: parent
+            text: source.dragDocuments[0].name
+        }
         SequentialAnimation {
             id: exit
             NumberAnimation { target: visual; property: "scale"; to: 0; duration: 200 }

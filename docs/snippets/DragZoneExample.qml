@@ -55,6 +55,10 @@ DragZone {
             DragZone.delayRemove = true;
         }
         onDroppedChanged: exit.start()
+        Text {
+            anchors.centerIn: parent
+            text: source.dragDocuments[0].name
+        }
         SequentialAnimation {
             id: exit
             NumberAnimation { target: visual; property: "scale"; to: 0; duration: 200 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/DragEvents.h"
+#include "tests/support/Gesture.h"
 #include "tests/support/Items.h"
 #include "tests/support/Leftovers.h"
 #include "tests/support/Pixels.h"
@@ -187,6 +188,31 @@ static const QHash<QString, std::function<void(const QmlView &)>> &poses()
     return all;
 }
 
+/// The window with a document of \a view on its way, and the drag over.
+static QImage duringADrag(const QmlView &view)
+{
+    const QQuickItem *const content = view.window()->contentItem();
+    // The pointer's pixels are the screen's.
+    const QPoint from = 2 * positionIn(itemWith(view.root(), "text", text("Portrait")));
+    QImage image;
+    Gesture gesture;
+    gesture
+        .drag(
+            from, from + QPoint(280, 120),
+            [content] {
+                const QQuickItem *const last = content->childItems().constLast();
+                return content->childItems().size() > 1 && last->x() > 100;
+            },
+            "the visual under the pointer")
+        .then([&image, &view] { image = grab(view.window()); })
+        .release()
+        .until([content] { return content->childItems().size() == 1; }, "the end of the visual");
+    if (!gesture.run()) {
+        qWarning("%s", gesture.error());
+    }
+    return image;
+}
+
 /// Examples that move by themselves: no two pictures of them are alike.
 static bool moves(const QString &name)
 {
@@ -269,7 +295,9 @@ void TestPictures::showsItsExample()
     poses().value(name, [](const QmlView &) {})(view);
     QTest::mouseMove(view.window(),
                      name == QLatin1String("HoverArea") ? QPoint(101, 41) : QPoint(1, 1));
-    QImage image = grab(view.window()).convertToFormat(QImage::Format_RGB32);
+    const bool drags = name == QLatin1String("DragArea") || name == QLatin1String("DragZone");
+    QImage image =
+        (drags ? duringADrag(view) : grab(view.window())).convertToFormat(QImage::Format_RGB32);
     view.close();
 
     if (qEnvironmentVariable("OMBREL_PICTURES") == QLatin1String("write")) {
