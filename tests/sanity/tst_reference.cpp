@@ -130,6 +130,23 @@ static QString typeName(QStringView cell, QString *access)
     return type.section(QStringLiteral(", "), 0, 0).replace(list, QStringLiteral("list<\\1>"));
 }
 
+/// What stands on the \a page only, and what the \a type has only.
+static QString differences(const QStringList &page, const QStringList &type)
+{
+    QStringList found;
+    for (const QString &member : page) {
+        if (page.count(member) > type.count(member)) {
+            found.append(QStringLiteral("only on the page: ") + member);
+        }
+    }
+    for (const QString &member : type) {
+        if (type.count(member) > page.count(member)) {
+            found.append(QStringLiteral("not on the page: ") + member);
+        }
+    }
+    return found.join(QStringLiteral("; "));
+}
+
 /// The type of a property or a parameter that is described.
 static QString typeOf(const support::TypeBlock &described)
 {
@@ -352,7 +369,6 @@ QStringList TestReference::described(const TypeBlock &type, const QMetaObject *f
     for (const QString &signal : qAsConst(notifying)) {
         found.removeAll(QStringLiteral("signal ") + signal);
     }
-    found.sort();
     return found;
 }
 
@@ -390,7 +406,6 @@ QStringList TestReference::documented(const QString &page, const QString &attach
                                   value.captured(2) + value.captured(3)));
         }
     }
-    found.sort();
     return found;
 }
 
@@ -415,7 +430,7 @@ void TestReference::members()
         static const QRegularExpression access(QStringLiteral("^(property [^,]*)(, .*)?, .*$"));
         said.replaceInStrings(access, QStringLiteral("\\1, fixed, "));
     }
-    QCOMPARE(said.join(QLatin1Char('\n')), is.join(QLatin1Char('\n')));
+    QCOMPARE(differences(said, is), QString());
     if (!live) {
         return;
     }
@@ -466,7 +481,7 @@ void TestReference::attached()
     }
 
     const QString text = page(type);
-    QStringList is = described(m_types.value(name), nullptr);
+    const QStringList is = described(m_types.value(name), nullptr);
     QStringList wrong;
     QStringList said;
     for (const QStringList &row : rows(text, QStringLiteral("Attached properties"))) {
@@ -484,9 +499,7 @@ void TestReference::attached()
             wrong.append(QStringLiteral("%1 is %2").arg(code(row.value(0)), value.toString()));
         }
     }
-    is.sort();
-    said.sort();
-    QCOMPARE(said.join(QLatin1Char('\n')), is.join(QLatin1Char('\n')));
+    QCOMPARE(differences(said, is), QString());
     QCOMPARE(wrong.join(QLatin1Char('\n')), QString());
 }
 
