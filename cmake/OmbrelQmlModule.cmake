@@ -32,6 +32,18 @@ elseif(NOT OMBREL_TYPES STREQUAL "shipped")
     message(FATAL_ERROR "OMBREL_TYPES is '${OMBREL_TYPES}'; it is either dumped or shipped")
 endif()
 
+# A module in an absolute folder stays there whatever the prefix, and its run path leads to the
+# libraries of the prefix that was configured. Before anything is installed:
+if(IS_ABSOLUTE "${OMBREL_QML_DIR}" AND OMBREL_DATACORE STREQUAL "bundled")
+    install(CODE "
+        get_filename_component(prefix \"\${CMAKE_INSTALL_PREFIX}\" ABSOLUTE)
+        if(NOT prefix STREQUAL \"${CMAKE_INSTALL_PREFIX}\")
+            message(FATAL_ERROR \"OMBREL_QML_DIR is the absolute folder ${OMBREL_QML_DIR}, from where \"
+                \"the modules look for the data core in ${CMAKE_INSTALL_PREFIX}, not in \${prefix}. \"
+                \"Configure with -DCMAKE_INSTALL_PREFIX=\${prefix} and install without --prefix.\")
+        endif()")
+endif()
+
 set(OMBREL_BUILD_QML_DIR "${PROJECT_BINARY_DIR}/qml")
 set(OMBREL_DUMP_SCRIPT "${CMAKE_CURRENT_LIST_DIR}/DumpTypes.cmake")
 set(OMBREL_DUMP_PRELOAD "")
@@ -80,11 +92,19 @@ function(ombrel_qml_module target)
     endif()
 
     # The run path of the installed plugin leads from its folder to the libraries of the prefix, so
-    # it finds the data core that is installed beside it, and the prefix can be moved. With an
-    # absolute OMBREL_QML_DIR outside the prefix the two must keep their places.
-    get_filename_component(installed_dir "${OMBREL_QML_DIR}" ABSOLUTE BASE_DIR "${CMAKE_INSTALL_PREFIX}")
-    file(RELATIVE_PATH to_libraries "${installed_dir}/${path}" "${CMAKE_INSTALL_FULL_LIBDIR}")
-    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/${to_libraries}")
+    # it finds the data core that is installed beside it, and the prefix can be moved. From an
+    # absolute folder it names them as they are: such a folder may be reached by a link. A data core
+    # of the system that lies elsewhere is found where it was when this was configured.
+    if(IS_ABSOLUTE "${OMBREL_QML_DIR}")
+        set(run_path "${CMAKE_INSTALL_FULL_LIBDIR}")
+    else()
+        file(RELATIVE_PATH to_libraries "${CMAKE_INSTALL_PREFIX}/${OMBREL_QML_DIR}/${path}"
+             "${CMAKE_INSTALL_FULL_LIBDIR}")
+        set(run_path "$ORIGIN/${to_libraries}")
+    endif()
+    set_target_properties(${target} PROPERTIES
+        INSTALL_RPATH "${run_path}"
+        INSTALL_RPATH_USE_LINK_PATH ON)
 
     install(TARGETS ${target} LIBRARY DESTINATION "${OMBREL_QML_DIR}/${path}")
     install(FILES "${dir}/qmldir" "${types}" DESTINATION "${OMBREL_QML_DIR}/${path}")
