@@ -6,6 +6,8 @@
 #include "gallery/FolderDocument.h"
 #include "gallery/PictureProvider.h"
 
+#include <QDir>
+
 namespace om::gallery {
 
 namespace {
@@ -18,6 +20,12 @@ QString pathOf(const QUrl &file)
 {
     return file.scheme() == QLatin1String("qrc") ? QLatin1Char(':') + file.path()
                                                  : file.toLocalFile();
+}
+
+// A path, or a local URL as drags bring it.
+QString folderPathOf(const QString &folder)
+{
+    return folder.startsWith(QLatin1String("file:")) ? QUrl(folder).toLocalFile() : folder;
 }
 
 } // namespace
@@ -36,9 +44,7 @@ FolderTree::FolderTree(const QString &path, QObject *parent)
                     m_refresh.start();
                 }
             });
-    m_folder =
-        std::make_unique<FolderDocument>(this, QFileInfo(QFileInfo(path).canonicalFilePath()));
-    m_folder->setContext(&m_context);
+    m_folder = documentOf(path);
 }
 
 FolderTree::~FolderTree() = default;
@@ -51,6 +57,29 @@ om::data::Document *FolderTree::folder() const
 om::data::Context *FolderTree::context()
 {
     return &m_context;
+}
+
+bool FolderTree::canOpen(const QString &folder) const
+{
+    const QFileInfo file(folderPathOf(folder));
+    return file.isAbsolute() && file.isDir() && file.isReadable() && file.isExecutable();
+}
+
+void FolderTree::open(const QString &folder)
+{
+    if (!canOpen(folder)) {
+        return;
+    }
+    std::unique_ptr<FolderDocument> before = std::move(m_folder);
+    m_folder = documentOf(folderPathOf(folder));
+    // Whoever shows it may be in the middle of something.
+    before.release()->deleteLater();
+    Q_EMIT folderChanged();
+}
+
+QStringList FolderTree::foldersIn(const QString &path) const
+{
+    return QDir(path).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
 }
 
 QString FolderTree::pictureSource(const QUrl &file) const
@@ -89,6 +118,14 @@ void FolderTree::unwatch(const QString &path, FolderDocument *document)
     if (m_watcher.directories().contains(path)) {
         m_watcher.removePath(path);
     }
+}
+
+std::unique_ptr<FolderDocument> FolderTree::documentOf(const QString &path)
+{
+    auto document =
+        std::make_unique<FolderDocument>(this, QFileInfo(QFileInfo(path).canonicalFilePath()));
+    document->setContext(&m_context);
+    return document;
 }
 
 void FolderTree::refreshChanged()

@@ -24,7 +24,7 @@ class FolderTree : public QObject
 {
     Q_OBJECT
     /// The document of the folder itself.
-    Q_PROPERTY(om::data::Document *folder READ folder CONSTANT)
+    Q_PROPERTY(om::data::Document *folder READ folder NOTIFY folderChanged)
     /// The context of the folder and everything in it.
     Q_PROPERTY(om::data::Context *context READ context CONSTANT)
 
@@ -34,6 +34,14 @@ public:
 
     om::data::Document *folder() const;
     om::data::Context *context();
+
+    /// Whether `folder`, a path or a local URL, is a folder that can be read.
+    Q_INVOKABLE bool canOpen(const QString &folder) const;
+    /// Opens another folder; without a folder that can be read nothing happens. The documents of
+    /// the one before are deleted with the next turn of the event loop.
+    Q_INVOKABLE void open(const QString &folder);
+    /// The names of the folders inside the one at `path`, hidden ones left out, in their order.
+    Q_INVOKABLE QStringList foldersIn(const QString &path) const;
 
     /// The source that shows the picture in a file; empty for what is no file.
     Q_INVOKABLE QString pictureSource(const QUrl &file) const;
@@ -47,7 +55,11 @@ public:
     bool watch(const QString &path, FolderDocument *document);
     void unwatch(const QString &path, FolderDocument *document);
 
+Q_SIGNALS:
+    void folderChanged();
+
 private:
+    std::unique_ptr<FolderDocument> documentOf(const QString &path);
     void refreshChanged();
 
     const std::shared_ptr<PictureProblems> m_problems;

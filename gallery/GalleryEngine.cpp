@@ -5,16 +5,33 @@
 
 #include "gallery/FolderTree.h"
 #include "gallery/PictureProvider.h"
+#include "gallery/QmlHighlighter.h"
+#include "gallery/Reference.h"
+#include "gallery/Session.h"
 #include "gallery/shelf/Shelf.h"
 
 #include <QQmlContext>
 #include <QQmlEngine>
+#include <QSettings>
+
+// The files of a static library are left out unless somebody asks for them; asking declares a
+// function, which a namespace must not take in.
+static void useDocs()
+{
+    Q_INIT_RESOURCE(docs);
+}
 
 namespace om::gallery {
 
-void prepareEngine(QQmlEngine *engine, FolderTree *tree)
+void prepareEngine(QQmlEngine *engine, FolderTree *tree, Session *session)
 {
-    engine->rootContext()->setContextProperty(QStringLiteral("gallery"), tree);
+    useDocs();
+    qmlRegisterType<QmlHighlighter>("ombrel.gallery", 1, 0, "QmlHighlighter");
+    QQmlContext *context = engine->rootContext();
+    context->setContextProperty(QStringLiteral("gallery"), tree);
+    context->setContextProperty(QStringLiteral("session"),
+                                session ? session : new Session(nullptr, engine));
+    context->setContextProperty(QStringLiteral("reference"), new Reference(engine));
     // The engine owns its providers.
     engine->addImageProvider(QStringLiteral("picture"),
                              new PictureProvider(tree->pictureProblems()));

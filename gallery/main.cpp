@@ -5,6 +5,7 @@
 #include "gallery/GalleryEngine.h"
 #include "gallery/Quiet.h"
 #include "gallery/ScreenshotRun.h"
+#include "gallery/Session.h"
 
 #include <QCommandLineParser>
 #include <QCursor>
@@ -14,6 +15,7 @@
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 #include <QScreen>
+#include <QSettings>
 #include <QTextStream>
 #include <QTimer>
 
@@ -54,6 +56,12 @@ int main(int argc, char *argv[])
     // The gallery draws its own controls; the style must not depend on the desktop's.
     qputenv("QT_QUICK_CONTROLS_STYLE", "Default");
     QGuiApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+#if QT_VERSION >= QT_VERSION_CHECK(5, 14, 0)
+    // As large as the desktop says, not rounded to whole numbers.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+#endif
+    QGuiApplication::setOrganizationName(QStringLiteral("ombrel"));
     QGuiApplication::setApplicationName(QStringLiteral("ombrel-gallery"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Ombrel Gallery"));
     QGuiApplication::setApplicationVersion(QStringLiteral(OMBREL_VERSION));
@@ -77,7 +85,11 @@ int main(int argc, char *argv[])
         QStringLiteral("The window's size; pictures are as tall as the page when there is no "
                        "height."),
         QStringLiteral("width[xheight]"));
-    parser.addOptions({pageOption, pagesOption, screenshotsOption, sizeOption});
+    const QCommandLineOption appearanceOption(
+        QStringLiteral("appearance"),
+        QStringLiteral("Light, dark, or as the system says; pictures are light unless told."),
+        QStringLiteral("light|dark|system"));
+    parser.addOptions({pageOption, pagesOption, screenshotsOption, sizeOption, appearanceOption});
     parser.addPositionalArgument(QStringLiteral("folder"),
                                  QStringLiteral("The folder to show as documents; the current one "
                                                 "unless given."),
@@ -101,6 +113,14 @@ int main(int argc, char *argv[])
     QGuiApplication::setFont(font);
 
     om::gallery::FolderTree tree(path);
+    // Pictures are the same whoever takes them, and leave no traces.
+    const bool forPictures = parser.isSet(screenshotsOption) || parser.isSet(pagesOption);
+    om::gallery::Session session(forPictures ? nullptr : std::make_unique<QSettings>());
+    if (parser.isSet(appearanceOption)) {
+        session.setAppearance(parser.value(appearanceOption));
+    } else if (forPictures) {
+        session.setAppearance(QStringLiteral("light"));
+    }
     QQmlApplicationEngine engine;
     const QString here = QGuiApplication::applicationDirPath();
 #ifdef OMBREL_DATACORE_QML_DIR
@@ -108,7 +128,7 @@ int main(int argc, char *argv[])
 #endif
     engine.addImportPath(QDir(here).absoluteFilePath(QStringLiteral(OMBREL_GALLERY_QML_DIR)));
     engine.addImportPath(here + QStringLiteral("/../qml"));
-    om::gallery::prepareEngine(&engine, &tree);
+    om::gallery::prepareEngine(&engine, &tree, &session);
     engine.load(QUrl(QStringLiteral("qrc:/gallery/qml/Gallery.qml")));
     auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
     if (!window) {
@@ -143,7 +163,13 @@ int main(int argc, char *argv[])
     }
 
     if (!parser.isSet(screenshotsOption)) {
+        if (!parser.isSet(sizeOption)) {
+            session.restore(window);
+        }
         window->show();
+        // A window that was closed still knows where it was.
+        QObject::connect(&application, &QGuiApplication::aboutToQuit, window,
+                         [&session, window] { session.keep(window); });
         return QGuiApplication::exec();
     }
 

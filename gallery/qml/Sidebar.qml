@@ -5,23 +5,44 @@ import QtQuick 2.12
 import QtQuick.Controls 2.5 as Controls
 import "kit"
 
-// The list of pages, grouped by section, and the folder that the gallery was opened on.
+// Search, the list of pages and their types, grouped by section, light or dark, and the folder that
+// the gallery was opened on.
+//
+// The list is one stop of Tab: Up and Down go from page to page, Right and Left through the types of
+// the current one.
 Rectangle {
     id: sidebar
 
     property var pages: []
     property string currentPage
+    // The type of the current page that the keys have walked to, -1 for none.
+    property int typeAt: -1
     property QtObject folder
+    readonly property alias search: search
 
     signal pageChosen(string name)
+    signal typeChosen(string type)
+    signal folderWanted()
+    signal pageWanted()
 
     function step(distance) {
         const index = pages.findIndex(page => page.name === currentPage) + distance;
         if (index >= 0 && index < pages.length)
             pageChosen(pages[index].name);
     }
+    function stepType(distance) {
+        const types = pages.find(page => page.name === currentPage).types;
+        const next = Math.min(types.length - 1, typeAt + distance);
+        if (next < 0)
+            return;
+        typeAt = next;
+        typeChosen(types[typeAt]);
+    }
+    onCurrentPageChanged: typeAt = -1
 
     color: Theme.panel
+    Accessible.role: Accessible.Pane
+    Accessible.name: "Pages"
     Rectangle {
         anchors.right: parent.right
         width: 1
@@ -31,9 +52,9 @@ Rectangle {
 
     Row {
         id: brand
-        x: 22
-        y: 22
-        spacing: 11
+        x: 20
+        y: 20
+        spacing: 12
         // The mark: an umbrella of three panels.
         Row {
             anchors.verticalCenter: parent.verticalCenter
@@ -43,21 +64,37 @@ Rectangle {
             }
         }
         Column {
-            Label { text: "Ombrel"; font.pixelSize: 19; font.weight: Font.DemiBold }
+            Label { text: "Ombrel"; font.pixelSize: Theme.large; font.weight: Font.DemiBold }
             Label { text: "Controls gallery"; color: Theme.faintText; font.pixelSize: Theme.small }
         }
     }
 
+    SearchBox {
+        id: search
+        z: 1
+        x: 12
+        width: parent.width - 24
+        anchors.top: brand.bottom
+        anchors.topMargin: 16
+        pages: sidebar.pages
+        onTypePicked: sidebar.typeChosen(type)
+        onPagePicked: sidebar.pageChosen(name)
+        onLeft: sidebar.pageWanted()
+    }
+
     Flickable {
         id: list
-        anchors { left: parent.left; right: parent.right; top: brand.bottom; bottom: folderPlace.top }
-        anchors.topMargin: 12
-        anchors.bottomMargin: 10
+        anchors { left: parent.left; right: parent.right; top: search.bottom; bottom: foot.top }
+        anchors.topMargin: 8
+        anchors.bottomMargin: 8
         contentHeight: entries.height
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
         Controls.ScrollBar.vertical: ScrollBar {}
+        Accessible.role: Accessible.List
+        Accessible.name: "Pages and types"
+        Accessible.focusable: true
 
         // The current page stays in sight, with the heading above it.
         function showEntry(item) {
@@ -69,6 +106,8 @@ Rectangle {
 
         Keys.onUpPressed: sidebar.step(-1)
         Keys.onDownPressed: sidebar.step(1)
+        Keys.onRightPressed: sidebar.stepType(1)
+        Keys.onLeftPressed: sidebar.stepType(-1)
 
         Column {
             id: entries
@@ -80,6 +119,7 @@ Rectangle {
                 Column {
                     id: place
                     width: entries.width
+                    readonly property var page: modelData
                     readonly property bool current: modelData.name === sidebar.currentPage
                     function show() {
                         if (current && height > 0) {
@@ -90,45 +130,45 @@ Rectangle {
                     onCurrentChanged: show()
                     onYChanged: show()
                     Component.onCompleted: show()
-                    readonly property bool first: index === 0
-                                                  || sidebar.pages[index - 1].section !== modelData.section
+                    readonly property bool first: modelData.section !== ""
+                                                  && (index === 0 || sidebar.pages[index - 1].section !== modelData.section)
                     Label {
                         visible: parent.first
-                        height: index === 0 ? 22 : 30
+                        height: index === 0 ? 20 : 28
                         x: 22
                         verticalAlignment: Text.AlignBottom
                         bottomPadding: 4
                         text: modelData.section
                         color: Theme.faintText
-                        font.pixelSize: 11
+                        font.pixelSize: Theme.tiny
                         font.weight: Font.DemiBold
                         font.capitalization: Font.AllUppercase
                         font.letterSpacing: 1
                     }
-                    Controls.AbstractButton {
-                        id: entry
-                        readonly property bool current: place.current
-                        x: 12
-                        width: parent.width - 24
-                        height: 30
-                        focusPolicy: Qt.NoFocus
+                    SidebarEntry {
+                        width: parent.width
+                        height: 28
+                        text: modelData.title
+                        current: place.current
+                        focused: place.current && sidebar.typeAt < 0 && list.activeFocus
                         onClicked: {
                             list.forceActiveFocus();
                             sidebar.pageChosen(modelData.name);
                         }
-                        contentItem: Label {
-                            leftPadding: 10
-                            verticalAlignment: Text.AlignVCenter
-                            text: modelData.title
-                            color: entry.current ? Theme.accentText : Theme.text
-                            font.weight: entry.current ? Font.DemiBold : Font.Normal
-                        }
-                        background: Rectangle {
-                            radius: Theme.radius
-                            color: entry.current ? Theme.accentSoft
-                                 : entry.hovered ? Theme.window : "transparent"
-                            border.width: entry.current && list.activeFocus ? 2 : 0
-                            border.color: Theme.focus
+                    }
+                    Repeater {
+                        model: place.page.types
+                        SidebarEntry {
+                            width: place.width
+                            height: 22
+                            minor: true
+                            text: modelData
+                            focused: place.current && sidebar.typeAt === index && list.activeFocus
+                            onClicked: {
+                                list.forceActiveFocus();
+                                sidebar.typeChosen(modelData);
+                                sidebar.typeAt = index;
+                            }
                         }
                     }
                 }
@@ -137,17 +177,63 @@ Rectangle {
     }
 
     Column {
-        id: folderPlace
-        x: 22
-        width: parent.width - 44
+        id: foot
+        x: 12
+        width: parent.width - 24
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 20
-        spacing: 2
-        Label { text: "Opened on"; color: Theme.faintText; font.pixelSize: Theme.small }
-        Label {
+        anchors.bottomMargin: 12
+        spacing: 4
+        Row {
+            id: appearances
+            spacing: 4
+            Repeater {
+                model: [{ name: "light", text: "Light" }, { name: "dark", text: "Dark" }, { name: "system", text: "System" }]
+                Button {
+                    width: (foot.width - 8) / 3
+                    implicitHeight: 28
+                    flat: true
+                    checkable: true
+                    autoExclusive: true
+                    text: modelData.text
+                    checked: session.appearance === modelData.name
+                    Accessible.role: Accessible.RadioButton
+                    Accessible.name: modelData.text + " appearance"
+                    onClicked: session.appearance = modelData.name
+                }
+            }
+        }
+        Controls.AbstractButton {
+            id: opened
             width: parent.width
-            text: sidebar.folder ? Theme.oneLine(sidebar.folder.name) : ""
-            font.pixelSize: 13
+            height: 44
+            Accessible.role: Accessible.Button
+            Accessible.name: "Opened on " + folderName.text + ". Open another folder"
+            Accessible.onPressAction: click()
+            onClicked: sidebar.folderWanted()
+            background: Rectangle {
+                radius: Theme.radius
+                color: opened.hovered ? Theme.sunken : "transparent"
+                FocusRing { shown: opened.visualFocus }
+            }
+            contentItem: Item {
+                Label {
+                    x: 4
+                    y: 4
+                    text: "Opened on"
+                    color: Theme.faintText
+                    font.pixelSize: Theme.small
+                    Accessible.ignored: true
+                }
+                Label {
+                    id: folderName
+                    x: 4
+                    y: 20
+                    width: parent.width - 8
+                    text: sidebar.folder ? Theme.oneLine(sidebar.folder.name) : ""
+                    font.pixelSize: Theme.medium
+                    Accessible.ignored: true
+                }
+            }
         }
     }
 }

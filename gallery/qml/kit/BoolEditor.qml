@@ -8,19 +8,35 @@ import QtQuick.Controls 2.5 as Controls
 PropertyRow {
     id: row
 
-    Controls.AbstractButton {
+    Controls.CheckBox {
         id: button
         anchors.verticalCenter: parent.verticalCenter
         implicitWidth: 36
         implicitHeight: 20
-        checkable: false
-        onClicked: row.write(!row.value)
+        padding: 0
+        indicator: null
+        // It shows what the property is, whatever a click asked for.
+        checkState: row.value ? Qt.Checked : Qt.Unchecked
+        nextCheckState: () => row.value ? Qt.Unchecked : Qt.Checked
+        onClicked: {
+            row.write(!row.value);
+            checkState = Qt.binding(() => row.value ? Qt.Checked : Qt.Unchecked);
+        }
+        Accessible.name: row.label
         background: Rectangle {
             radius: height / 2
             color: row.value ? Theme.positive : Theme.off
             opacity: row.enabled ? 1 : 0.5
-            border.width: button.visualFocus ? 2 : 0
-            border.color: Theme.focus
+            // Around it, where it stands on the card's ground and not on a green or grey one.
+            Rectangle {
+                anchors.fill: parent
+                anchors.margins: -3
+                visible: button.visualFocus
+                radius: height / 2
+                color: "transparent"
+                border.width: Theme.focusWidth
+                border.color: Theme.focus
+            }
         }
         contentItem: Item {
             Rectangle {
@@ -29,7 +45,7 @@ PropertyRow {
                 width: parent.height - 4
                 height: width
                 radius: height / 2
-                color: Theme.panel
+                color: button.hovered ? Theme.accentSoft : Theme.panel
                 Behavior on x { NumberAnimation { duration: 90 } }
             }
         }

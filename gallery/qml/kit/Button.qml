@@ -4,36 +4,58 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5 as Controls
 
-// A push button; `primary` for the one that matters.
+// A push button; `primary` for the one that matters, `flat` for one without a ground.
 Controls.AbstractButton {
     id: button
 
     property bool primary: false
+    property bool flat: false
     // A drawn sign in place of the text, which then only names the button.
     property string sign
+    property bool shownFocused: visualFocus
 
-    implicitWidth: Math.max(72, label.implicitWidth + 28)
+    implicitWidth: sign !== "" ? 32 : Math.max(flat ? 0 : 72, label.implicitWidth + (flat ? 16 : 28))
     implicitHeight: 30
+    Accessible.role: checkable ? Accessible.CheckBox : Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: click()
     contentItem: Label {
         id: label
+        Accessible.ignored: true
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         text: button.sign === "" ? button.text : ""
-        font.pixelSize: 13
+        font.pixelSize: Theme.medium
         font.weight: button.primary ? Font.DemiBold : Font.Normal
-        color: !button.enabled ? Theme.disabledText : button.primary ? Theme.accentContrast : Theme.text
+        color: !button.enabled ? Theme.disabledText : button.primary ? Theme.accentContrast
+             : button.flat || button.checked ? Theme.accentText : Theme.text
     }
     Sign {
         anchors.centerIn: parent
         name: button.sign
         size: 16
+        opacity: button.enabled ? 1 : 0.4
     }
     background: Rectangle {
         radius: 4
-        color: !button.enabled ? Theme.sunken
+        color: button.flat ? (button.down || button.checked ? Theme.accentSoft
+                                                            : button.hovered && button.enabled ? Theme.sunken : "transparent")
+             : !button.enabled ? Theme.sunken
              : button.primary ? (button.down ? Theme.accentPress : button.hovered ? Theme.accentHover : Theme.accent)
+             : button.checked ? Theme.accentSoft
                               : (button.down ? Theme.line : button.hovered ? Theme.sunken : Theme.panel)
-        border.width: button.visualFocus ? 2 : button.primary && button.enabled ? 0 : 1
-        border.color: button.visualFocus ? Theme.focus : Theme.strongLine
+        border.width: button.shownFocused ? Theme.focusWidth
+                    : button.flat || (button.primary && button.enabled) ? 0 : 1
+        border.color: button.shownFocused ? Theme.focus : Theme.strongLine
+        // The focus on a coloured ground is told by a ring around it.
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: -3
+            visible: button.shownFocused && button.primary
+            radius: 7
+            color: "transparent"
+            border.width: Theme.focusWidth
+            border.color: Theme.focus
+        }
     }
 }

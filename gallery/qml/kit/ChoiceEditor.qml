@@ -19,9 +19,11 @@ PropertyRow {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        implicitHeight: 28
+        implicitHeight: Theme.controlHeight
         font.family: Theme.family
-        font.pixelSize: 13
+        font.pixelSize: Theme.medium
+        Accessible.role: Accessible.ComboBox
+        Accessible.name: row.label
         model: row.options.map(row.textOf)
         currentIndex: row.options.findIndex(option => row.valueOf(option) === row.value)
         onActivated: {
@@ -29,6 +31,7 @@ PropertyRow {
             currentIndex = Qt.binding(() => row.options.findIndex(option => row.valueOf(option) === row.value));
         }
         contentItem: Label {
+            Accessible.ignored: true
             leftPadding: 8
             rightPadding: 24
             verticalAlignment: Text.AlignVCenter
@@ -44,7 +47,7 @@ PropertyRow {
         background: Rectangle {
             radius: 4
             color: Theme.panel
-            border.width: box.activeFocus ? 2 : 1
+            border.width: box.activeFocus ? Theme.focusWidth : 1
             border.color: box.activeFocus ? Theme.focus : box.hovered ? Theme.strongLine : Theme.line
         }
         delegate: Controls.ItemDelegate {
@@ -52,10 +55,12 @@ PropertyRow {
             width: box.width - 8
             height: 28
             highlighted: box.highlightedIndex === index
+            Accessible.role: Accessible.ListItem
+            Accessible.name: modelData
             contentItem: Label {
                 verticalAlignment: Text.AlignVCenter
                 text: modelData
-                font.pixelSize: 13
+                font.pixelSize: Theme.medium
             }
             topPadding: 0
             bottomPadding: 0

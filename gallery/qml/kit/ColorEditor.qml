@@ -7,39 +7,26 @@ import QtQuick 2.12
 PropertyRow {
     id: row
 
-    property var swatches: ["#000000", "#40A1BB", "#90C695", "#ECD284", "#C97B63"]
+    property alias swatches: palette.colors
     readonly property color current: value === undefined ? "transparent" : value
 
-    Row {
-        id: row0
+    Swatches {
+        id: palette
         anchors.verticalCenter: parent.verticalCenter
-        spacing: 5
-        Repeater {
-            model: row.swatches
-            Rectangle {
-                width: 17
-                height: 17
-                radius: 9
-                color: modelData
-                border.width: Qt.colorEqual(row.current, modelData) ? 2 : 1
-                border.color: Qt.colorEqual(row.current, modelData) ? Theme.focus : Qt.darker(color, 1.12)
-                MouseArea {
-                    anchors.fill: parent
-                    anchors.margins: -2
-                    cursorShape: Qt.PointingHandCursor
-                    onClicked: row.write(modelData)
-                }
-            }
-        }
+        name: row.label
+        colors: ["#000000", "#40A1BB", "#90C695", "#ECD284", "#C97B63"]
+        current: row.current
+        onPicked: row.write(color)
     }
     Field {
-        anchors { left: row0.right; leftMargin: 8; right: parent.right }
+        anchors { left: palette.right; leftMargin: 8; right: parent.right }
         anchors.verticalCenter: parent.verticalCenter
         font.family: Theme.monoFamily
-        font.pixelSize: 11
+        font.pixelSize: Theme.tiny
         leftPadding: 5
         rightPadding: 3
         maximumLength: 20
+        name: row.label
         shown: String(row.current).toUpperCase()
         onEditingFinished: {
             try {

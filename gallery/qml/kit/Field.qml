@@ -10,6 +10,8 @@ Controls.TextField {
     id: field
 
     property bool valid: true
+    // What is read out; the name of the property that it edits.
+    property string name: placeholderText
     property var shown
 
     function restore() {
@@ -20,7 +22,9 @@ Controls.TextField {
     onActiveFocusChanged: if (!activeFocus) restore()
     Component.onCompleted: restore()
 
-    implicitHeight: 28
+    Accessible.role: Accessible.EditableText
+    Accessible.name: name
+    implicitHeight: Theme.controlHeight
     leftPadding: 8
     rightPadding: 8
     topPadding: 0
@@ -32,11 +36,11 @@ Controls.TextField {
     selectionColor: Theme.accent
     selectedTextColor: Theme.accentContrast
     font.family: Theme.family
-    font.pixelSize: 13
+    font.pixelSize: Theme.medium
     background: Rectangle {
         radius: 4
         color: field.enabled ? Theme.panel : Theme.sunken
-        border.width: field.activeFocus || !field.valid ? 2 : 1
+        border.width: field.activeFocus || !field.valid ? Theme.focusWidth : 1
         border.color: !field.valid ? Theme.error
                     : field.activeFocus ? Theme.focus
                     : field.hovered ? Theme.strongLine : Theme.line

@@ -9,5 +9,8 @@ Text {
     font.family: Theme.family
     font.pixelSize: Theme.normal
     elide: wrapMode === Text.NoWrap ? Text.ElideRight : Text.ElideNone
-    renderType: Text.NativeRendering
+    renderType: Theme.textRendering
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+    Accessible.ignored: text === ""
 }

@@ -23,6 +23,8 @@ PropertyRow {
         to: row.to
         stepSize: row.stepSize
         onMoved: row.write(value)
+        Accessible.role: Accessible.Slider
+        Accessible.name: row.label
         background: Rectangle {
             x: 0
             y: (slider.height - height) / 2
@@ -44,9 +46,9 @@ PropertyRow {
             height: 16
             radius: 8
             color: Theme.panel
-            border.width: slider.activeFocus ? 2 : 1
-            border.color: slider.pressed || slider.hovered ? Theme.accent
-                        : slider.activeFocus ? Theme.focus : Theme.strongLine
+            border.width: slider.activeFocus ? Theme.focusWidth : 1
+            border.color: slider.activeFocus ? Theme.focus
+                        : slider.pressed || slider.hovered ? Theme.accent : Theme.strongLine
         }
         // Not a plain binding, which the first drag of the handle would end.
         readonly property real shown: row.value === undefined ? row.from : row.value
@@ -63,6 +65,7 @@ PropertyRow {
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         width: 62
+        name: row.label
         horizontalAlignment: TextInput.AlignRight
         shown: row.value === undefined ? "" : Number(row.value).toFixed(row.decimals)
         validator: DoubleValidator { notation: DoubleValidator.StandardNotation; locale: "C" }

@@ -22,11 +22,13 @@ PropertyRow {
                     verticalAlignment: Text.AlignVCenter
                     text: modelData
                     color: Theme.faintText
-                    font.pixelSize: 13
+                    font.pixelSize: Theme.medium
+                    Accessible.ignored: true
                 }
                 Field {
                     x: 16
                     width: parent.width - x
+                    name: row.label + " " + modelData
                     horizontalAlignment: TextInput.AlignRight
                     shown: row.value === undefined ? ""
                                                    : String(Math.round(row.value[modelData] * 100) / 100)

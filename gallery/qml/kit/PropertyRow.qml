@@ -15,6 +15,8 @@ Item {
     property string property
     property var value: target && property.length > 0 ? target[property] : undefined
     property int labelWidth: 124
+    // Whether it writes at all; a row that only shows does not.
+    property bool writes: true
     default property alias editor: slot.data
 
     signal edited(var newValue)
@@ -25,17 +27,34 @@ Item {
         edited(newValue);
     }
 
+    // What the property was when the page came up: Demo's "Reset" writes it again.
+    property var initial
+    function remember() { initial = copyOf(value); }
+    function reset() {
+        if (writes && JSON.stringify(copyOf(value)) !== JSON.stringify(initial))
+            write(initial);
+    }
+    // Points and colours stand for a property as long as it is read: their texts and parts do not.
+    function copyOf(value) {
+        if (value === undefined || value === null || typeof value !== "object")
+            return value;
+        if (value.x !== undefined && value.y !== undefined)
+            return Qt.point(value.x, value.y);
+        return value.length !== undefined ? Array.from(value) : String(value);
+    }
+
     width: parent ? parent.width : 0
-    implicitHeight: 36
+    implicitHeight: Theme.rowHeight
     height: implicitHeight
 
     Label {
+        Accessible.ignored: row.writes
         width: row.labelWidth - 8
-        height: Math.min(36, row.height)
+        height: Math.min(Theme.rowHeight, row.height)
         verticalAlignment: Text.AlignVCenter
         text: row.label
         color: row.enabled ? Theme.softText : Theme.disabledText
-        font.pixelSize: 13
+        font.pixelSize: Theme.medium
     }
     Item {
         id: slot

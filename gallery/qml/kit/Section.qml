@@ -35,6 +35,8 @@ Surface {
             color: Theme.softText
             wrapMode: Text.WordWrap
             lineHeight: 1.2
+            // Whole: what stands below is drawn sharp.
+            height: Math.ceil(implicitHeight)
         }
     }
     Column {

@@ -10,6 +10,6 @@ Image {
 
     width: size
     height: size
-    sourceSize: Qt.size(size, size)
-    source: name === "" ? "" : "signs/" + name + ".svg"
+    sourceSize: Qt.size(size * Theme.pixelRatio, size * Theme.pixelRatio)
+    source: name === "" ? "" : "signs/" + name + (Theme.dark ? "-on-dark" : "") + ".svg"
 }

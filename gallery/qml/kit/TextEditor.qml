@@ -33,6 +33,7 @@ PropertyRow {
     }
     Field {
         id: field
+        name: row.label
         anchors.left: parent.left
         anchors.right: parent.right
         y: (36 - height) / 2

@@ -19,12 +19,13 @@ PropertyRow {
         return String(value);
     }
 
+    writes: false
     implicitHeight: 28
     Label {
         anchors.fill: parent
         verticalAlignment: Text.AlignVCenter
         text: row.shownText
-        font.pixelSize: 13
+        font.pixelSize: Theme.medium
         color: row.value === true ? Theme.positiveText : Theme.text
         elide: Text.ElideMiddle
     }

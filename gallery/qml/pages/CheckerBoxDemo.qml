@@ -8,8 +8,14 @@ import "../kit"
 
 Demo {
     title: "CheckerBox"
-    hint: "Change the size: the pattern is cut, not scaled, and stays with the top left corner. Squares have 2 to "
-          + "128 pixels; type 500 to see it clamped."
+    steps: [
+        Step {
+            text: "Change the width: the pattern is cut, not scaled, and stays with the top left corner."
+            when: box.width !== 300
+        },
+        Step { text: "Type 500 as the size of the squares: they have 2 to 128 pixels."; when: box.checkerSize === 128 }
+    ]
+    subject: box
     stageHeight: 260
 
     CheckerBox {
@@ -33,7 +39,6 @@ Demo {
         ColorEditor { target: box; property: "darkColor" },
         NumberEditor { target: box; property: "width"; from: 0; to: 360 },
         NumberEditor { target: box; property: "height"; from: 0; to: 200 },
-        NumberEditor { target: box; property: "opacity"; from: 0; to: 1; stepSize: 0.05 },
-        EventLog { id: log }
+        NumberEditor { target: box; property: "opacity"; from: 0; to: 1; stepSize: 0.05 }
     ]
 }

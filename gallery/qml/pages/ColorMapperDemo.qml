@@ -10,8 +10,18 @@ Demo {
     id: demo
 
     title: "ColorMapper"
-    hint: "Set the saturation to 0, then the hue: a grey keeps it. Then change the red: the hue of a grey made of "
-          + "red, green and blue is 0. The log has the signals of the last update in their order."
+    hint: "The signals below are those of each update, in their order."
+    steps: [
+        Step {
+            text: "Set the saturation to 0, then the hue: a grey keeps it."
+            when: mapper.saturation === 0 && log.last.startsWith("updateHue")
+        },
+        Step {
+            text: "Then change the red: the hue of a grey made of red, green and blue is 0."
+            when: log.last.startsWith("updateRed")
+        }
+    ]
+    codeValues: ({ "Component.onCompleted": { code: 'updateHex("' + mapper.hex + '")' } })
     stageHeight: 300
 
     function run(method, argument) {
@@ -58,7 +68,6 @@ Demo {
         NumberEditor { label: "green"; value: mapper.green; to: 255; onEdited: demo.run("updateGreen", newValue) },
         NumberEditor { label: "blue"; value: mapper.blue; to: 255; onEdited: demo.run("updateBlue", newValue) },
         NumberEditor { label: "alpha"; value: mapper.alpha; to: 255; onEdited: demo.run("updateAlpha", newValue) },
-        TextEditor { label: "hex"; value: mapper.hex; onEdited: demo.run("updateHex", newValue) },
-        EventLog { id: log }
+        TextEditor { label: "hex"; value: mapper.hex; onEdited: demo.run("updateHex", newValue) }
     ]
 }

@@ -25,6 +25,7 @@ Item {
         font.pixelSize: Theme.small
     }
     Field {
+        name: part.name
         y: 18
         width: parent.width
         horizontalAlignment: TextInput.AlignHCenter

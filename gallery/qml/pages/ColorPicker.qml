@@ -28,69 +28,89 @@ Item {
         Component.onCompleted: updateColor(picker.previous)
     }
 
-    SaturationValueBox {
-        id: square
+    KeyStop {
+        id: squareStop
+        name: "Saturation and value: " + mapper.saturation + ", " + mapper.value
         width: picker.stacked ? picker.width : Math.min(440, picker.width - 300)
         height: 260
-        onSaturationChanged: mapper.updateSaturation(saturation)
-        onValueChanged: mapper.updateValue(value)
-        Keys.onLeftPressed: mapper.updateValue(value - 1)
-        Keys.onRightPressed: mapper.updateValue(value + 1)
-        Keys.onUpPressed: mapper.updateSaturation(saturation + 1)
-        Keys.onDownPressed: mapper.updateSaturation(saturation - 1)
-        crossHairDelegate: Item {
-            Rectangle {
-                x: -9
-                y: -9
-                width: 18
-                height: 18
-                radius: 9
-                color: "transparent"
-                border.color: Theme.text
+        SaturationValueBox {
+            id: square
+            focus: true
+            anchors.fill: parent
+            onSaturationChanged: mapper.updateSaturation(saturation)
+            onValueChanged: mapper.updateValue(value)
+            Keys.onLeftPressed: mapper.updateValue(value - 1)
+            Keys.onRightPressed: mapper.updateValue(value + 1)
+            Keys.onUpPressed: mapper.updateSaturation(saturation + 1)
+            Keys.onDownPressed: mapper.updateSaturation(saturation - 1)
+            crossHairDelegate: Item {
                 Rectangle {
-                    anchors.fill: parent
-                    anchors.margins: 1
-                    radius: 8
-                    color: Qt.hsva(square.hue / 359, square.saturation / 255, square.value / 255, 1)
-                    border.width: 2
-                    border.color: Theme.panel
+                    x: -9
+                    y: -9
+                    width: 18
+                    height: 18
+                    radius: 9
+                    color: "transparent"
+                    border.color: Theme.ink
+                    Rectangle {
+                        anchors.fill: parent
+                        anchors.margins: 1
+                        radius: 8
+                        color: Qt.hsva(square.hue / 359, square.saturation / 255, square.value / 255, 1)
+                        border.width: 2
+                        border.color: Theme.paper
+                    }
                 }
             }
-        }
-        Rectangle {
-            anchors.fill: parent
-            color: "transparent"
-            border.color: square.activeFocus ? Theme.focus : Theme.strongLine
+            Rectangle {
+                anchors.fill: parent
+                color: "transparent"
+                border.color: Theme.strongLine
+            }
         }
     }
 
-    HueBox {
-        id: strip
-        y: square.height + 20
-        width: square.width
+    KeyStop {
+        id: stripStop
+        name: "Hue: " + mapper.hue
+        y: squareStop.height + 20
+        width: squareStop.width
         height: picker.stripHeight
-        onHueChanged: mapper.updateHue(hue)
-        Keys.onLeftPressed: mapper.updateHue(hue - 1)
-        Keys.onRightPressed: mapper.updateHue(hue + 1)
-        sliderDelegate: StripHandle { color: Qt.hsva(strip.hue / 359, 1, 1, 1) }
-        Rectangle {
+        HueBox {
+            id: strip
+            focus: true
             anchors.fill: parent
-            color: "transparent"
-            border.color: strip.activeFocus ? Theme.focus : Theme.strongLine
+            onHueChanged: mapper.updateHue(hue)
+            Keys.onLeftPressed: mapper.updateHue(hue - 1)
+            Keys.onRightPressed: mapper.updateHue(hue + 1)
+            sliderDelegate: StripHandle { color: Qt.hsva(strip.hue / 359, 1, 1, 1) }
+            Rectangle {
+                anchors.fill: parent
+                color: "transparent"
+                border.color: Theme.strongLine
+            }
         }
     }
 
     CheckerBox {
         id: alphaStrip
-        y: strip.y + strip.height + 20
-        width: square.width
+        y: stripStop.y + stripStop.height + 20
+        width: squareStop.width
         height: picker.stripHeight
         checkerSize: 6
         lightColor: Theme.panel
         darkColor: Theme.strongLine
         Rectangle {
+            id: alphaStop
             anchors.fill: parent
             border.color: Theme.strongLine
+            activeFocusOnTab: true
+            Keys.onLeftPressed: mapper.updateAlpha(mapper.alpha - 1)
+            Keys.onRightPressed: mapper.updateAlpha(mapper.alpha + 1)
+            Accessible.role: Accessible.Slider
+            Accessible.name: "Alpha: " + mapper.alpha
+            Accessible.focusable: true
+            FocusRing { anchors.margins: -4 }
             gradient: Gradient {
                 orientation: Gradient.Horizontal
                 GradientStop { position: 0; color: Qt.rgba(picker.color.r, picker.color.g, picker.color.b, 0) }
@@ -101,10 +121,8 @@ Item {
             anchors.fill: parent
             preventStealing: true
             function take(x) { mapper.updateAlpha(Math.round(x / width * 255)); }
-            onPressed: { forceActiveFocus(); take(mouse.x); }
+            onPressed: { alphaStop.forceActiveFocus(); take(mouse.x); }
             onPositionChanged: take(mouse.x)
-            Keys.onLeftPressed: mapper.updateAlpha(mapper.alpha - 1)
-            Keys.onRightPressed: mapper.updateAlpha(mapper.alpha + 1)
         }
         StripHandle {
             x: alphaStrip.width * mapper.alpha / 255
@@ -115,7 +133,7 @@ Item {
 
     Column {
         id: fields
-        x: picker.stacked ? 0 : square.width + 36
+        x: picker.stacked ? 0 : squareStop.width + 36
         y: picker.stacked ? alphaStrip.y + alphaStrip.height + 24 : 0
         width: picker.width - x
         spacing: 14
@@ -133,6 +151,13 @@ Item {
                 width: parent.width / 2
                 height: parent.height
                 color: picker.previous
+                activeFocusOnTab: true
+                Keys.onSpacePressed: mapper.updateColor(picker.previous)
+                Accessible.role: Accessible.Button
+                Accessible.name: "Back to the previous colour"
+                Accessible.focusable: true
+                Accessible.onPressAction: mapper.updateColor(picker.previous)
+                FocusRing {}
                 MouseArea {
                     anchors.fill: parent
                     cursorShape: Qt.PointingHandCursor
@@ -168,6 +193,7 @@ Item {
                     font.pixelSize: Theme.small
                 }
                 Field {
+                    name: "Hex"
                     y: 18
                     width: parent.width
                     horizontalAlignment: TextInput.AlignHCenter
@@ -188,28 +214,16 @@ Item {
         Column {
             spacing: 8
             Label { text: "From the palette"; color: Theme.softText; font.pixelSize: Theme.small }
-            Row {
-                spacing: 7
-                Repeater {
-                    model: [UI.SecondaryBase, UI.PrimaryPress, UI.WarningBackground, UI.SecondaryPress,
-                            UI.TabActive, UI.PasswordInsecure, UI.PrimaryFocusBorder, UI.MoreOptionsIcon]
-                    Rectangle {
-                        width: 24
-                        height: 24
-                        radius: 12
-                        color: UI.color(modelData)
-                        border.width: swatch.containsMouse ? 2 : 1
-                        border.color: swatch.containsMouse ? Theme.focus : Theme.strongLine
-                        MouseArea {
-                            id: swatch
-                            anchors.fill: parent
-                            hoverEnabled: true
-                            cursorShape: Qt.PointingHandCursor
-                            // Keeps the alpha, as updateColor() would not.
-                            onClicked: mapper.updateHex(String(parent.color).substr(1))
-                        }
-                    }
-                }
+            Swatches {
+                name: "From the palette"
+                size: 24
+                spacing: 8
+                colors: [UI.SecondaryBase, UI.PrimaryPress, UI.WarningBackground, UI.SecondaryPress,
+                         UI.TabActive, UI.PasswordInsecure, UI.PrimaryFocusBorder, UI.MoreOptionsIcon]
+                            .map(name => UI.color(name))
+                current: mapper.color
+                // Keeps the alpha, as updateColor() would not.
+                onPicked: mapper.updateHex(String(color).substr(1))
             }
         }
         Row {

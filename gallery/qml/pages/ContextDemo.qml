@@ -8,8 +8,19 @@ import "../kit"
 Demo {
     id: demo
     title: "Context"
-    hint: "The album has a context, its pictures are in it too. Rename one, take one out and rename it "
-          + "again: only documents of the context are reported."
+    hint: "The album has a context, and its pictures are in it too."
+    steps: [
+        Step {
+            text: "Rename the album or one of its pictures: the context reports it."
+            when: log.last.startsWith("documentChanged")
+        },
+        Step {
+            text: "Take a picture out and rename it again: only documents of the context are reported."
+            when: album.children.length < 2
+        }
+    ]
+    codeType: "Document"
+    codeValues: ({ name: album.name })
     stageHeight: 230
 
     Context {
@@ -63,7 +74,6 @@ Demo {
         BoolEditor { id: inContext; label: "album in context"; value: true; onEdited: value = newValue },
         TextEditor { label: "album.name"; target: album; property: "name" },
         TextEditor { label: "beach.name"; target: beach; property: "name" },
-        TextEditor { label: "hills.name"; target: hills; property: "name" },
-        EventLog { id: log; lines: 4 }
+        TextEditor { label: "hills.name"; target: hills; property: "name" }
     ]
 }

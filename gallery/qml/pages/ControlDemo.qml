@@ -15,8 +15,14 @@ Demo {
     readonly property int edge: edgeEditor.value
 
     title: "Control"
-    hint: "A side of the panel by its name, and the name of the family that draws a weight: 25, 63 and 87 have "
-          + "families of their own."
+    steps: [
+        Step { text: "Choose another edge: a side of the panel by its name."; when: demo.edge !== Control.LeftEdge },
+        Step {
+            text: "Set the weight to 63 or 87: these and 25 have families of their own."
+            when: [63, 87].includes(weightEditor.value)
+        }
+    ]
+    logs: false
     stageHeight: 220
 
     Surface {

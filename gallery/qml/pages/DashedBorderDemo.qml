@@ -6,10 +6,23 @@ import ombrel.Controls 1.0
 import "../kit"
 
 Demo {
+    id: demo
+
     title: "DashedBorder"
-    hint: "Drag one of the boxes: the dashes belong to the window and stay where they are while the outline moves "
-          + "over them. Where two outlines meet, their dashes agree."
+    steps: [
+        Step {
+            text: "Drag one of the boxes: the dashes belong to the window and stay where they are while the outline moves over them. Where two outlines meet, their dashes agree."
+            when: demo.dragged
+        },
+        Step { text: "Scale or turn the boxes."; when: scaleEditor.value !== 1 || rotationEditor.value !== 0 }
+    ]
+    codeValues: ({
+        borderColor: String(first.borderColor), width: first.boxWidth, height: first.boxHeight, scale: scaleEditor.value,
+        rotation: rotationEditor.value, opacity: opacityEditor.value, visible: visibleEditor.value
+    })
     stageHeight: 320
+
+    property bool dragged: false
 
     Item {
         id: area
@@ -17,8 +30,10 @@ Demo {
         clip: true
         Repeater {
             model: 2
-            Item {
+            Movable {
                 id: box
+                name: index === 0 ? "First box" : "Second box"
+                onMoved: demo.dragged = true
                 x: index === 0 ? 60.5 : 210.5
                 y: index === 0 ? 60.5 : 110.5
                 width: first.boxWidth
@@ -31,7 +46,6 @@ Demo {
                     opacity: opacityEditor.value
                     visible: visibleEditor.value
                 }
-                MouseArea { anchors.fill: parent; cursorShape: Qt.SizeAllCursor; drag.target: box }
             }
         }
         QtObject {
@@ -50,7 +64,6 @@ Demo {
         NumberEditor { id: scaleEditor; label: "scale"; value: 1; from: 0.3; to: 2; stepSize: 0.05; onEdited: value = newValue },
         NumberEditor { id: rotationEditor; label: "rotation"; value: 0; from: -45; to: 45; onEdited: value = newValue },
         NumberEditor { id: opacityEditor; label: "opacity"; value: 1; from: 0; to: 1; stepSize: 0.05; onEdited: value = newValue },
-        BoolEditor { id: visibleEditor; label: "visible"; value: true; onEdited: value = newValue },
-        EventLog { id: log }
+        BoolEditor { id: visibleEditor; label: "visible"; value: true; onEdited: value = newValue }
     ]
 }

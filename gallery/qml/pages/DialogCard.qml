@@ -43,6 +43,8 @@ DialogItem {
     opacity: open ? 1 : 0
     visible: opacity > 0
     Behavior on opacity { NumberAnimation { duration: 120 } }
+    Accessible.role: Accessible.Dialog
+    Accessible.name: look.word
     Keys.onEscapePressed: reject()
     Keys.onReturnPressed: takeMain()
     Keys.onEnterPressed: takeMain()
@@ -55,8 +57,8 @@ DialogItem {
         y: -dialog.y
         width: visible ? dialog.parent.width : 0
         height: visible ? dialog.parent.height : 0
-        color: Theme.text
-        opacity: 0.18
+        color: Theme.ink
+        opacity: Theme.dark ? 0.5 : 0.18
     }
     Surface {
         anchors.fill: parent
@@ -90,13 +92,14 @@ DialogItem {
         }
         Field {
             id: field
+            name: "Name of the file"
             x: 22
             y: 86
             width: parent.width - 44
             implicitHeight: 32
             visible: dialog.isQuestion
             focus: dialog.isQuestion
-            font.pixelSize: 14
+            font.pixelSize: Theme.normal
             text: "Draft " + dialog.level
         }
         // Not of the dialog's business: it shows how dialogs lie above one another.

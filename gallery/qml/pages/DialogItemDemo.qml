@@ -47,9 +47,18 @@ Demo {
     }
 
     title: "DialogItem"
-    hint: "Open one, then another from inside it: closing gives the one below its buttons back. Without “modal” "
-          + "the page stays usable behind it. Drag a card by its ground; Return takes the main button, Escape rejects, and "
-          + "the focus goes back to where it was."
+    steps: [
+        Step { text: "Open a dialog, then another from inside it."; when: demo.openDialogs > 1 },
+        Step {
+            text: "Close the upper one with Escape: the one below has its buttons back, and the focus is where it was."
+            when: /^rejected.*[2-9]$/.test(log.last)
+        },
+        Step {
+            text: "Switch “modal” off: the page stays usable behind a dialog, which is dragged by its ground."
+            when: !modality.value && demo.openDialogs > 0
+        }
+    ]
+    codeValues: ({ modal: modality.value })
     stageHeight: 250
 
     Grid {
@@ -63,11 +72,14 @@ Demo {
                 width: 170
                 height: 64
                 text: modelData.text
+                Accessible.role: Accessible.Button
+                Accessible.name: "Open a dialog of " + text
+                Accessible.onPressAction: click()
                 onClicked: demo.open(modelData.value, demo.openDialogs + 1)
                 background: Rectangle {
                     radius: Theme.radius
                     color: choice.down || choice.hovered ? Theme.accentSoft : Theme.panel
-                    border.width: choice.visualFocus ? 2 : 1
+                    border.width: choice.visualFocus ? Theme.focusWidth : 1
                     border.color: choice.visualFocus ? Theme.focus : Theme.line
                 }
                 contentItem: Item {
@@ -92,7 +104,6 @@ Demo {
 
     editors: [
         BoolEditor { id: modality; label: "modal"; value: true; onEdited: value = newValue },
-        ValueRow { label: "open dialogs"; value: demo.openDialogs },
-        EventLog { id: log; lines: 8 }
+        ValueRow { label: "open dialogs"; value: demo.openDialogs }
     ]
 }

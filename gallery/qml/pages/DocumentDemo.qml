@@ -16,6 +16,8 @@ Demo {
     readonly property int count: folder ? folder.children.length : 0
     readonly property bool readable: !folder || folder.readable
     property Document selected: firstOf(gallery.folder)
+    property int firstCount: -1
+    Component.onCompleted: firstCount = count
 
     function firstOf(document) {
         return document.children.length > 0 ? document.children[0] : document;
@@ -56,8 +58,19 @@ Demo {
     onSelectionLostChanged: Qt.callLater(settle)
 
     title: "Document"
-    hint: "Double-click a folder to look inside; its documents are made at that moment. Create, rename or "
-          + "delete a file on disk and the list follows. Change the selected document's name here."
+    hint: "The selected document can be changed here; what it is on disk stays."
+    steps: [
+        Step {
+            text: "Double-click a folder to look inside; its documents are made at that moment."
+            when: demo.path.length > 1
+        },
+        Step {
+            text: "Create or delete a file on disk: the list follows."
+            when: demo.firstCount >= 0 && demo.path.length === 1 && demo.count !== demo.firstCount
+        }
+    ]
+    subject: demo.selected
+    logs: false
     stageHeight: 420
 
     Row {
@@ -81,9 +94,17 @@ Demo {
                     text: modelData ? Theme.oneLine(modelData.name) : "gone"
                     color: index === demo.path.length - 1 ? Theme.text : Theme.accentText
                     font.weight: index === demo.path.length - 1 ? Font.DemiBold : Font.Normal
+                    readonly property bool leads: index < demo.path.length - 1
+                    activeFocusOnTab: leads
+                    Keys.onSpacePressed: demo.leaveTo(index)
+                    Keys.onReturnPressed: demo.leaveTo(index)
+                    Accessible.role: leads ? Accessible.Link : Accessible.StaticText
+                    Accessible.focusable: leads
+                    Accessible.onPressAction: if (leads) demo.leaveTo(index)
+                    FocusRing { anchors.margins: -4 }
                     MouseArea {
                         anchors.fill: parent
-                        enabled: index < demo.path.length - 1
+                        enabled: parent.leads
                         cursorShape: enabled ? Qt.PointingHandCursor : Qt.ArrowCursor
                         onClicked: demo.leaveTo(index)
                     }
@@ -123,6 +144,20 @@ Demo {
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         model: demo.folder ? demo.folder.children : []
+        activeFocusOnTab: true
+        onActiveFocusChanged: if (activeFocus && currentIndex < 0) currentIndex = 0
+        currentIndex: -1
+        onCurrentItemChanged: if (currentItem && activeFocus) demo.selected = currentItem.document
+        Keys.onReturnPressed: if (currentItem && currentItem.type === "folder") demo.enter(currentItem.document)
+        Keys.onPressed: {
+            if (event.key !== Qt.Key_Backspace || demo.path.length < 2)
+                return;
+            demo.leaveTo(demo.path.length - 2);
+            event.accepted = true;
+        }
+        Accessible.role: Accessible.List
+        Accessible.name: "Documents of the folder"
+        Accessible.focusable: true
         Controls.ScrollBar.vertical: ScrollBar {}
 
         delegate: Item {
@@ -131,6 +166,11 @@ Demo {
             readonly property string type: document && document.types.length > 0 ? document.types[0] : ""
             width: list.width
             height: 44
+            Accessible.role: Accessible.ListItem
+            Accessible.name: document ? Theme.oneLine(document.name) + ", " + type : ""
+            Accessible.selectable: true
+            Accessible.selected: document === demo.selected
+            Accessible.onPressAction: demo.selected = document
 
             Rectangle {
                 anchors.fill: parent
@@ -139,6 +179,8 @@ Demo {
                 radius: Theme.radius
                 color: entry.document === demo.selected ? Theme.accentSoft
                      : mouse.containsMouse ? Theme.window : "transparent"
+                border.width: list.activeFocus && entry.ListView.isCurrentItem ? Theme.focusWidth : 0
+                border.color: Theme.focus
             }
             Thumbnail {
                 x: 14
@@ -165,7 +207,11 @@ Demo {
                 id: mouse
                 anchors.fill: parent
                 hoverEnabled: true
-                onClicked: demo.selected = entry.document
+                onClicked: {
+                    list.currentIndex = index;
+                    list.forceActiveFocus(Qt.MouseFocusReason);
+                    demo.selected = entry.document;
+                }
                 onDoubleClicked: if (entry.document.hasType("folder")) demo.enter(entry.document)
             }
         }

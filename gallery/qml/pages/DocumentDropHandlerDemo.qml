@@ -7,8 +7,14 @@ import "../kit"
 
 Demo {
     title: "DocumentDropHandler"
-    hint: "Drag a document from the list. Change the type and drag again: one document of the type is enough, "
-          + "the others come along."
+    steps: [
+        Step { text: "Drag a document of the type onto the pad."; when: pad.received !== "" },
+        Step {
+            text: "Change the type and drag again: one document of the type is enough, the others come along."
+            when: pad.handler.type !== "text" && pad.zone.containsDrag
+        }
+    ]
+    subject: pad.handler
     stageHeight: 300
 
     DragZone {
@@ -35,7 +41,6 @@ Demo {
     editors: [
         TextEditor { target: pad.handler; property: "type" },
         ValueRow { target: pad.zone; property: "containsDrag" },
-        ValueRow { label: "dropped"; value: pad.received },
-        EventLog { id: log; lines: 6 }
+        ValueRow { label: "dropped"; value: pad.received }
     ]
 }

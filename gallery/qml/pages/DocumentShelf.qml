@@ -25,6 +25,12 @@ ListView {
 
     clip: true
     interactive: false
+    keyNavigationEnabled: true
+    activeFocusOnTab: true
+    Keys.onSpacePressed: press(model[currentIndex], event.modifiers & Qt.ControlModifier)
+    Accessible.role: Accessible.List
+    Accessible.name: "Documents to drag"
+    Accessible.focusable: true
     spacing: 4
     readonly property Samples samples: Samples { folder: gallery.folder }
     model: samples.documents
@@ -37,6 +43,12 @@ ListView {
         radius: Theme.radius
         color: chosen ? Theme.accentSoft : Theme.panel
         border.color: chosen ? Theme.accent : Theme.line
+        Accessible.role: Accessible.ListItem
+        Accessible.name: document ? Theme.oneLine(document.name) : ""
+        Accessible.selectable: true
+        Accessible.selected: chosen
+        Accessible.onPressAction: shelf.press(document, true)
+        FocusRing { shown: shelf.activeFocus && row.ListView.isCurrentItem }
         Thumbnail {
             x: 6
             anchors.verticalCenter: parent.verticalCenter
@@ -61,7 +73,11 @@ ListView {
         }
         MouseArea {
             anchors.fill: parent
-            onPressed: shelf.press(row.document, mouse.modifiers & Qt.ControlModifier)
+            onPressed: {
+                shelf.currentIndex = index;
+                shelf.forceActiveFocus(Qt.MouseFocusReason);
+                shelf.press(row.document, mouse.modifiers & Qt.ControlModifier);
+            }
         }
     }
 }

@@ -11,7 +11,14 @@ Demo {
     property bool delayRemove: true
 
     title: "DragArea"
-    hint: "The same gesture and card, but no pad takes it: document handlers take documents from drag zones only. Other programs see the same bytes."
+    steps: [
+        Step {
+            text: "Drag a document onto a pad: none takes it, document handlers take documents from drag zones only."
+            when: source.dragActive
+        },
+        Step { text: "Drag one into another program: it sees the same bytes."; when: log.last === "isOutside true" }
+    ]
+    subject: source
     stageHeight: 400
 
     DragArea {
@@ -83,7 +90,6 @@ Demo {
         ValueRow { target: source; property: "dragActive" },
         ValueRow { label: "dragDocuments"; value: source.dragDocuments.length },
         BoolEditor { label: "delayRemove"; value: demo.delayRemove; onEdited: demo.delayRemove = newValue },
-        PointEditor { label: "hotspot"; value: demo.hotspot; onEdited: demo.hotspot = newValue },
-        EventLog { id: log; lines: 7 }
+        PointEditor { label: "hotspot"; value: demo.hotspot; onEdited: demo.hotspot = newValue }
     ]
 }

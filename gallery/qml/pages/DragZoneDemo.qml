@@ -11,7 +11,15 @@ Demo {
     property bool delayRemove: true
 
     title: "DragZone"
-    hint: "Pick some documents, with Ctrl several, and drag them onto a type that one of them has. Leave the window: the card pales. Let go: it spins away before it is removed."
+    steps: [
+        Step {
+            text: "Pick some documents, with Ctrl several, and drag them onto a type that one of them has."
+            when: log.last.endsWith(": dropped")
+        },
+        Step { text: "Leave the window with them: the card pales."; when: log.last === "isOutside true" },
+        Step { text: "Let go: the card spins away before it is removed."; when: log.last === "dragActiveChanged false" }
+    ]
+    subject: source
     stageHeight: 400
 
     DragZone {
@@ -83,7 +91,6 @@ Demo {
         ValueRow { target: source; property: "dragActive" },
         ValueRow { label: "dragDocuments"; value: source.dragDocuments.length },
         BoolEditor { label: "delayRemove"; value: demo.delayRemove; onEdited: demo.delayRemove = newValue },
-        PointEditor { label: "hotspot"; value: demo.hotspot; onEdited: demo.hotspot = newValue },
-        EventLog { id: log; lines: 7 }
+        PointEditor { label: "hotspot"; value: demo.hotspot; onEdited: demo.hotspot = newValue }
     ]
 }

@@ -8,8 +8,17 @@ import "../kit"
 Demo {
     id: demo
     title: "Draggable"
-    hint: "Drag the cards between columns of different scale and rotation: a card keeps its size on the screen and stays "
-          + "where it is dropped. Let go beside them and it flies home."
+    steps: [
+        Step {
+            text: "Drag a card into a column of another scale and rotation: it keeps its size on the screen and stays where it is dropped."
+            when: log.last.startsWith("dropped on scale 0")
+        },
+        Step {
+            text: "Let go of the first card beside the columns: it flies home."
+            when: log.last === "dragEnded" && !card.taken
+        }
+    ]
+    subject: card
     stageHeight: 300
 
     // Each in the middle of its third of the stage.
@@ -58,7 +67,6 @@ Demo {
         TextEditor { target: card; property: "dragData" },
         ValueRow { target: card; property: "isDragged" },
         ValueRow { target: card; property: "scale" },
-        ValueRow { target: card; property: "z" },
-        EventLog { id: log; lines: 6 }
+        ValueRow { target: card; property: "z" }
     ]
 }

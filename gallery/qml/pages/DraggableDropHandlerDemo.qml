@@ -8,8 +8,14 @@ import "../kit"
 Demo {
     id: demo
     title: "DraggableDropHandler"
-    hint: "A column takes the card whose text is its key, to the letter; the other one flies home. Change the key and "
-          + "drag again."
+    steps: [
+        Step {
+            text: "Drop both cards on the column: it takes the one whose text is its key, to the letter; the other flies home."
+            when: log.last.startsWith("dropped on")
+        },
+        Step { text: "Make the key “Card” and drag again."; when: column.handler.key === "Card" }
+    ]
+    subject: column.handler
     stageHeight: 300
 
     CardColumn {
@@ -24,7 +30,6 @@ Demo {
 
     editors: [
         TextEditor { target: column.handler; property: "key" },
-        ValueRow { target: column.zone; property: "containsDrag" },
-        EventLog { id: log; lines: 6 }
+        ValueRow { target: column.zone; property: "containsDrag" }
     ]
 }

@@ -20,10 +20,14 @@ Item {
     property point position
     property DropHandler taker: null
     readonly property bool over: zone.containsDrag
+    readonly property bool refuses: refusal.over
     readonly property var shown: over ? offered : got
 
     // For a log: the name of the signal, and its drag.
     signal happened(string what)
+
+    Accessible.role: Accessible.Grouping
+    Accessible.name: invitation + (takes === "" ? "" : ": " + takes)
 
     function countOf(files) { return files.length === 1 ? "1 file" : files.length + " files"; }
 
@@ -127,7 +131,7 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             text: pad.over ? "A drag without files" : refusal.over ? "Would not take this" : pad.invitation
             color: refusal.over ? Theme.errorText : Theme.text
-            font.pixelSize: 16
+            font.pixelSize: Theme.large
         }
         Label {
             width: parent.width
@@ -137,7 +141,7 @@ Item {
             wrapMode: Text.WordWrap
             maximumLineCount: 3
             elide: Text.ElideRight
-            font.pixelSize: 13
+            font.pixelSize: Theme.medium
         }
     }
 
@@ -153,22 +157,15 @@ Item {
             color: refusal.over ? Theme.errorText : pad.over ? Theme.accentText : Theme.positiveText
             font.weight: Font.DemiBold
         }
-        Label {
-            anchors.right: parent.right
+        Button {
+            anchors { right: parent.right; rightMargin: -8 }
+            y: -8
             visible: !pad.over
+            flat: true
             text: "Clear"
-            color: mouse.containsMouse ? Theme.accentText : Theme.faintText
-            font.pixelSize: 13
-            MouseArea {
-                id: mouse
-                anchors.fill: parent
-                anchors.margins: -6
-                hoverEnabled: true
-                cursorShape: Qt.PointingHandCursor
-                onClicked: {
-                    pad.got = [];
-                    pad.taker = null;
-                }
+            onClicked: {
+                pad.got = [];
+                pad.taker = null;
             }
         }
         Flow {
@@ -197,7 +194,7 @@ Item {
                     verticalAlignment: Text.AlignVCenter
                     text: "+ " + (pad.shown.length - flow.tiles).toLocaleString(Qt.locale(), "f", 0)
                     color: Theme.softText
-                    font.pixelSize: 17
+                    font.pixelSize: Theme.large
                 }
             }
         }

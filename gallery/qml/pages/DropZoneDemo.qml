@@ -13,8 +13,15 @@ Demo {
                                      "images only": [images] })
 
     title: "DropZone"
-    hint: "One zone, three handlers. Drag a picture, then a text over it and see which handler takes it; put "
-          + "“any file” first and it takes everything."
+    steps: [
+        Step {
+            text: "Drag a picture over the zone and see which of the three handlers takes it."
+            when: pad.taker === images
+        },
+        Step { text: "Then a text: the last handler takes that."; when: pad.taker === any },
+        Step { text: "Put “any file” first: it takes everything."; when: order.value.startsWith("any") && pad.over }
+    ]
+    subject: pad.zone
     stageHeight: 380
 
     Row {
@@ -79,7 +86,6 @@ Demo {
         BoolEditor { target: pad.zone; property: "enabled" },
         ValueRow { target: pad.zone; property: "containsDrag" },
         ValueRow { label: "drag.position"; value: Math.round(pad.position.x) + ", " + Math.round(pad.position.y) },
-        ValueRow { label: "drag.data"; value: pad.countOf(pad.shown) },
-        EventLog { id: log; lines: 7 }
+        ValueRow { label: "drag.data"; value: pad.countOf(pad.shown) }
     ]
 }

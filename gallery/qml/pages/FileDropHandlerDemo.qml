@@ -7,8 +7,18 @@ import "../kit"
 
 Demo {
     title: "FileDropHandler"
-    hint: "Left every file, right those with a suffix of the list. Drag several kinds at once: the right zone "
-          + "gets only its own. Suffixes in capitals match nothing."
+    hint: "Left every file, right those with a suffix of the list."
+    steps: [
+        Step {
+            text: "Drag several kinds of files at once onto the right zone: it gets only its own."
+            when: suffixPad.got.length > 0
+        },
+        Step {
+            text: "Add a suffix in capitals: it matches nothing."
+            when: Array.from(handler.suffixes).some(suffix => suffix !== suffix.toLowerCase())
+        }
+    ]
+    subject: handler
     stageHeight: 320
 
     DropPad {
@@ -34,7 +44,6 @@ Demo {
     editors: [
         TextEditor { target: handler; property: "suffixes"; list: true; placeholder: "every file" },
         ValueRow { label: "any: drag.data"; value: anyPad.countOf(anyPad.shown) },
-        ValueRow { label: "list: drag.data"; value: suffixPad.countOf(suffixPad.shown) },
-        EventLog { id: log; lines: 7 }
+        ValueRow { label: "list: drag.data"; value: suffixPad.countOf(suffixPad.shown) }
     ]
 }

@@ -20,6 +20,8 @@ Section {
     onDraggingChanged: if (!dragging) files = present
     property bool dragging: false
 
+    Binding { target: shelf.page; property: "covered"; value: shelf.height }
+
     z: 1
     transform: Translate { y: shelf.stuck }
     border.color: stuck > 0 ? Theme.focus : Theme.line
@@ -42,8 +44,11 @@ Section {
                 property bool dragged: false
                 width: 92
                 height: 92
+                Accessible.role: Accessible.Graphic
+                Accessible.name: all ? "All files, to be dragged" : tile.name + ", to be dragged"
 
                 FileTile {
+                    id: tile
                     anchors.fill: parent
                     visible: !card.all
                     url: card.all ? "" : modelData

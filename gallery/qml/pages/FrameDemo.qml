@@ -9,8 +9,15 @@ Demo {
     id: demo
 
     title: "Frame"
-    hint: "Drag the photo below the panel and out of the clipped area: the ring stays whole and on top. Scale, "
-          + "fade and hide it."
+    steps: [
+        Step {
+            text: "Drag the photo below the panel and out of the clipped area: the ring stays whole and on top."
+            when: photo.y !== 60
+        },
+        Step { text: "Scale and turn it: the ring keeps its width."; when: photo.scale !== 1 || photo.rotation !== 0 },
+        Step { text: "Fade or hide the ring."; when: frame.opacity < 1 || !frame.visible }
+    ]
+    subject: frame
     stageHeight: 380
 
     Surface {
@@ -29,8 +36,14 @@ Demo {
             color: Theme.faintText
             font.pixelSize: Theme.small
         }
-        Item {
+        Movable {
             id: photo
+            name: "Photo"
+            ringMargin: frame.frameWidth + 4
+            minimumX: -60
+            maximumX: area.width - 60
+            minimumY: -50
+            maximumY: area.height - 40
             x: 70
             y: 60
             width: 150
@@ -50,15 +63,6 @@ Demo {
                 color: "#ECD284"
                 onFrameWidthChanged: log.note("frameWidthChanged " + frameWidth)
                 onColorChanged: log.note("colorChanged " + color)
-            }
-            MouseArea {
-                anchors.fill: parent
-                cursorShape: Qt.SizeAllCursor
-                drag.target: photo
-                drag.minimumX: -60
-                drag.maximumX: area.width - 60
-                drag.minimumY: -50
-                drag.maximumY: area.height - 40
             }
         }
     }
@@ -80,7 +84,6 @@ Demo {
         NumberEditor { target: photo; property: "scale"; from: 0.3; to: 2; stepSize: 0.05 },
         NumberEditor { target: photo; property: "rotation"; from: -45; to: 45 },
         NumberEditor { target: frame; property: "opacity"; from: 0; to: 1; stepSize: 0.05 },
-        BoolEditor { target: frame; property: "visible" },
-        EventLog { id: log }
+        BoolEditor { target: frame; property: "visible" }
     ]
 }

@@ -12,7 +12,11 @@ Demo {
     property HoverArea last: null
 
     title: "HoverArea"
-    hint: "Each button lies under a hover area. Move across them, and click: the press goes through."
+    steps: [
+        Step { text: "Move across the buttons: each lies under a hover area."; when: demo.last !== null },
+        Step { text: "Click one: the press goes through."; when: demo.clicks > 0 }
+    ]
+    codeValues: ({ enabled: enabledEditor.value })
     stageHeight: 200
 
     Row {
@@ -47,7 +51,6 @@ Demo {
     editors: [
         BoolEditor { id: enabledEditor; label: "enabled"; value: true; onEdited: value = newValue },
         ValueRow { label: "hovered"; value: demo.last ? demo.last.hovered : false },
-        ValueRow { label: "clicks"; value: demo.clicks },
-        EventLog { id: log }
+        ValueRow { label: "clicks"; value: demo.clicks }
     ]
 }

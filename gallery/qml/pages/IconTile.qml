@@ -21,7 +21,7 @@ Item {
     Rectangle {
         width: parent.width
         height: 49
-        color: tile.onDark ? Theme.text : Theme.panel
+        color: tile.onDark ? Theme.ink : Theme.paper
         border { width: 1; color: Theme.line }
         clip: true
         Image { anchors.centerIn: parent; source: tile.picture }
@@ -30,7 +30,7 @@ Item {
         y: 48
         width: parent.width
         height: 80
-        color: tile.onDark ? Theme.text : Theme.window
+        color: tile.onDark ? Theme.ink : Theme.paper
         border { width: 1; color: Theme.line }
         Image {
             id: natural
@@ -53,6 +53,6 @@ Item {
         horizontalAlignment: Text.AlignHCenter
         text: tile.file
         color: Theme.softText
-        font.pixelSize: 11
+        font.pixelSize: Theme.tiny
     }
 }

@@ -84,7 +84,7 @@ Page {
                 height: 150
                 source: "qrc:/controls/images/dialog-shadow.png"
                 border { left: 36; right: 36; top: 36; bottom: 36 }
-                Surface { anchors.fill: parent; anchors.margins: 18 }
+                Rectangle { anchors.fill: parent; anchors.margins: 18; radius: Theme.radius; color: Theme.paper }
             }
             BorderImage {
                 width: 220
@@ -92,7 +92,7 @@ Page {
                 anchors.verticalCenter: parent.verticalCenter
                 source: "qrc:/controls/icons/infotip-ohne-pfeilchen-9-slice.png"
                 border { left: 16; right: 16; top: 15; bottom: 16 }
-                Label { anchors.centerIn: parent; text: "An info tip" }
+                Label { anchors.centerIn: parent; text: "An info tip"; color: Theme.ink }
             }
         }
     }

@@ -7,8 +7,11 @@ import "../kit"
 
 Demo {
     title: "ImageDropHandler"
-    hint: "Takes what this system can read as an image, told by the suffix. Drag all files of the folder: "
-          + "only the pictures come in."
+    hint: "Takes what this system can read as an image, told by the suffix."
+    steps: [
+        Step { text: "Drag a picture onto the zone."; when: pad.got.length > 0 },
+        Step { text: "Drag all files of the folder: only the pictures come in."; when: pad.offered.length > 1 }
+    ]
     stageHeight: 280
 
     DropPad {
@@ -23,7 +26,6 @@ Demo {
     editors: [
         ValueRow { label: "suffixes"; value: Array.from(handler.suffixes).join(", ") },
         ValueRow { target: pad.zone; property: "containsDrag" },
-        ValueRow { label: "drag.data"; value: pad.countOf(pad.shown) },
-        EventLog { id: log; lines: 5 }
+        ValueRow { label: "drag.data"; value: pad.countOf(pad.shown) }
     ]
 }

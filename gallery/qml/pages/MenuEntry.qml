@@ -12,6 +12,10 @@ Rectangle {
     property bool checked: false
     property bool current: false
     signal entered()
+    Accessible.role: Accessible.MenuItem
+    Accessible.name: text
+    Accessible.selected: current
+    Accessible.onPressAction: picked()
     signal picked()
 
     implicitWidth: 160
@@ -21,11 +25,12 @@ Rectangle {
 
     Label {
         id: label
+        Accessible.ignored: true
         x: 10
         width: parent.width - 34
         height: parent.height
         verticalAlignment: Text.AlignVCenter
-        font.pixelSize: 13
+        font.pixelSize: Theme.medium
         font.weight: entry.checked ? Font.DemiBold : Font.Normal
         color: entry.checked ? Theme.accentText : Theme.text
     }

@@ -33,6 +33,8 @@ Surface {
         event.accepted = true;
     }
 
+    Accessible.role: Accessible.PopupMenu
+    Accessible.name: "Choices"
     implicitWidth: 168
     implicitHeight: column.height + 8
     border.color: Theme.strongLine

@@ -9,9 +9,18 @@ Demo {
     id: demo
 
     title: "PopupAnchorItem"
-    hint: "Switch on “turning”, then press the disc: the flyout keeps to its edge, turns along, and changes sides "
-          + "where the window ends. A press outside hides it and still does what it is meant for; “persistent” "
-          + "leaves it open."
+    steps: [
+        Step { text: "Press the disc: the flyout keeps to its edge."; when: anchor.popupVisible },
+        Step {
+            text: "Switch on “turning” and press the disc: the flyout turns along, and changes sides where the window ends."
+            when: turn.value && anchor.popupVisible
+        },
+        Step {
+            text: "Press outside: it hides, and the press still does what it is meant for. “persistent” leaves it open."
+            when: anchor.justHidden || anchor.persistent
+        }
+    ]
+    subject: anchor
     stageHeight: 340
 
     Item {
@@ -37,6 +46,16 @@ Demo {
             color: Theme.accent
             border.color: Theme.accentHover
             border.width: 6
+            activeFocusOnTab: true
+            Keys.onSpacePressed: anchor.popupVisible = !anchor.popupVisible
+            Accessible.role: Accessible.Button
+            Accessible.name: anchor.popupVisible ? "Hide the flyout" : "Show the flyout"
+            Accessible.focusable: true
+            Accessible.onPressAction: anchor.popupVisible = !anchor.popupVisible
+            FocusRing {
+                anchors.margins: -4
+                radius: width / 2
+            }
         }
         Rectangle {
             anchors.horizontalCenter: parent.horizontalCenter
@@ -109,7 +128,7 @@ Demo {
                         anchors.centerIn: parent
                         horizontalAlignment: Text.AlignHCenter
                         color: Theme.panel
-                        font.pixelSize: 13
+                        font.pixelSize: Theme.medium
                         lineHeight: 1.25
                         text: "top " + anchor.distanceTop + "\nbottom " + anchor.distanceBottom
                               + "\nright " + anchor.distanceRight
@@ -127,7 +146,6 @@ Demo {
         ValueRow { target: anchor; property: "distanceTop" },
         ValueRow { target: anchor; property: "distanceBottom" },
         ValueRow { target: anchor; property: "distanceRight" },
-        ValueRow { label: "popupItem"; value: anchor.popupItem ? "made" : "none yet" },
-        EventLog { id: log }
+        ValueRow { label: "popupItem"; value: anchor.popupItem ? "made" : "none yet" }
     ]
 }

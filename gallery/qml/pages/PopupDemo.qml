@@ -33,9 +33,18 @@ Demo {
     }
 
     title: "Popup"
-    hint: "Open the combo box and pick by pointer or arrow keys, press Escape, or press outside: that press is "
-          + "spent on closing. The right mouse button opens the menu where the pointer is, on the side that has "
-          + "room. The editors change the combo box's popup."
+    steps: [
+        Step { text: "Open the combo box and pick by pointer or arrow keys."; when: log.last.startsWith("accepted") },
+        Step {
+            text: "Open it again and press outside, or Escape: that press is spent on closing."
+            when: log.last === "rejected()"
+        },
+        Step {
+            text: "Press the right mouse button on the blue area: the menu opens on the side that has room."
+            when: menu.open
+        }
+    ]
+    subject: list
     stageHeight: 300
 
     Label {
@@ -53,7 +62,11 @@ Demo {
         height: 34
         radius: 4
         color: Theme.panel
-        border.width: activeFocus ? 2 : 1
+        border.width: activeFocus ? Theme.focusWidth : 1
+        Accessible.role: Accessible.ComboBox
+        Accessible.name: "Season"
+        Accessible.focusable: true
+        Accessible.onPressAction: demo.openList()
         border.color: list.open || activeFocus ? Theme.focus : Theme.strongLine
 
         Label {
@@ -114,6 +127,14 @@ Demo {
         height: 150
         radius: Theme.radius
         color: Theme.accentSoft
+        activeFocusOnTab: true
+        Keys.onSpacePressed: demo.openMenu(width / 2, height / 2)
+        Keys.onMenuPressed: demo.openMenu(width / 2, height / 2)
+        Accessible.role: Accessible.Button
+        Accessible.name: "Area with a context menu"
+        Accessible.focusable: true
+        Accessible.onPressAction: demo.openMenu(width / 2, height / 2)
+        FocusRing {}
 
         Label {
             anchors.centerIn: parent
@@ -136,6 +157,7 @@ Demo {
             height: actions.height
             onAccepted: log.note("menu accepted(\"" + result + "\")")
             onRejected: log.note("menu rejected()")
+            onOpenChanged: if (!open) canvas.forceActiveFocus()
             Keys.onPressed: actions.press(event)
 
             MenuList {
@@ -160,7 +182,6 @@ Demo {
         },
         NumberEditor { id: travel; label: "move the box"; from: 0; to: 150; value: 0; onEdited: value = newValue },
         ValueRow { target: list; property: "x" },
-        ValueRow { target: list; property: "y" },
-        EventLog { id: log }
+        ValueRow { target: list; property: "y" }
     ]
 }

@@ -13,8 +13,14 @@ Demo {
                                                                          : gallery.folder
 
     title: "PropertyEditor"
-    hint: "Click the text and type. Return and Tab write it to the document, Escape and a press elsewhere "
-          + "give up."
+    steps: [
+        Step {
+            text: "Click the text and type; Return or Tab writes it to the document."
+            when: log.last === "enterPressed" || log.last === "tabPressed"
+        },
+        Step { text: "Click again: Escape, or a press elsewhere, gives up."; when: log.last === "escapePressed" }
+    ]
+    subject: editor
     stageHeight: 300
 
     Column {
@@ -27,8 +33,11 @@ Demo {
             height: 44
             radius: Theme.radius
             color: Theme.panel
-            border.width: editor.editing ? 2 : 1
+            border.width: editor.editing ? Theme.focusWidth : 1
             border.color: editor.editing ? Theme.focus : Theme.strongLine
+            Accessible.role: Accessible.EditableText
+            Accessible.name: "The document's " + editor.property
+            Accessible.focusable: true
 
             PropertyEditor {
                 id: editor
@@ -39,6 +48,13 @@ Demo {
                     if (document)
                         document[property] = field.text;
                     focus = false;
+                }
+                // The keyboard goes on from here.
+                function goOn(forward) {
+                    const next = (forward ? field : editor).nextItemInFocusChain(forward);
+                    commit();
+                    // The window has a say about the key, too.
+                    Qt.callLater(() => next.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason));
                 }
 
                 anchors.fill: parent
@@ -53,8 +69,8 @@ Demo {
                 }
                 onEndEdit: { editing = false; log.note("endEdit"); }
                 onEnterPressed: { log.note("enterPressed"); commit(); }
-                onTabPressed: { log.note("tabPressed"); commit(); }
-                onBackTabPressed: { log.note("backTabPressed"); commit(); }
+                onTabPressed: { log.note("tabPressed"); goOn(true); }
+                onBackTabPressed: { log.note("backTabPressed"); goOn(false); }
                 onEscapePressed: { log.note("escapePressed"); focus = false; }
                 onSpacePressed: log.note("spacePressed")
 
@@ -96,6 +112,8 @@ Demo {
             id: paragraphs
             width: parent.width
             readOnly: true
+            Accessible.role: Accessible.StaticText
+            Accessible.name: "Three paragraphs"
             textFormat: TextEdit.RichText
             text: "<p style='margin:0'>Three paragraphs</p><p style='margin:0'>whose lines stand</p>"
                   + "<p style='margin:0'>as far apart as you like</p>"
@@ -120,7 +138,6 @@ Demo {
                 value = newValue;
                 editor.setLineHeight(paragraphs.textDocument, newValue);
             }
-        },
-        EventLog { id: log }
+        }
     ]
 }

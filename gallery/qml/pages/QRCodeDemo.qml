@@ -11,6 +11,7 @@ Demo {
     readonly property bool tooLong: code.implicitWidth < 0
     readonly property int modules: tooLong ? 0 : code.implicitWidth / code.moduleSize
 
+    readonly property string firstUrl: "https://example.org/catalogue?item=4711"
     property bool noUrl: false
     // What scanners want: modules that are darker than their ground, and enough so.
     readonly property string fault:
@@ -33,8 +34,18 @@ Demo {
     }
 
     title: "QRCode"
-    hint: "Type a url and hold a phone to the screen. The light rectangle leaves the quiet zone of four modules "
-          + "that scanners want; a url of more than 2953 bytes has no code."
+    hint: "The light rectangle leaves the quiet zone of four modules that scanners want; a url of "
+          + "more than 2953 bytes has no code."
+    steps: [
+        Step { text: "Type a url and hold a phone to the screen."; when: String(code.url) !== demo.firstUrl },
+        Step {
+            text: "Choose weak colours, or lighter modules than their ground: scanners read nothing, and the stage says so."
+            when: demo.fault !== ""
+        },
+        Step { text: "Type what is no url: the field turns red."; when: demo.noUrl }
+    ]
+    subject: code
+    codeValues: ({ url: String(code.url) })
     stageHeight: 470
 
     // The quiet zone: the code itself has none.
@@ -49,7 +60,7 @@ Demo {
         QRCode {
             id: code
             anchors.centerIn: parent
-            url: "https://example.org/catalogue?item=4711"
+            url: demo.firstUrl
             antialiasing: true
             onUrlChanged: log.note("urlChanged " + url)
             onModuleSizeChanged: log.note("moduleSizeChanged " + moduleSize)
@@ -102,7 +113,6 @@ Demo {
         BoolEditor { label: "antialiasing"; target: code; property: "antialiasing" },
         NumberEditor { target: code; property: "rotation"; from: -45; to: 45 },
         ValueRow { label: "modules a side"; value: demo.tooLong ? "too long" : demo.modules },
-        ValueRow { target: code; property: "implicitWidth" },
-        EventLog { id: log }
+        ValueRow { target: code; property: "implicitWidth" }
     ]
 }

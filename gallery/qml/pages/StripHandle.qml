@@ -19,14 +19,14 @@ Item {
         height: handle.stripHeight + 8
         radius: 5
         border.width: 2
-        border.color: Theme.panel
+        border.color: Theme.paper
         Rectangle {
             z: -1
             anchors.fill: parent
             anchors.margins: -1
             radius: 6
             color: "transparent"
-            border.color: Theme.faintText
+            border.color: Theme.ink
         }
     }
 }

@@ -93,8 +93,19 @@ Demo {
     }
 
     title: "TreeView"
-    hint: "Click a triangle, or walk with the arrow keys; type the first letters of a name; F2 renames. Drag a "
-          + "row onto the field below the properties. “Thousands” makes 3,000 rows; collapse one of its shelves."
+    steps: [
+        Step {
+            text: "Click a triangle, or walk with the arrow keys; type the first letters of a name."
+            when: tree.activeIndex >= 0
+        },
+        Step { text: "Press F2 and rename."; when: demo.renaming },
+        Step {
+            text: "Make “Thousands” of rows, 3,000 and more, and collapse one of the shelves."
+            when: demo.rowCount >= 3000
+        }
+    ]
+    subject: tree
+    codeValues: ({ activeIndex: undefined })
     stageHeight: 460
 
     Component {
@@ -146,6 +157,7 @@ Demo {
         dragDocuments: tree.activeDocument ? [tree.activeDocument] : []
         dragDelegate: DocumentTile { document: tree.activeDocument; width: 200; opacity: 0.8 }
 
+        FocusRing { shown: tree.activeFocus && tree.activeIndex < 0 }
         Flickable {
             id: flick
             anchors.fill: parent
@@ -180,6 +192,9 @@ Demo {
                 width: flick.width - x
                 height: tree.height
                 activeFocusOnTab: true
+                Accessible.role: Accessible.Tree
+                Accessible.name: "Folder"
+                Accessible.focusable: true
 
                 TreeView {
                     id: tree
@@ -202,6 +217,10 @@ Demo {
                         readonly property bool edited: demo.renaming && TreeView.isActiveItem
                         readonly property QtObject shown: document
                         height: 28
+                        Accessible.role: Accessible.TreeItem
+                        Accessible.name: document ? Theme.oneLine(document.name) : ""
+                        Accessible.selectable: true
+                        Accessible.selected: TreeView.isActiveItem
 
                         Thumbnail {
                             id: thumbnail
@@ -218,6 +237,7 @@ Demo {
                             visible: !rowContent.edited
                             text: !document ? "" : Theme.oneLine(document.name) + (readable ? "" : "  –  cannot be read")
                             color: readable ? Theme.text : Theme.errorText
+                            Accessible.ignored: true
                         }
                         // One row at most has the field: a row costs what it shows.
                         Loader {
@@ -226,6 +246,7 @@ Demo {
                             active: rowContent.edited
                             sourceComponent: Field {
                                 height: 24
+                                name: "New name"
                                 text: rowContent.shown.name
                                 onAccepted: demo.rename(rowContent.shown, text)
                                 Keys.onEscapePressed: demo.stopRenaming()
@@ -274,8 +295,7 @@ Demo {
                     DocumentDropHandler { type: "image"; onDropped: log.note("image dropped") }
                 }
             }
-        },
-        EventLog { id: log; lines: 4 }
+        }
     ]
 
     Component.onCompleted: showFolder()

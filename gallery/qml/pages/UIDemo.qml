@@ -10,8 +10,15 @@ Demo {
     id: demo
 
     title: "UI"
-    hint: "The whole palette. Point at a colour for its number; change the alpha to see it over a checkerboard. "
-          + "MenuEditorBackground is the warning yellow."
+    steps: [
+        Step { text: "Point at a colour for its number."; when: demo.pointed >= 0 },
+        Step { text: "Change the alpha to see the colours over a checkerboard."; when: alphaEditor.value !== 1 },
+        Step {
+            text: "Find MenuEditorBackground: it is the warning yellow."
+            when: demo.names[demo.pointed] === "MenuEditorBackground"
+        }
+    ]
+    logs: false
     stageHeight: grid.height + 32
 
     // Enumeration values of a singleton are not listed by for…in: the names stand here.
@@ -34,8 +41,23 @@ Demo {
     ]
     property int pointed: -1
 
+    FocusRing {
+        anchors.fill: grid
+        anchors.margins: -8
+        shown: grid.activeFocus
+    }
     Flow {
         id: grid
+        function step(distance) { demo.pointed = Math.max(0, Math.min(demo.names.length - 1, demo.pointed + distance)); }
+        activeFocusOnTab: true
+        onActiveFocusChanged: if (activeFocus && demo.pointed < 0) demo.pointed = 0
+        Keys.onLeftPressed: step(-1)
+        Keys.onRightPressed: step(1)
+        Keys.onUpPressed: step(-columns)
+        Keys.onDownPressed: step(columns)
+        Accessible.role: Accessible.List
+        Accessible.name: "Colours by purpose"
+        Accessible.focusable: true
         readonly property int columns: Math.max(2, Math.floor((width + 8) / 150))
         x: 16
         y: 16
@@ -46,6 +68,10 @@ Demo {
             Item {
                 width: (grid.width - (grid.columns - 1) * 8) / grid.columns
                 height: 52
+                Accessible.role: Accessible.ListItem
+                Accessible.name: modelData
+                Accessible.selectable: true
+                Accessible.selected: demo.pointed === index
                 CheckerBox {
                     width: parent.width
                     height: 32
@@ -54,17 +80,19 @@ Demo {
                     Rectangle {
                         anchors.fill: parent
                         color: UI.color(UI[modelData], alphaEditor.value)
-                        border.color: mouse.containsMouse ? Theme.focus : Theme.strongLine
-                        border.width: mouse.containsMouse ? 2 : 1
+                        border.color: shown ? Theme.focus : Theme.strongLine
+                        border.width: shown ? Theme.focusWidth : 1
+                        readonly property bool shown: demo.pointed === index && (mouse.containsMouse || grid.activeFocus)
                     }
                 }
                 Label {
                     y: 34
                     width: parent.width
                     text: modelData
-                    font.pixelSize: 11
+                    font.pixelSize: Theme.tiny
                     color: Theme.softText
                     elide: Text.ElideMiddle
+                    Accessible.ignored: true
                 }
                 MouseArea {
                     id: mouse

@@ -8,6 +8,10 @@ import "../kit"
 Demo {
     title: "VideoDropHandler"
     hint: "Takes six kinds of video files. A file called just “mp4”, without a dot, counts as one."
+    steps: [
+        Step { text: "Drag a video onto the zone."; when: pad.got.length > 0 },
+        Step { text: "Drag a picture: the zone would not take it."; when: pad.refuses }
+    ]
     stageHeight: 280
 
     DropPad {
@@ -22,7 +26,6 @@ Demo {
     editors: [
         ValueRow { label: "suffixes"; value: Array.from(handler.suffixes).join(", ") },
         ValueRow { target: pad.zone; property: "containsDrag" },
-        ValueRow { label: "drag.data"; value: pad.countOf(pad.shown) },
-        EventLog { id: log; lines: 5 }
+        ValueRow { label: "drag.data"; value: pad.countOf(pad.shown) }
     ]
 }

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.12
+
+// A stop of Tab around an item that has none of its own: types of this library's modules have no
+// `activeFocusOnTab` in QML. Declare the item inside with `focus: true`, and its keys on it.
+FocusScope {
+    id: stop
+
+    property string name
+
+    activeFocusOnTab: true
+    Accessible.role: Accessible.Slider
+    Accessible.name: name
+    Accessible.focusable: true
+    Accessible.focused: activeFocus
+    // From the item inside, the stop before is the scope itself.
+    Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+
+    FocusRing {
+        anchors.margins: -4
+        shown: stop.activeFocus
+    }
+}
