@@ -10,12 +10,11 @@
 #include "qr/accelerated/Encoder.h"
 #endif
 
-#include <zbar.h>
-
 #include <algorithm>
 #include <cstring>
 #include <string>
 #include <vector>
+#include <zbar.h>
 
 using namespace om::controls;
 
@@ -81,7 +80,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         const auto instructions = static_cast<qr::accelerated::Instructions>(set);
         if (qr::accelerated::available(instructions)) {
             fuzz::expect(qr::encode(qr::accelerated::maker(instructions), level, version,
-                                    text.c_str(), length, again) == modules
+                                    text.c_str(), length, again)
+                                 == modules
                              && same(again, result),
                          "every set of instructions makes the same symbol");
         }
@@ -91,8 +91,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     // What has no symbol leaves a cleared result.
     const bool inRange = level >= 0 && level < 4 && version >= 0 && version <= 40;
     if (modules == -1) {
-        fuzz::expect(std::all_of(result, result + QrResultBytes, [](unsigned char c) { return !c; }),
-                     "a refused text clears the result");
+        fuzz::expect(
+            std::all_of(result, result + QrResultBytes, [](unsigned char c) { return !c; }),
+            "a refused text clears the result");
     }
     // A length of 0 stands for the length up to the first zero byte, and here there is none.
     if (!inRange || text.empty()) {

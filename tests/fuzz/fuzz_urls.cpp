@@ -44,8 +44,8 @@ void check(FileDropHandler &handler, const QMimeData &mimeData)
 
 } // namespace
 
-/// The first line is a list of suffixes, parted by blanks; the rest is what another process sends as
-/// a list of URLs.
+/// The first line is a list of suffixes, parted by blanks; the rest is what another process sends
+/// as a list of URLs.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char *>(data), static_cast<int>(size));

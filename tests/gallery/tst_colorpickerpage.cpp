@@ -65,14 +65,21 @@ void TestColorPickerPage::init()
     m_view->show();
     m_picker = support::itemWith(m_view->root(), "previous", QColor(text("#40A1BB")));
     QVERIFY(m_picker);
-    const auto parts = m_picker->childItems();
-    for (QQuickItem *part : parts) {
+    m_square = m_hueStrip = m_alphaStrip = nullptr;
+    // Some stand in a stop of Tab.
+    QList<QQuickItem *> parts;
+    const auto children = m_picker->childItems();
+    for (QQuickItem *child : children) {
+        parts += child;
+        parts += child->childItems();
+    }
+    for (QQuickItem *part : qAsConst(parts)) {
         const QByteArray type = part->metaObject()->className();
         QQuickItem **place = type.contains("SaturationValueBox") ? &m_square
             : type.contains("HueBox")                            ? &m_hueStrip
             : type.contains("CheckerBox")                        ? &m_alphaStrip
                                                                  : nullptr;
-        if (place) {
+        if (place && !*place) {
             *place = part;
         }
     }

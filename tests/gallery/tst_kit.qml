@@ -225,10 +225,31 @@ Item {
             log.note("a");
             log.note("b");
             log.note("b");
-            compare(texts(log), ["Signals", "b  × 2", "a"]);
+            compare(notes(), ["b  × 2", "a"]);
             log.note("c");
             log.note("d");
-            compare(texts(log), ["Signals", "d", "c", "b  × 2"]);
+            compare(notes(), ["d", "c", "b  × 2"]);
+            compare(log.last, "d");
+        }
+        function notes() { return texts(log).filter(text => !/signals|none yet/i.test(text)); }
+        function test_logFoldsToItsNewest() {
+            log.clear();
+            log.note("a");
+            log.note("b");
+            const high = log.height;
+            const fold = find(log, item => item.text === "Fold the signals");
+            mouseClick(fold);
+            verify(log.height < high / 2);
+            compare(notes(), ["b"]);
+            mouseClick(fold);
+            compare(log.height, high);
+            compare(notes(), ["b", "a"]);
+            log.folded = false;
+        }
+        function test_logClears() {
+            log.note("a");
+            mouseClick(find(log, item => item.text === "Clear the signals"));
+            compare(notes(), []);
         }
     }
 }

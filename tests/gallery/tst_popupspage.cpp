@@ -6,6 +6,7 @@
 #include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
 
+#include <QQmlListReference>
 #include <QTest>
 
 using support::itemsOf;
@@ -162,7 +163,7 @@ void TestPopupsPage::flyoutCanBeLetTurn()
     m_view->window()->resize(1000, 900);
     m_view->root()->setProperty("contentY", 300);
     QVERIFY(!m_view->window()->grabWindow().isNull());
-    // As the hint says it: the switch first, then the disc.
+    // As the step says it: the switch first, then the disc.
     QQuickItem *turning = nullptr;
     const auto switches = itemsOf(demo, "BoolEditor");
     for (QQuickItem *const candidate : switches) {
@@ -171,7 +172,8 @@ void TestPopupsPage::flyoutCanBeLetTurn()
         }
     }
     QVERIFY(turning);
-    QVERIFY(demo->property("hint").toString().startsWith(
+    const QQmlListReference steps(demo, "steps");
+    QVERIFY(steps.at(1)->property("text").toString().startsWith(
         QStringLiteral("Switch on \u201cturning\u201d")));
     QQuickItem *const disc = itemWith(demo, "text", "Show");
     support::Gesture gesture;

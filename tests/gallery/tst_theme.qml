@@ -9,6 +9,10 @@ import "../../gallery/qml/kit"
 TestCase {
     name: "Theme"
 
+    // Rows are asked for before a test runs: they carry the appearance, and colours are looked up in it.
+    readonly property var appearances: [{ name: "light", dark: false }, { name: "dark", dark: true }]
+    function cleanup() { Theme.dark = false; }
+
     function test_luminance() {
         compare(Theme.contrast("#000000", "#FFFFFF"), 21);
         compare(Theme.contrast("#FFFFFF", "#000000"), 21);
@@ -19,7 +23,10 @@ TestCase {
 
     function test_textOnGround_data() {
         const rows = [];
-        const add = (text, ground) => rows.push({ tag: text + " on " + ground, text: Theme[text], ground: Theme[ground] });
+        const add = (text, ground) => {
+            for (const appearance of appearances)
+                rows.push({ tag: appearance.name + ": " + text + " on " + ground, dark: appearance.dark, text: text, ground: ground });
+        };
         for (const text of ["text", "softText", "faintText", "accentText", "errorText"]) {
             for (const ground of ["window", "panel", "sunken"])
                 add(text, ground);
@@ -36,15 +43,22 @@ TestCase {
         return rows;
     }
     function test_textOnGround(row) {
-        const contrast = Theme.contrast(row.text, row.ground);
+        Theme.dark = row.dark;
+        const contrast = Theme.contrast(Theme[row.text], Theme[row.ground]);
         verify(contrast >= 4.5, contrast.toFixed(2) + " : 1");
     }
 
     // A type's name stands on a light tone of the type's colour.
     function test_typesOnTheirTone_data() {
-        return ["folder", "image", "video", "text", "file"].map(type => ({ tag: type, tone: Qt.lighter(Theme.typeColor(type), 1) }));
+        const rows = [];
+        for (const type of ["folder", "image", "video", "text", "file"]) {
+            for (const appearance of appearances)
+                rows.push({ tag: appearance.name + ": " + type, dark: appearance.dark, tone: Qt.lighter(Theme.typeColor(type), 1) });
+        }
+        return rows;
     }
     function test_typesOnTheirTone(row) {
+        Theme.dark = row.dark;
         for (const ground of [Theme.panel, Theme.sunken, Theme.accentSoft]) {
             const share = 0.16;
             const mix = part => ground[part] * (1 - share) + row.tone[part] * share;
@@ -56,13 +70,16 @@ TestCase {
     function test_stateOnGround_data() {
         const rows = [];
         for (const state of ["focus", "positive", "off", "error", "accent", "scrollThumb"]) {
-            for (const ground of ["window", "panel", "sunken"])
-                rows.push({ tag: state + " on " + ground, state: Theme[state], ground: Theme[ground] });
+            for (const ground of ["window", "panel", "sunken"]) {
+                for (const appearance of appearances)
+                    rows.push({ tag: appearance.name + ": " + state + " on " + ground, dark: appearance.dark, state: state, ground: ground });
+            }
         }
         return rows;
     }
     function test_stateOnGround(row) {
-        const contrast = Theme.contrast(row.state, row.ground);
+        Theme.dark = row.dark;
+        const contrast = Theme.contrast(Theme[row.state], Theme[row.ground]);
         verify(contrast >= 3, contrast.toFixed(2) + " : 1");
     }
 }

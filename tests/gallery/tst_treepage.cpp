@@ -120,7 +120,7 @@ void TestTreePage::init()
     m_view = std::make_unique<support::QmlView>();
     om::gallery::prepareEngine(m_view->engine(), m_tree.get());
     m_view->window()->setResizeMode(QQuickView::SizeRootObjectToView);
-    m_view->window()->setGeometry(0, 0, 1000, 900);
+    m_view->window()->setGeometry(0, 0, 1000, 980);
     m_view->loadFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
                      + text("/gallery/qml/pages/TreePage.qml"));
     m_view->show();
