@@ -11,6 +11,9 @@
 //     list TYPE                       which signals fire; no rows are run
 //     run TYPE                        all rows
 //     resume TYPE <tab> STEP <tab> ROW    those after row ROW of provocation number STEP
+//     row TYPE <tab> STEP <tab> ROW       row ROW of provocation number STEP alone
+//     withhold DEED                   no row does it from now on: "signal: action" or "provocation:
+//                                     action"
 //
 // Each line of output is a word and a text, parted by a tab: "class" and "declared" (a signal that
 // the class has), "row", "fired", "while" (when the row before acts: "synchronizing", "binding"),
@@ -113,8 +116,9 @@ const QMetaObject *declarerOf(const QMetaObject *meta, int method)
 class Rows
 {
 public:
-    explicit Rows(const QString &type)
+    Rows(const QString &type, const QSet<QString> &withheld)
         : m_type(type)
+        , m_withheld(withheld)
     {
     }
 
@@ -129,6 +133,15 @@ public:
         // What the first rows leave for good, such as caches, is none of a row's.
         m_living = support::livingObjects();
         return true;
+    }
+
+    void runOne(size_t step, const QString &row)
+    {
+        const int index = rowNames(m_provocations.at(step), step, false).indexOf(row);
+        if (index >= 0) {
+            m_rows.at(size_t(index))();
+            finish();
+        }
     }
 
     void run(size_t firstStep, const QString &afterRow, bool listOnly)
@@ -180,11 +193,17 @@ private:
                     if (listOnly || (subject && !action.isForSubject)) {
                         continue;
                     }
-                    names.append(QStringLiteral("%1: in %2.%3: %4 %5")
-                                     .arg(provocation.name, emission.sender,
-                                          QString::fromLatin1(emission.signature), action.name,
-                                          subject ? QStringLiteral("the subject")
-                                                  : QStringLiteral("the sender")));
+                    const QString signal = QString::fromLatin1(emission.signature);
+                    const QString deed =
+                        QStringLiteral(": %1 the %2")
+                            .arg(action.name,
+                                 subject ? QStringLiteral("subject") : QStringLiteral("sender"));
+                    if (m_withheld.contains(signal + deed)
+                        || m_withheld.contains(provocation.name + deed)) {
+                        continue;
+                    }
+                    names.append(QStringLiteral("%1: in %2.%3%4")
+                                     .arg(provocation.name, emission.sender, signal, deed));
                     m_rows.push_back([this, &provocation, emission, &action, subject] {
                         runRow(provocation, emission, action, subject);
                     });
@@ -329,6 +348,7 @@ private:
     }
 
     const QString m_type;
+    const QSet<QString> m_withheld;
     Stage m_stage;
     std::vector<Provocation> m_provocations;
     std::vector<std::function<void()>> m_rows;
@@ -358,6 +378,7 @@ int main(int argc, char **argv)
     if (!input.open(stdin, QIODevice::ReadOnly)) {
         return 1;
     }
+    QSet<QString> withheld;
     for (;;) {
         const QString line = QString::fromUtf8(input.readLine()).trimmed();
         if (line.isEmpty()) {
@@ -365,11 +386,19 @@ int main(int argc, char **argv)
         }
         const QString command = line.section(QLatin1Char(' '), 0, 0);
         const QStringList words = line.section(QLatin1Char(' '), 1).split(QLatin1Char('\t'));
-        Rows rows(words.value(0));
+        if (command == QLatin1String("withhold")) {
+            withheld.insert(words.value(0));
+            continue;
+        }
+        Rows rows(words.value(0), withheld);
         if (!rows.prepare()) {
             return 1;
         }
-        rows.run(words.value(1).toUInt(), words.value(2), command == QLatin1String("list"));
+        if (command == QLatin1String("row")) {
+            rows.runOne(words.value(1).toUInt(), words.value(2));
+        } else {
+            rows.run(words.value(1).toUInt(), words.value(2), command == QLatin1String("list"));
+        }
         write("done", words.value(0));
     }
 }
