@@ -19,6 +19,10 @@ find_package(Qt5 5.15 REQUIRED COMPONENTS Test QuickTest)
 
 set(OMBREL_RUN_TEST "${PROJECT_SOURCE_DIR}/tests/support/run-test")
 
+# Freed memory is overwritten, so that what Qt does with an object that is gone shows, too: the
+# address sanitizer does not see Qt's own code, and reads there find the bytes as they were.
+set(OMBREL_FREED_MEMORY "max_free_fill_size=65536:free_fill_byte=219")
+
 function(ombrel_test_entry name loop offscreen)
     set(import_path "${PROJECT_BINARY_DIR}/qml")
     if(OmbrelDataCore_QML_IMPORT_PATH)
@@ -29,7 +33,8 @@ function(ombrel_test_entry name loop offscreen)
         "QML2_IMPORT_PATH=${import_path}"
         "OMBREL_SOURCE_DIR=${PROJECT_SOURCE_DIR}"
         "OMBREL_BUILD_DIR=${PROJECT_BINARY_DIR}"
-        "ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=0"
+        "ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=0:${OMBREL_FREED_MEMORY}"
+        "MALLOC_PERTURB_=36"
         "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
         "UBSAN_OPTIONS=print_stacktrace=1"
         "LC_ALL=C.UTF-8"

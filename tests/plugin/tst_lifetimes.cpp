@@ -5,13 +5,11 @@
 #include "tests/support/Pixels.h"
 
 #include <QDir>
-#include <QGuiApplication>
 #include <QPointer>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QStyleHints>
 #include <QTest>
 
 #include <algorithm>
@@ -28,7 +26,6 @@ class TestLifetimes : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void survives_data();
     void survives();
     void cleanup();
@@ -220,39 +217,53 @@ void TestLifetimes::survives_data()
     }
 }
 
-/// Stops text cursors from blinking, which would make two pictures of one example.
-void TestLifetimes::initTestCase()
-{
-    QGuiApplication::styleHints()->setCursorFlashTime(0);
-}
-
-/// Whether pictures of the example may differ: a part of it is animated; it has a text cursor,
-/// which is drawn only while the window has the focus; or it is a Flickable, whose contents stay
-/// lost after a size that is NaN.
+/// Whether pictures of the example may differ: a part of it is animated, or it is a Flickable,
+/// whose contents stay lost after a size that is NaN.
 static bool isMoving(const QQuickItem *item)
 {
     if (item->inherits("QQuickFlickable")) {
         return true;
     }
     const auto children = item->findChildren<QObject *>();
-    return std::any_of(children.cbegin(), children.cend(), [](const QObject *child) {
-        return child->property("running").toBool() || child->property("cursorVisible").isValid();
+    return std::any_of(children.cbegin(), children.cend(),
+                       [](const QObject *child) { return child->property("running").toBool(); });
+}
+
+/// Whether a dialog or a popup of the example is in no window: those that moved into a window's
+/// content item stay behind when that window is destroyed.
+static bool hasLostParts(const QQuickItem *item)
+{
+    const auto parts = item->findChildren<QQuickItem *>();
+    return std::any_of(parts.cbegin(), parts.cend(), [item](const QQuickItem *part) {
+        return (part->inherits("om::controls::DialogItem") || part->inherits("om::controls::Popup"))
+            && part->window() != item->window();
     });
 }
 
-static QImage picture(QQuickWindow *window)
+/// Grabs \a window, which shows \a item, without text cursors: they blink, and are drawn only while
+/// the window has the focus.
+static QImage picture(QQuickWindow *window, const QQuickItem *item)
 {
     window->requestActivate();
-    return QTest::qWaitForWindowActive(window) ? window->grabWindow() : QImage();
+    if (!QTest::qWaitForWindowActive(window)) {
+        return {};
+    }
+    const auto children = item->findChildren<QObject *>();
+    for (QObject *child : children) {
+        if (child->property("cursorVisible").isValid()) {
+            child->setProperty("cursorVisible", false);
+        }
+    }
+    return window->grabWindow();
 }
 
 /// Checks that \a item in \a window draws its usual picture, or anything at all if isMoving().
 void TestLifetimes::comparePictures(QQuickWindow *window, QQuickItem *item, const QString &file)
 {
     if (isMoving(item)) {
-        const QImage shown = picture(window);
+        const QImage shown = picture(window, item);
         item->setVisible(false);
-        QVERIFY2(!support::imageError(shown, picture(window)).isEmpty(), "it draws nothing");
+        QVERIFY2(!support::imageError(shown, picture(window, item)).isEmpty(), "it draws nothing");
         return;
     }
     if (!m_untouched.contains(file)) {
@@ -263,13 +274,13 @@ void TestLifetimes::comparePictures(QQuickWindow *window, QQuickItem *item, cons
         QImage last;
         const auto isSettled = [&] {
             const QImage before = last;
-            last = picture(untouched.window.get());
+            last = picture(untouched.window.get(), untouched.item);
             return !last.isNull() && last == before;
         };
         QTRY_VERIFY(isSettled());
         m_untouched.insert(file, last);
     }
-    QTRY_COMPARE(support::imageError(picture(window), m_untouched.value(file)), QString());
+    QTRY_COMPARE(support::imageError(picture(window, item), m_untouched.value(file)), QString());
 }
 
 void TestLifetimes::survives()
@@ -289,7 +300,9 @@ void TestLifetimes::survives()
             stage.place();
         }
         stage.show();
-        comparePictures(stage.window.get(), stage.item, file);
+        if (!hasLostParts(stage.item)) {
+            comparePictures(stage.window.get(), stage.item, file);
+        }
     }
 }
 
