@@ -80,14 +80,22 @@ inline std::uint64_t reverse(std::uint64_t value)
     return __builtin_bswap64(reverseInBytes(value));
 }
 
-void split(const unsigned char *codewords, int count)
+/// Copies the codewords into words, and four words of zeros behind them. Returns the words that
+/// hold codewords.
+inline int copyCodewords(const unsigned char *codewords, int count, std::uint64_t *result)
 {
     const int words = (count + 7) / 8;
-    stream.whole[count / 8] = 0;
-    std::memcpy(stream.whole, codewords, static_cast<std::size_t>(count));
+    result[count / 8] = 0;
+    std::memcpy(result, codewords, static_cast<std::size_t>(count));
     for (int index = words; index < words + 4; ++index) {
-        stream.whole[index] = 0;
+        result[index] = 0;
     }
+    return words;
+}
+
+void split(const unsigned char *codewords, int count)
+{
+    const int words = copyCodewords(codewords, count, stream.whole);
     // Two words give one of each half; one more of zeros follows.
     for (int index = 0; index < words + 2; index += 2) {
         Pair two;
@@ -224,6 +232,26 @@ struct Inside
     }
 };
 
+/// The pairs of columns in the order in which they are filled: from the right, upwards first,
+/// stepping over the timing pattern.
+struct ColumnPair
+{
+    int column; ///< The right one of the pair.
+    bool upwards = true;
+
+    explicit ColumnPair(int size)
+        : column(size - 1)
+    {
+    }
+
+    bool isValid() const { return column > 0; }
+    void next()
+    {
+        column -= column - 2 == TimingColumn ? 3 : 2;
+        upwards = !upwards;
+    }
+};
+
 void placeRuns(int size, const unsigned char *codewords, int count, Boards &boards)
 {
     split(codewords, count);
@@ -231,19 +259,15 @@ void placeRuns(int size, const unsigned char *codewords, int count, Boards &boar
     const Inside inside(size);
     const int words = (size + 63) / 64;
     int position = 0;
-    bool upwards = true;
-    for (int column = size - 1; column > 0; column -= 2, upwards = !upwards) {
-        if (column == TimingColumn) {
-            --column;
-        }
+    for (ColumnPair pair(size); pair.isValid(); pair.next()) {
         for (int step = 0; step < words; ++step) {
-            const int word = upwards ? words - 1 - step : step;
-            const std::uint64_t *function = boards.function.words[word] + column;
+            const int word = pair.upwards ? words - 1 - step : step;
+            const std::uint64_t *function = boards.function.words[word] + pair.column;
             const std::uint64_t freeRight = ~function[0] & inside.words[word];
             const std::uint64_t freeLeft = ~function[-1] & inside.words[word];
-            std::uint64_t *modules = boards.modules.words[word] + column;
-            position = upwards ? fillWord<true>(freeRight, freeLeft, modules, position)
-                               : fillWord<false>(freeRight, freeLeft, modules, position);
+            std::uint64_t *modules = boards.modules.words[word] + pair.column;
+            position = pair.upwards ? fillWord<true>(freeRight, freeLeft, modules, position)
+                                    : fillWord<false>(freeRight, freeLeft, modules, position);
         }
     }
 }
@@ -263,12 +287,7 @@ WholeStream wholeStream;
 
 void turn(const unsigned char *codewords, int count)
 {
-    const int words = (count + 7) / 8;
-    wholeStream.up[count / 8] = 0;
-    std::memcpy(wholeStream.up, codewords, static_cast<std::size_t>(count));
-    for (int index = words; index < words + 4; ++index) {
-        wholeStream.up[index] = 0;
-    }
+    const int words = copyCodewords(codewords, count, wholeStream.up);
     for (int index = 0; index < words + 2; index += 2) {
         Pair two;
         std::memcpy(&two, wholeStream.up + index, sizeof two);
@@ -339,13 +358,10 @@ QR_DEPOSIT inline void depositPairs(int size, Boards &boards)
     const Inside inside(size);
     const int words = (size + 63) / 64;
     int position = 0;
-    bool upwards = true;
-    for (int column = size - 1; column > 0; column -= 2, upwards = !upwards) {
-        if (column == TimingColumn) {
-            --column;
-        }
-        position = upwards ? depositPair<true, Halves>(inside, words, column, position, boards)
-                           : depositPair<false, Halves>(inside, words, column, position, boards);
+    for (ColumnPair pair(size); pair.isValid(); pair.next()) {
+        position = pair.upwards
+            ? depositPair<true, Halves>(inside, words, pair.column, position, boards)
+            : depositPair<false, Halves>(inside, words, pair.column, position, boards);
     }
 }
 

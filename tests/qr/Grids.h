@@ -31,6 +31,17 @@ inline slow::Matrix functionPatterns(int version)
     return matrix;
 }
 
+/// The function patterns, with \a percent of the data modules dark.
+inline slow::Matrix randomlyFilled(int version, int percent, QRandomGenerator &random)
+{
+    slow::Matrix matrix = functionPatterns(version);
+    for (unsigned char &flags : matrix.flags) {
+        if (!(flags & slow::Function) && random.bounded(100) < percent)
+            flags |= slow::Data;
+    }
+    return matrix;
+}
+
 /// The symbol before masking, the slow way.
 inline slow::Matrix unmasked(int level, int version, const std::string &text)
 {

@@ -61,7 +61,6 @@ private Q_SLOTS:
     void interleaving();
     void functionPatterns_data();
     void functionPatterns();
-    void functionAreaIsSymmetric();
     void placement_data();
     void placement();
     void strips();
@@ -152,18 +151,6 @@ void TestAccelerated::functionPatterns()
     COMPARE_GRIDS(
         matrix.size, [](int x, int y) { return boards.modules.at(x, y); },
         [&](int x, int y) { return (matrix.at(x, y) & slow::Dark) != 0; });
-}
-
-void TestAccelerated::functionAreaIsSymmetric()
-{
-    // One set of strips says for both boards what is free.
-    for (int version = 1; version <= 40; ++version) {
-        const slow::Matrix matrix = grids::functionPatterns(version);
-        for (int x = 0; x < matrix.size; ++x) {
-            for (int y = 0; y < x; ++y)
-                QCOMPARE(matrix.at(x, y) & slow::Function, matrix.at(y, x) & slow::Function);
-        }
-    }
 }
 
 void TestAccelerated::placement_data()
@@ -345,11 +332,7 @@ void TestAccelerated::penaltyOfRandomSymbols()
     const int size = qr::sizeOf(version);
     // Every density: sparse and dense boards have long runs, many blocks and patterns.
     for (int percent : {0, 10, 30, 50, 80, 100}) {
-        slow::Matrix matrix = grids::functionPatterns(version);
-        for (unsigned char &flags : matrix.flags) {
-            if (!(flags & slow::Function) && random.bounded(100) < percent)
-                flags |= slow::Data;
-        }
+        slow::Matrix matrix = grids::randomlyFilled(version, percent, random);
         const int level = random.bounded(4);
         fill(matrix);
         forEachSet([&](Instructions instructions) {

@@ -410,7 +410,7 @@ void TestStages::functionPatterns()
 
 void TestStages::functionAreaIsSymmetric()
 {
-    // The same lines say for rows and for columns what is free.
+    // Both paths use one matrix of the function modules for rows and for columns.
     for (int version = 1; version <= 40; ++version) {
         const slow::Matrix matrix = grids::functionPatterns(version);
         for (int x = 0; x < matrix.size; ++x) {
@@ -567,11 +567,7 @@ void TestStages::penaltyOfRandomSymbols()
     const int size = qr::sizeOf(version);
     // Every density: sparse and dense symbols have long runs, many blocks and patterns.
     for (int percent : {0, 10, 30, 50, 80, 100}) {
-        slow::Matrix matrix = grids::functionPatterns(version);
-        for (unsigned char &flags : matrix.flags) {
-            if (!(flags & slow::Function) && random.bounded(100) < percent)
-                flags |= slow::Data;
-        }
+        slow::Matrix matrix = grids::randomlyFilled(version, percent, random);
         const int level = random.bounded(4);
         fill(matrix);
         for (int mask = 0; mask < 8; ++mask) {
