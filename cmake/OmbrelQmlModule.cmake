@@ -1,13 +1,14 @@
 # SPDX-FileCopyrightText: 2026 The Ombrel developers
 # SPDX-License-Identifier: MIT
 #
-# ombrel_qml_module(<plugin target> URI <uri> QMLDIR <file> [ATTACHED <file>])
+# ombrel_qml_module(<plugin target> URI <uri> QMLDIR <file> DESIGNER <folder> [ATTACHED <file>])
 #
 # Places a plugin target, its qmldir and its type descriptions where a QML engine looks for them:
 # below <build>/qml while building, below OMBREL_QML_DIR when installed. The type descriptions
 # come from Qt's own tool, which loads the plugin, constructs each type and reads each property;
 # ATTACHED adds what the tool cannot see (see DumpTypes.cmake). The tool cannot load what was built
-# for another processor: OMBREL_TYPES=shipped takes the files of types/ instead.
+# for another processor: OMBREL_TYPES=shipped takes the files of types/ instead. DESIGNER has what
+# Qt Creator's designer shows of the types.
 
 if(OMBREL_TYPES STREQUAL "dumped")
     find_program(OMBREL_QMLPLUGINDUMP NAMES qmlplugindump HINTS /usr/lib/qt5/bin)
@@ -54,7 +55,7 @@ if(OMBREL_SANITIZE)
 endif()
 
 function(ombrel_qml_module target)
-    cmake_parse_arguments(arg "" "URI;QMLDIR;ATTACHED" "" ${ARGN})
+    cmake_parse_arguments(arg "" "URI;QMLDIR;ATTACHED;DESIGNER" "" ${ARGN})
     string(REPLACE "." "/" path "${arg_URI}")
     set(dir "${OMBREL_BUILD_QML_DIR}/${path}")
     set_target_properties(${target} PROPERTIES
@@ -108,6 +109,8 @@ function(ombrel_qml_module target)
 
     install(TARGETS ${target} LIBRARY DESTINATION "${OMBREL_QML_DIR}/${path}")
     install(FILES "${dir}/qmldir" "${types}" DESTINATION "${OMBREL_QML_DIR}/${path}")
+    install(DIRECTORY "${arg_DESIGNER}/" DESTINATION "${OMBREL_QML_DIR}/${path}/designer"
+            FILES_MATCHING PATTERN "*.metainfo" PATTERN "*.png" PATTERN drawings EXCLUDE)
 endfunction()
 
 # ombrel_qml_submodule(URI <uri> QMLDIR <file>)
