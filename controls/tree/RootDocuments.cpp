@@ -25,9 +25,11 @@ void RootDocuments::append(Document *document)
     removeDestroyed();
     m_documents.push_back(document);
     if (document && !m_watches.contains(document)) {
-        m_watches.insert(document,
-                         QObject::connect(document, &QObject::destroyed,
-                                          [this, document] { forget(document); }));
+        // The list is no QObject, so it ends the connection itself.
+        const QMetaObject::Connection watch =
+            QObject::connect(document, &QObject::destroyed, // clazy:exclude=connect-3arg-lambda
+                             [this, document] { forget(document); });
+        m_watches.insert(document, watch);
     }
 }
 

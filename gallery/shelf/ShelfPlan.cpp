@@ -175,7 +175,7 @@ private:
             return;
         }
         const bool gone = step.folder ? QDir().rmdir(step.from) : QFile::remove(step.from);
-        if (!gone && QFileInfo(step.from).exists()) {
+        if (!gone && QFileInfo::exists(step.from)) {
             m_outcome.problems.append(
                 step.folder
                     ? QStringLiteral("%1 holds more than the shelf showed, and stays").arg(name)
