@@ -304,9 +304,10 @@ private:
                             .contains("_QML");
                     return [&, isBinding, guarded = QPointer<QObject>(object),
                             type = &typeid(*object)] {
+                        const QObject *const emitter = guarded;
                         QObject *const target = atSubject ? m_stage.subject() : guarded.data();
                         // Qt also emits from destructors, where the object is less than it was.
-                        if (done || !target || !guarded || *type != typeid(*guarded)
+                        if (done || !target || !emitter || *type != typeid(*emitter)
                             || (action.needsItem && !qobject_cast<QQuickItem *>(target))
                             || (action.isEnd && plainClassName(target).endsWith(attached))) {
                             return;
