@@ -108,85 +108,107 @@ void TreeRows::retire()
     }
 }
 
-/// Walks depth first with a list instead of recursion: documents may be nested 1024 levels deep.
-bool TreeRows::add(Document *root, QQuickItem *content,
-                   const std::function<bool(const QString &)> &collapsed)
+/// The state of add().
+struct TreeRows::Walk
 {
+    /// A document on the way from the root to the row that is being made.
     struct Level
     {
         QPointer<Document> document;
         QQmlListReference children;
-        int next;
+        int next; ///< The index of the child that is added next.
         QPointer<QQuickItem> item;
     };
-    const QPointer<QQuickItem> alive(m_view);
-    const QPointer<QQuickItem> place(content);
-    const QByteArray childProperty = m_host->childProperty();
-    std::vector<Level> path;
+
+    const QPointer<QQuickItem> content;
+    const std::function<bool(const QString &)> &collapsed;
+    /// The name throughout the walk: delegates may change the view's property meanwhile.
+    const QByteArray childProperty;
+    std::vector<Level> path = {};
     bool tooDeep = false;
+};
+
+/// Walks depth first with a list instead of recursion: documents may be nested 1024 levels deep.
+bool TreeRows::add(Document *root, QQuickItem *content,
+                   const std::function<bool(const QString &)> &collapsed)
+{
+    const QPointer<QQuickItem> alive(m_view);
+    Walk walk{content, collapsed, m_host->childProperty()};
     QPointer<Document> adding = root;
-    while (adding || !path.empty()) {
-        if (adding) {
-            const QString id = adding->documentId();
-            QQmlListReference children(adding, childProperty.constData());
-            const int childCount = qMax(0, children.count());
-            if (!alive) {
-                return false;
-            }
-            if (!adding) {
-                continue;
-            }
-            const int level = static_cast<int>(path.size());
-            m_making = new TreeViewEntry(
-                m_view, m_host, {adding, m_entries.size(), level, collapsed(id), childCount});
-            m_making->createRow(place, path.empty() ? nullptr : path.back().item.data());
-            if (!alive) {
-                return false;
-            }
-            TreeViewEntry *entry = std::exchange(m_making, nullptr);
-            m_entries.append(entry);
-            if (adding) {
-                m_documents.insert(adding);
-            }
-            path.push_back({adding, children, 0, entry->item()});
-            adding = nullptr;
+    while (adding || !walk.path.empty()) {
+        if (adding && !addRow(adding, walk)) {
+            return false;
         }
-        Level &top = path.back();
-        // The count is read for each child: making a row runs code that may change the list.
-        QObject *element = nullptr;
-        const bool more = top.document && top.next < top.children.count();
-        if (more) {
-            element = top.children.at(top.next++);
-        }
+        adding = walk.path.empty() ? nullptr : takeChild(walk);
         if (!alive) {
             return false;
         }
-        if (!more) {
-            path.pop_back();
-            continue;
-        }
-        auto *child = qobject_cast<Document *>(element);
-        if (!child) {
-            continue;
-        }
-        if (static_cast<int>(path.size()) >= maximumLevels) {
-            if (!m_warnedOfDepth) {
-                m_warnedOfDepth = true;
-                qmlWarning(m_view) << "The documents are nested more than " << maximumLevels
-                                   << " levels deep, or contain themselves; deeper ones get no row";
-            }
-            tooDeep = true;
-            continue;
-        }
-        // A document that contains itself twice would otherwise get 2 to the power of 1024 rows.
-        if (tooDeep && std::any_of(path.cbegin(), path.cend(), [child](const Level &above) {
-                return above.document == child;
-            })) {
-            continue;
-        }
-        adding = child;
     }
     return alive;
+}
+
+/// Makes the row of \a document below the last level of the path, and adds a level for it unless
+/// the document is destroyed before. False when the view has been destroyed.
+bool TreeRows::addRow(const QPointer<Document> &document, Walk &walk)
+{
+    const QPointer<QQuickItem> alive(m_view);
+    const QString id = document->documentId();
+    QQmlListReference children(document, walk.childProperty.constData());
+    const int childCount = qMax(0, children.count());
+    if (!alive) {
+        return false;
+    }
+    if (!document) {
+        return true;
+    }
+    const int level = static_cast<int>(walk.path.size());
+    m_making = new TreeViewEntry(
+        m_view, m_host, {document, m_entries.size(), level, walk.collapsed(id), childCount});
+    m_making->createRow(walk.content, level == 0 ? nullptr : walk.path.back().item.data());
+    if (!alive) {
+        return false;
+    }
+    TreeViewEntry *entry = std::exchange(m_making, nullptr);
+    m_entries.append(entry);
+    if (document) {
+        m_documents.insert(document);
+    }
+    walk.path.push_back({document, children, 0, entry->item()});
+    return true;
+}
+
+/// The next document below the last level of the path that gets a row. Null when the next element
+/// of the list gets none, when there is no further one, which removes the level, and when the view
+/// has been destroyed.
+Document *TreeRows::takeChild(Walk &walk)
+{
+    const QPointer<QQuickItem> alive(m_view);
+    Walk::Level &top = walk.path.back();
+    // The count is read for each child: making a row runs code that may change the list.
+    const bool more = top.document && top.next < top.children.count();
+    QObject *const element = more ? top.children.at(top.next++) : nullptr;
+    if (!alive) {
+        return nullptr;
+    }
+    if (!more) {
+        walk.path.pop_back();
+        return nullptr;
+    }
+    auto *child = qobject_cast<Document *>(element);
+    if (child && static_cast<int>(walk.path.size()) >= maximumLevels) {
+        if (!m_warnedOfDepth) {
+            m_warnedOfDepth = true;
+            qmlWarning(m_view) << "The documents are nested more than " << maximumLevels
+                               << " levels deep, or contain themselves; deeper ones get no row";
+        }
+        walk.tooDeep = true;
+        return nullptr;
+    }
+    // A document that contains itself twice would otherwise get 2 to the power of 1024 rows.
+    const bool isAbove = walk.tooDeep
+        && std::any_of(walk.path.cbegin(), walk.path.cend(),
+                       [child](const Walk::Level &above) { return above.document == child; });
+    return isAbove ? nullptr : child;
 }
 
 bool TreeRows::setPredecessors()

@@ -6,6 +6,7 @@
 #include <OmbrelDataCore/Document.h>
 
 #include <QList>
+#include <QPointer>
 #include <QSet>
 
 #include <functional>
@@ -76,6 +77,10 @@ private:
         bool attached;
     };
 
+    struct Walk;
+
+    bool addRow(const QPointer<om::data::Document> &document, Walk &walk);
+    om::data::Document *takeChild(Walk &walk);
     std::vector<TreeViewEntry *> takeEntries();
     void detach(const std::vector<TreeViewEntry *> &entries);
 
