@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Ombrel developers
 # SPDX-License-Identifier: MIT
 #
-# ombrel_add_tests([INTERNAL <tst>...] [OFFSCREEN <tst>...] [ONE_LOOP <tst>...]
+# ombrel_add_tests([INTERNAL <tst>...] [OFFSCREEN <tst>...] [ONE_LOOP <tst>...] [LONG <tst>...]
 #                  [LIBRARIES <target>...])
 #
 # Turns every tst_*.cpp and tst_*.qml of the calling folder into tests. Files are found, not
@@ -11,6 +11,7 @@
 #   INTERNAL   links the controls' inner library instead of loading the plugin (never both)
 #   OFFSCREEN  needs neither pixels nor a window system
 #   ONE_LOOP   has a window, but nothing of it depends on the render loop
+#   LONG       takes half a minute or more: it begins first, lest it run alone at the end
 #   LIBRARIES  further targets that each C++ test of the folder links
 #
 # A name that no file has stops the configuration; tst_x.qml is called tst_x_qml.
@@ -48,6 +49,9 @@ function(ombrel_test_entry name loop offscreen)
     endif()
     add_test(NAME "${name}" COMMAND ${runner} ${ARGN})
     set_tests_properties("${name}" PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
+    if(test IN_LIST arg_LONG)
+        set_tests_properties("${name}" PROPERTIES COST 1000)
+    endif()
 endfunction()
 
 function(ombrel_test_entries test)
@@ -73,7 +77,7 @@ function(ombrel_check_test_names)
         get_filename_component(test "${file}" NAME_WE)
         list(APPEND tests "${test}_qml")
     endforeach()
-    foreach(name IN LISTS arg_UNPARSED_ARGUMENTS arg_INTERNAL arg_OFFSCREEN arg_ONE_LOOP)
+    foreach(name IN LISTS arg_UNPARSED_ARGUMENTS arg_INTERNAL arg_OFFSCREEN arg_ONE_LOOP arg_LONG)
         if(NOT name IN_LIST tests)
             message(FATAL_ERROR "ombrel_add_tests: ${CMAKE_CURRENT_SOURCE_DIR} has no test ${name}")
         endif()
@@ -81,7 +85,7 @@ function(ombrel_check_test_names)
 endfunction()
 
 function(ombrel_add_tests)
-    cmake_parse_arguments(arg "" "" "INTERNAL;OFFSCREEN;ONE_LOOP;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(arg "" "" "INTERNAL;OFFSCREEN;ONE_LOOP;LONG;LIBRARIES" ${ARGN})
     get_filename_component(folder "${CMAKE_CURRENT_SOURCE_DIR}" NAME)
 
     file(GLOB sources CONFIGURE_DEPENDS "tst_*.cpp")
