@@ -158,7 +158,7 @@ void Shelf::open(const QUrl &folder)
     Q_EMIT countChanged();
     Q_EMIT foundChanged();
     if (!problem.isEmpty()) {
-        Q_EMIT said(problem);
+        say(problem);
     }
 }
 
@@ -195,6 +195,15 @@ void Shelf::setFolder(om::data::Document *folder)
     m_model.clearSelection();
     showFolder();
     Q_EMIT folderChanged();
+}
+
+void Shelf::openParent()
+{
+    if (m_folder && m_folder != m_root) {
+        ShelfDocument *const before = m_folder;
+        setFolder(before->parentFolder());
+        m_model.select({before});
+    }
 }
 
 void Shelf::showFolder()
@@ -256,7 +265,7 @@ bool Shelf::rename(om::data::Document *document, const QString &name)
     }
     const QString problem = nameProblem(document, name);
     if (!problem.isEmpty()) {
-        Q_EMIT said(problem);
+        say(problem);
         return false;
     }
     m_history.run(
@@ -315,7 +324,7 @@ bool Shelf::move(const QVariantList &documents, om::data::Document *folder, int 
     const QString busy = busyProblem();
     const QString problem = busy.isEmpty() ? moveProblem(documents, folder) : busy;
     if (!problem.isEmpty()) {
-        Q_EMIT said(problem);
+        say(problem);
         return false;
     }
     auto *const target = static_cast<ShelfDocument *>(folder);
@@ -369,7 +378,7 @@ void Shelf::remove(const QVariantList &documents)
     const QList<ShelfDocument *> removed = own(documents);
     const QString busy = busyProblem();
     if (!busy.isEmpty()) {
-        Q_EMIT said(busy);
+        say(busy);
         return;
     }
     if (removed.isEmpty()) {
@@ -444,7 +453,7 @@ void Shelf::makeFolder()
 {
     const QString busy = busyProblem();
     if (!m_folder || !busy.isEmpty()) {
-        Q_EMIT said(busy);
+        say(busy);
         return;
     }
     ShelfCopy copy;
@@ -460,7 +469,7 @@ void Shelf::add(const QList<QUrl> &urls, om::data::Document *folder, int index)
     auto *const target = qobject_cast<ShelfDocument *>(folder);
     if (m_saving || !isOwn(target) || !target->isFolder() || target->isLink()
         || !target->isReadable()) {
-        Q_EMIT said(QStringLiteral("Nothing can be put there"));
+        say(QStringLiteral("Nothing can be put there"));
         return;
     }
     QStringList paths;
@@ -468,8 +477,8 @@ void Shelf::add(const QList<QUrl> &urls, om::data::Document *folder, int index)
         if (url.isLocalFile()) {
             paths.append(QDir::cleanPath(url.toLocalFile()));
         } else {
-            Q_EMIT said(QStringLiteral("“%1” was not taken: it is no file of this computer")
-                            .arg(url.toDisplayString()));
+            say(QStringLiteral("“%1” was not taken: it is no file of this computer")
+                    .arg(url.toDisplayString()));
         }
     }
     if (paths.isEmpty()) {
@@ -487,10 +496,10 @@ void Shelf::add(const QList<QUrl> &urls, om::data::Document *folder, int index)
         [this, target, before](const Taken &taken) {
             addCopies(taken.first, target, before);
             if (!taken.second.isEmpty()) {
-                Q_EMIT said(taken.second.size() == 1 ? taken.second.first()
-                                                     : QStringLiteral("%1, and %2 more")
-                                                           .arg(taken.second.first())
-                                                           .arg(taken.second.size() - 1));
+                say(taken.second.size() == 1 ? taken.second.first()
+                                             : QStringLiteral("%1, and %2 more")
+                                                   .arg(taken.second.first())
+                                                   .arg(taken.second.size() - 1));
             }
         });
 }
@@ -731,9 +740,9 @@ void Shelf::finishSave(const ShelfPlan &plan, const ShelfPlan::Outcome &outcome)
     }
     // What was done cannot be taken back any more.
     m_history.clear();
-    Q_EMIT said(outcome.problems.isEmpty() ? QStringLiteral("Saved")
-                                           : QStringLiteral("Not all could be saved: ")
-                        + outcome.problems.join(QStringLiteral("; ")));
+    say(outcome.problems.isEmpty() ? QStringLiteral("Saved")
+                                   : QStringLiteral("Not all could be saved: ")
+                + outcome.problems.join(QStringLiteral("; ")));
 }
 
 // Tells the documents where they are on disk now. `target` is where the folder was to be.
@@ -767,6 +776,12 @@ QString Shelf::pictureProblem(om::data::Document *document) const
 QString Shelf::sizeText(qint64 bytes) const
 {
     return ShelfPlan::sizeText(bytes);
+}
+
+void Shelf::say(const QString &message)
+{
+    m_message = message;
+    Q_EMIT said(message);
 }
 
 } // namespace om::gallery

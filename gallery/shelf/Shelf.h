@@ -46,6 +46,8 @@ class Shelf : public QObject
     Q_PROPERTY(bool cut READ isCut NOTIFY countChanged)
     Q_PROPERTY(bool treeCut READ isTreeCut NOTIFY countChanged)
     Q_PROPERTY(int foundCount READ foundCount NOTIFY foundChanged)
+    /// What was said last; empty again when there is no more reason to show it.
+    Q_PROPERTY(QString message READ message NOTIFY said)
 
 public:
     /// Rows of a tree cost what they show even while they are hidden: it has no more folders.
@@ -72,10 +74,14 @@ public:
     bool isCut() const { return m_cut; }
     bool isTreeCut() const { return m_treeCut; }
     int foundCount() const { return m_found.size(); }
+    QString message() const { return m_message; }
 
     /// Opens a folder, and forgets the one before with all that was not saved. Opening the same
     /// folder again does nothing.
     Q_INVOKABLE void open(const QUrl &folder);
+
+    /// Opens the folder that holds the open one and makes that one current there.
+    Q_INVOKABLE void openParent();
 
     /// Why a document cannot have this name, as a sentence; empty when it can.
     Q_INVOKABLE QString nameProblem(om::data::Document *document, const QString &name) const;
@@ -108,6 +114,8 @@ public:
     /// the name.
     Q_INVOKABLE QString pictureProblem(om::data::Document *document) const;
     Q_INVOKABLE QString sizeText(qint64 bytes) const;
+    /// Tells the person something; with an empty text it takes back what was told.
+    Q_INVOKABLE void say(const QString &message);
 
 Q_SIGNALS:
     void rootChanged();
@@ -116,7 +124,7 @@ Q_SIGNALS:
     void countChanged();
     void foundChanged();
     /// Something to tell the person: what could not be done or taken, or what has been done.
-    void said(const QString &text);
+    void said(const QString &message);
 
 private:
     using Lists = QVector<QPair<ShelfDocument *, QList<om::data::Document *>>>;
@@ -157,6 +165,7 @@ private:
     QHash<QString, ShelfDocument *> m_folders; // while reading, by path
     QVector<ShelfDocument *> m_known; // what has been on disk
     QString m_text;
+    QString m_message;
     QVector<ShelfDocument *> m_found;
     QTimer m_treeTimer;
     int m_jobs = 0;

@@ -2,31 +2,306 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick 2.12
+import QtQuick.Window 2.12
+import ombrel.Controls 1.0
 import "../kit"
 
-// The opened folder as a shelf of pictures, films and texts that can be put in order.
-Item {
+// A small media organiser: folders at the left, thumbnails in the middle, what is known of one of
+// them at the right. All that is done stays in memory until it is saved.
+FocusScope {
     id: view
 
-    Column {
-        anchors.centerIn: parent
-        width: Math.min(parent.width - 80, 520)
-        spacing: 8
-        Label {
-            width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            text: "Shelf"
-            font.pixelSize: Theme.huge
-            font.weight: Font.Light
+    // Documents that wait to be pasted elsewhere.
+    property var cut: []
+    readonly property bool asking: deletion.open || saveDialog.open || labelDialog.open || replacement.open
+    readonly property bool wide: width >= 860
+    property bool detailsWanted: false
+    readonly property bool detailsShown: wide || detailsWanted
+    // Frames lie above everything in the window, and would lie above what covers the thumbnails.
+    readonly property bool framesShown: wide || !detailsWanted
+
+    // Of the drag that runs now: where it began, whether its drop was taken.
+    property point home
+    property bool taken: false
+    readonly property string refusal: thumbnails.target && thumbnails.target.problem !== "" ? thumbnails.target.problem
+                                    : folders.target ? folders.problem : ""
+    readonly property Component dragCard: Component { ShelfDragCard { view: view } }
+
+    function dragging(active, source) {
+        if (!active)
+            return;
+        taken = false;
+        const from = source.parent === thumbnails ? thumbnails.centerOf(shelf.model.currentRow) : null;
+        home = from ? thumbnails.mapToItem(null, from.x, from.y)
+                    : folders.mapToItem(null, 60, folders.tree.currentEntry().mapToItem(folders, 0, 14).y);
+    }
+
+    // What an action is about: the selected documents, or the folder when the tree has the keys.
+    function chosenDocuments() {
+        if (shelf.model.selectedCount > 0 && !folders.tree.activeFocus)
+            return shelf.model.selection();
+        return shelf.folder && shelf.folder !== shelf.root ? [shelf.folder] : [];
+    }
+    function nameOf(documents) {
+        return documents.length === 1 ? "“" + Theme.oneLine(documents[0].name) + "”" : documents.length + " items";
+    }
+    function askToDelete() {
+        deletion.documents = chosenDocuments();
+        if (deletion.documents.length > 0 && !shelf.saving)
+            deletion.ask(Window.activeFocusItem);
+    }
+    function askForLabel() {
+        const documents = chosenDocuments();
+        if (documents.length > 0 && !shelf.saving)
+            labelDialog.choose(documents, Window.activeFocusItem);
+    }
+    function askToSave() {
+        if (!shelf.saving && !shelf.reading)
+            saveDialog.propose(Window.activeFocusItem);
+    }
+    function cutSelection() { cut = shelf.model.selection(); }
+    function paste() {
+        if (cut.length > 0 && shelf.move(cut, shelf.folder, -1))
+            cut = [];
+    }
+    // By keys what a drag does by hand: the selected documents go before or behind their neighbour.
+    function moveBy(direction) {
+        const documents = shelf.model.selection();
+        if (documents.length === 0)
+            return;
+        const first = shelf.model.rowOf(documents[0]);
+        const last = shelf.model.rowOf(documents[documents.length - 1]);
+        if (direction < 0 ? first > 0 : last < shelf.model.count - 1)
+            shelf.move(documents, shelf.folder, direction < 0 ? first - 1 : last + 2);
+    }
+    function openMenu(item, x, y) {
+        const some = shelf.model.selectedCount > 0;
+        const at = item.mapToItem(view, x, y);
+        const free = !shelf.saving;
+        menu.openAt(at.x, at.y, [
+            { text: "Open", keys: "Return", enabled: some && shelf.model.currentDocument.folder, run: () => thumbnails.open(shelf.model.currentDocument, false) },
+            { text: "Rename", keys: "F2", enabled: some && free, run: () => thumbnails.renameCurrent() },
+            { text: "Label and colour", keys: "Ctrl+L", enabled: some && free, run: () => askForLabel() },
+            { text: "Address as QR code", keys: "", enabled: some, run: () => detailsWanted = true },
+            { text: "Cut", keys: "Ctrl+X", enabled: some && free, run: () => cutSelection() },
+            { text: "Paste", keys: "Ctrl+V", enabled: cut.length > 0 && free, run: () => paste() },
+            { text: "Delete", keys: "Del", enabled: some && free, run: () => askToDelete() },
+            { text: "New folder", keys: "Ctrl+Shift+N", enabled: free, run: () => shelf.makeFolder() },
+            { text: "Select all", keys: "Ctrl+A", enabled: shelf.model.count > 0, run: () => shelf.model.selectAll() }
+        ], thumbnails.grid);
+    }
+    function countText() {
+        const number = n => n.toLocaleString(Qt.locale("C"), "f", 0);
+        return number(shelf.count) + (shelf.count === 1 ? " item" : " items")
+             + (shelf.reading ? ", reading" : "")
+             + (shelf.model.selectedCount > 0 ? ", " + number(shelf.model.selectedCount) + " selected" : "")
+             + (shelf.unreadable > 0 ? ", " + number(shelf.unreadable) + " cannot be read" : "")
+             + (shelf.cut ? ", the folder holds more" : "")
+             + (shelf.treeCut ? ", more folders than the tree shows" : "");
+    }
+    function openFolder() {
+        if (shelf.address.toString() === gallery.folder.url.toString())
+            return;
+        if (shelf.changed)
+            replacement.ask(Window.activeFocusItem);
+        else
+            shelf.open(gallery.folder.url);
+    }
+
+    Component.onCompleted: openFolder()
+    readonly property string message: shelf.message
+    onMessageChanged: if (message !== "") fading.restart()
+    Timer { id: fading; interval: 8000; onTriggered: shelf.say("") }
+    readonly property bool saving: shelf.saving
+    onSavingChanged: thumbnails.renaming = -1
+
+    Shortcut { sequence: "Ctrl+Z"; enabled: !view.asking && !shelf.saving; onActivated: shelf.history.undo() }
+    Shortcut { sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]; enabled: !view.asking && !shelf.saving; onActivated: shelf.history.redo() }
+    Shortcut { sequence: "Ctrl+S"; enabled: !view.asking; onActivated: view.askToSave() }
+    Shortcut { sequence: "Ctrl+L"; enabled: !view.asking; onActivated: view.askForLabel() }
+    Shortcut { sequence: "Ctrl+Shift+N"; enabled: !view.asking && !shelf.saving; onActivated: shelf.makeFolder() }
+    Shortcut { sequence: "F3"; enabled: !view.asking; onActivated: searchField.activeFocus || searchField.text === "" ? searchField.forceActiveFocus() : shelf.showNextFound() }
+    Shortcut { sequence: "Shift+F3"; enabled: !view.asking; onActivated: shelf.showNextFound(true) }
+    Shortcut { sequence: "F12"; onActivated: rate.visible = !rate.visible }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.panel
+    }
+
+    Rectangle {
+        id: bar
+        width: parent.width
+        height: 54
+        color: Theme.window
+        Accessible.role: Accessible.ToolBar
+        Accessible.name: "Shelf"
+        Rectangle { y: parent.height - 1; width: parent.width; height: 1; color: Theme.line }
+        Row {
+            x: 14
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: 8
+            Button {
+                width: 64
+                text: "Undo"
+                enabled: shelf.history.canUndo && !shelf.saving
+                Accessible.name: enabled ? "Undo: " + shelf.history.undoText : "Undo"
+                onClicked: shelf.history.undo()
+            }
+            Button {
+                width: 64
+                text: "Redo"
+                enabled: shelf.history.canRedo && !shelf.saving
+                Accessible.name: enabled ? "Redo: " + shelf.history.redoText : "Redo"
+                onClicked: shelf.history.redo()
+            }
+            Label {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: view.width > 760
+                width: Math.max(0, view.width - 64 * 2 - searchField.width - tools.width - 78)
+                leftPadding: 8
+                text: shelf.history.canUndo ? "Last: " + Theme.oneLine(shelf.history.undoText) : ""
+                color: Theme.faintText
+                font.pixelSize: Theme.small
+            }
         }
-        Label {
-            width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.WordWrap
-            text: shelf.count + " files and folders of “" + Theme.oneLine(gallery.folder.name) + "”"
-            color: Theme.softText
+        Row {
+            id: tools
+            anchors { right: parent.right; rightMargin: 14; verticalCenter: parent.verticalCenter }
+            spacing: 8
+            Label {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: searchField.text !== ""
+                text: shelf.foundCount + " found"
+                color: Theme.softText
+                font.pixelSize: Theme.small
+            }
+            Field {
+                id: searchField
+                width: view.width > 760 ? 190 : 130
+                height: 30
+                placeholderText: "Find (F3)"
+                Accessible.name: "Find"
+                Accessible.description: shelf.foundCount + " found"
+                // Typing is not to wait for a search through thousands.
+                onTextChanged: pause.restart()
+                onAccepted: {
+                    shelf.find(text);
+                    shelf.showNextFound();
+                }
+                Keys.onEscapePressed: {
+                    text = "";
+                    thumbnails.grid.forceActiveFocus();
+                }
+                Keys.onDownPressed: thumbnails.grid.forceActiveFocus()
+                Timer { id: pause; interval: 60; onTriggered: shelf.find(searchField.text) }
+                Component.onDestruction: shelf.find("")
+            }
+            Button {
+                visible: !view.wide
+                text: "Details"
+                checkable: true
+                checked: view.detailsWanted
+                onToggled: view.detailsWanted = checked
+            }
+            Button {
+                text: shelf.saving ? "Saving" : "Save"
+                primary: true
+                enabled: shelf.changed && !shelf.saving && !shelf.reading
+                onClicked: view.askToSave()
+            }
         }
     }
 
-    Component.onCompleted: shelf.open(gallery.folder.url)
+    Rectangle {
+        id: side
+        y: bar.height
+        width: view.width < 700 ? 160 : 210
+        height: view.height - bar.height - status.height
+        color: Theme.sunken
+        ShelfTree {
+            id: folders
+            anchors.fill: parent
+            view: view
+        }
+        Rectangle { anchors.right: parent.right; width: 1; height: parent.height; color: Theme.line }
+    }
+    ShelfGrid {
+        id: thumbnails
+        anchors { left: side.right; top: bar.bottom; bottom: status.top; right: view.wide ? details.left : parent.right }
+        view: view
+    }
+    ShelfDetails {
+        id: details
+        anchors { right: parent.right; top: bar.bottom; bottom: status.top }
+        width: 236
+        visible: view.detailsShown
+        view: view
+    }
+
+    Rectangle {
+        id: status
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
+        height: 32
+        color: Theme.window
+        Rectangle { width: parent.width; height: 1; color: Theme.line }
+        Label {
+            id: counts
+            x: 16
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
+            text: view.countText()
+            color: Theme.softText
+            font.pixelSize: Theme.small
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+        Label {
+            anchors { left: counts.right; leftMargin: 18; right: rate.visible ? rate.left : parent.right; rightMargin: 16 }
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
+            horizontalAlignment: Text.AlignRight
+            text: Theme.oneLine(view.refusal !== "" ? view.refusal : view.message)
+            color: view.refusal !== "" ? Theme.errorText : Theme.text
+            font.pixelSize: Theme.small
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
+        }
+        Label {
+            id: rate
+            anchors { right: parent.right; rightMargin: 16 }
+            visible: false
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
+            text: counter.currentFps + " fps"
+            color: Theme.accentText
+            font.pixelSize: Theme.small
+            font.family: Theme.monoFamily
+            Accessible.role: Accessible.StaticText
+            Accessible.name: "Frame rate " + text
+            FpsCounter { id: counter }
+        }
+    }
+
+    ShelfMenu { id: menu }
+
+    ShelfDialog {
+        id: deletion
+        property var documents: []
+        title: "Delete " + view.nameOf(documents) + "?"
+        text: "It leaves the shelf now and the disk when you save. Until then Undo brings it back."
+        main: "Delete"
+        tone: Theme.error
+        onAccepted: shelf.remove(documents)
+    }
+    ShelfDialog {
+        id: replacement
+        title: "Open another folder?"
+        text: "The shelf holds changes that are not saved. They are lost when another folder is opened."
+        main: "Open it"
+        tone: Theme.warning
+        onAccepted: shelf.open(gallery.folder.url)
+    }
+    LabelDialog { id: labelDialog }
+    SaveDialog { id: saveDialog }
 }

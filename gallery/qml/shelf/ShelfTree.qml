@@ -1,0 +1,216 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick 2.12
+import QtQuick.Controls 2.5 as Controls
+import ombrel.Controls 1.0
+import "../kit"
+import "../pages"
+
+// The folders of the shelf as a tree: to open, rename, drag and drop into.
+Item {
+    id: place
+
+    property Item view
+    readonly property alias tree: tree
+    property QtObject renaming: null
+    property QtObject target: null
+    property string problem
+
+    function documentAt(x, y) { return tree.documentAt(tree.indexAt(1, y + flick.contentY)); }
+    function stopRenaming() {
+        renaming = null;
+        tree.forceActiveFocus();
+    }
+    function showFolder() {
+        const index = shelf.folder ? tree.indexOfDocument(shelf.folder) : -1;
+        if (index >= 0 && tree.activeDocument !== shelf.folder)
+            keys.activate(index);
+    }
+    function aim(document, dragged) {
+        if (target === document)
+            return;
+        target = document;
+        problem = document && dragged ? shelf.moveProblem(dragged, document) : "";
+    }
+
+    Accessible.role: Accessible.Pane
+    Accessible.name: "Folders"
+
+    TreeKeys {
+        id: keys
+        tree: tree
+        view: flick
+        stop: stop
+    }
+    readonly property QtObject folder: shelf.folder
+    onFolderChanged: showFolder()
+
+    DragZone {
+        id: source
+        anchors.fill: parent
+        dragEnabled: !shelf.saving && place.renaming === null
+        dragDocuments: tree.activeDocument && tree.activeDocument !== shelf.root ? [tree.activeDocument] : []
+        dragDelegate: place.view.dragCard
+        onDragActiveChanged: place.view.dragging(dragActive, source)
+
+        Flickable {
+            id: flick
+            anchors.fill: parent
+            topMargin: 6
+            bottomMargin: 6
+            contentHeight: tree.height
+            clip: true
+            interactive: false
+            boundsBehavior: Flickable.StopAtBounds
+            Controls.ScrollBar.vertical: ScrollBar {}
+
+            MouseArea {
+                z: 1
+                width: flick.width
+                height: Math.max(flick.height, tree.height)
+                acceptedButtons: Qt.NoButton
+                onWheel: {
+                    const last = Math.max(-flick.topMargin, flick.contentHeight + flick.bottomMargin - flick.height);
+                    flick.contentY = Math.max(-flick.topMargin, Math.min(last, flick.contentY - wheel.angleDelta.y * 0.7));
+                }
+            }
+            FocusScope {
+                id: stop
+                width: flick.width
+                height: tree.height
+                activeFocusOnTab: true
+                Accessible.role: Accessible.Tree
+                Accessible.name: "Folders"
+                Accessible.focusable: true
+
+                TreeView {
+                    id: tree
+                    focus: true
+                    x: 6
+                    width: parent.width - x
+                    childProperty: "folders"
+                    rootCanCollapse: true
+                    rootDocuments: shelf.root ? [shelf.root] : []
+                    indent: 16
+                    Keys.enabled: place.renaming === null
+                    Keys.onPressed: {
+                        if (event.key === Qt.Key_Delete) {
+                            place.view.askToDelete();
+                            event.accepted = true;
+                        } else {
+                            keys.press(event);
+                        }
+                    }
+                    onActiveDocumentChanged: {
+                        place.renaming = null;
+                        if (activeDocument)
+                            shelf.folder = activeDocument;
+                    }
+                    onIndexRebuilt: Qt.callLater(place.showFolder)
+                    onEditRequested: if (activeDocument !== shelf.root && !shelf.saving) place.renaming = activeDocument
+
+                    delegate: Item {
+                        id: row
+                        readonly property QtObject shown: document
+                        readonly property bool edited: shown !== null && place.renaming === shown
+                        height: 28
+                        Accessible.role: Accessible.TreeItem
+                        Accessible.name: shown ? Theme.oneLine(shown.name) : ""
+                        Accessible.selected: TreeView.isActiveItem
+                        Accessible.focusable: true
+
+                        Image {
+                            id: sign
+                            x: 2
+                            anchors.verticalCenter: parent.verticalCenter
+                            width: 18
+                            height: 18
+                            sourceSize: Qt.size(18, 18)
+                            source: "../kit/types/" + (row.shown && !row.shown.readable ? "locked" : "folder") + ".svg"
+                        }
+                        Label {
+                            anchors { left: sign.right; leftMargin: 7; right: marks.left; rightMargin: 4 }
+                            anchors.verticalCenter: parent.verticalCenter
+                            visible: !row.edited
+                            text: row.shown ? Theme.oneLine(row.shown.name) : ""
+                            font.pixelSize: 13
+                            font.weight: row.TreeView.isActiveItem ? Font.DemiBold : Font.Normal
+                            color: !row.shown || row.shown.readable ? Theme.text : Theme.errorText
+                        }
+                        Row {
+                            id: marks
+                            anchors { right: parent.right; rightMargin: 14; verticalCenter: parent.verticalCenter }
+                            spacing: 4
+                            Rectangle {
+                                anchors.verticalCenter: parent.verticalCenter
+                                visible: row.shown !== null && row.shown.label.a > 0
+                                width: 10
+                                height: 10
+                                radius: 5
+                                color: row.shown ? row.shown.label : "transparent"
+                                border.color: Theme.strongLine
+                            }
+                            Chip {
+                                visible: row.shown !== null && row.shown.foundInside > 0
+                                text: visible ? row.shown.foundInside : ""
+                                tone: Theme.positive
+                            }
+                        }
+                        Loader {
+                            anchors { left: sign.right; leftMargin: 3; right: parent.right; rightMargin: 14 }
+                            anchors.verticalCenter: parent.verticalCenter
+                            active: row.edited
+                            sourceComponent: ShelfNameField {
+                                document: row.shown
+                                onRenamed: {
+                                    shelf.rename(row.shown, name);
+                                    place.stopRenaming();
+                                }
+                                onCancelled: place.stopRenaming()
+                            }
+                        }
+                    }
+                    backgroundDelegate: Rectangle {
+                        readonly property QtObject shown: document
+                        radius: 4
+                        color: place.target && place.target === shown ? (place.problem === "" ? Theme.positiveSoft : Theme.errorSoft)
+                             : TreeView.isActiveItem ? Theme.accentSoft : "transparent"
+                        border.width: place.target && place.target === shown || TreeView.isActiveItem && tree.activeFocus ? 2 : 0
+                        border.color: place.target && place.target === shown ? (place.problem === "" ? Theme.positive : Theme.error)
+                                                                             : Theme.focus
+                        // A row lets presses through, and what is below would take the focus and the drag.
+                        MouseArea {
+                            anchors.fill: parent
+                            onDoubleClicked: if (parent.shown !== shelf.root && !shelf.saving) place.renaming = parent.shown
+                        }
+                    }
+                }
+            }
+        }
+    }
+
+    DropZone {
+        id: zone
+        anchors.fill: parent
+        onContainsDragChanged: if (!containsDrag) place.aim(null, null)
+        FileDropHandler {
+            onEntered: place.aim(place.documentAt(drag.position.x, drag.position.y), null)
+            onPositionChanged: place.aim(place.documentAt(drag.position.x, drag.position.y), null)
+            onDropped: shelf.add(Array.from(drag.data), place.documentAt(drag.position.x, drag.position.y) || shelf.folder, -1)
+        }
+        DocumentDropHandler {
+            type: "shelf"
+            property var dragged: []
+            onEntered: {
+                dragged = Array.from(drag.source.dragDocuments);
+                place.aim(place.documentAt(drag.position.x, drag.position.y), dragged);
+            }
+            onPositionChanged: place.aim(place.documentAt(drag.position.x, drag.position.y), dragged)
+            onDropped: {
+                const folder = place.documentAt(drag.position.x, drag.position.y);
+                place.view.taken = folder !== null && shelf.move(dragged, folder, -1);
+            }
+        }
+    }
+}
