@@ -107,6 +107,7 @@ void Shelf::open(const QUrl &folder)
     m_model.setFound({});
     m_model.setDocuments({});
     m_found.clear();
+    m_foundFolders.clear();
     m_folders.clear();
     m_known.clear();
     m_thumbnails->clear();
@@ -653,11 +654,8 @@ void Shelf::find(const QString &text)
 
 void Shelf::updateFound()
 {
-    for (ShelfDocument *document : qAsConst(m_found)) {
-        if (ShelfDocument *const folder = document->parentFolder()) {
-            folder->setFoundInside(0);
-        }
-    }
+    const QVector<ShelfDocument *> before = m_foundFolders;
+    m_foundFolders.clear();
     m_found.clear();
     QSet<const ShelfDocument *> found;
     QHash<ShelfDocument *, int> inside;
@@ -672,8 +670,12 @@ void Shelf::updateFound()
         }
     }
     m_model.setFound(found);
+    for (ShelfDocument *folder : before) {
+        folder->setFoundInside(inside.value(folder));
+    }
     for (auto it = inside.begin(); it != inside.end(); ++it) {
         it.key()->setFoundInside(it.value());
+        m_foundFolders.append(it.key());
     }
     Q_EMIT foundChanged();
 }

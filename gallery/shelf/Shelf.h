@@ -167,6 +167,7 @@ private:
     QString m_text;
     QString m_message;
     QVector<ShelfDocument *> m_found;
+    QVector<ShelfDocument *> m_foundFolders;
     QTimer m_treeTimer;
     int m_jobs = 0;
     int m_count = 0;

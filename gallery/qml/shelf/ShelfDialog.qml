@@ -102,6 +102,7 @@ DialogItem {
             anchors { left: parent.left; bottom: parent.bottom; margins: 20 }
             visible: dialog.other !== ""
             text: dialog.other
+            Accessible.name: text
             onClicked: dialog.otherChosen()
         }
         Row {
@@ -109,10 +110,12 @@ DialogItem {
             spacing: 8
             Button {
                 text: "Cancel"
+                Accessible.name: text
                 onClicked: dialog.reject()
             }
             Button {
                 text: dialog.main
+                Accessible.name: text
                 primary: true
                 enabled: dialog.mainEnabled
                 focus: true

@@ -3,6 +3,7 @@
 
 import QtQuick 2.12
 import QtQuick.Controls 2.5 as Controls
+import QtQuick.Window 2.12
 import ombrel.Controls 1.0
 import "../kit"
 
@@ -23,6 +24,12 @@ Item {
             showRow(shelf.model.currentRow);
             renaming = shelf.model.currentRow;
         }
+    }
+    // A press elsewhere ends it. The view is a focus scope: it keeps the focus in the field.
+    function settleName() {
+        const item = renaming >= 0 ? Window.activeFocusItem : null;
+        if (item && item.finish)
+            item.finish(true);
     }
     function stopRenaming() {
         renaming = -1;
@@ -74,6 +81,7 @@ Item {
             anchors.fill: parent
             acceptedButtons: Qt.LeftButton | Qt.RightButton
             onPressed: {
+                place.settleName();
                 grid.forceActiveFocus();
                 source.dragDocuments = [];
                 shelf.model.press(-1, mouse.modifiers);
@@ -116,10 +124,11 @@ Item {
                 current: grid.activeFocus && index === shelf.model.currentRow
                 entered: place.target !== null && place.target.into === index && place.target.problem === ""
                 dimmed: source.dragActive && selected || place.view.cut.indexOf(model.document) >= 0
-                renaming: place.renaming === index
+                renaming: index >= 0 && place.renaming === index
                 whole: place.view.framesShown && y >= grid.contentY - 1 && y + height <= grid.contentY + grid.height + 1
                 z: renaming ? 1 : 0
                 onPressed: {
+                    place.settleName();
                     grid.forceActiveFocus();
                     if (mouse.button === Qt.RightButton) {
                         if (!selected)

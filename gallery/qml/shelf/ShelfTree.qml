@@ -3,6 +3,7 @@
 
 import QtQuick 2.12
 import QtQuick.Controls 2.5 as Controls
+import QtQuick.Window 2.12
 import ombrel.Controls 1.0
 import "../kit"
 import "../pages"
@@ -18,6 +19,12 @@ Item {
     property string problem
 
     function documentAt(x, y) { return tree.documentAt(tree.indexAt(1, y + flick.contentY)); }
+    // Going to another row ends it. The tree is a focus scope: it keeps the focus in the field.
+    function settleName() {
+        const item = renaming ? Window.activeFocusItem : null;
+        if (item && item.finish)
+            item.finish(true);
+    }
     function stopRenaming() {
         renaming = null;
         tree.forceActiveFocus();
@@ -103,7 +110,7 @@ Item {
                         }
                     }
                     onActiveDocumentChanged: {
-                        place.renaming = null;
+                        place.settleName();
                         if (activeDocument)
                             shelf.folder = activeDocument;
                     }

@@ -9,7 +9,7 @@ import "../kit"
 // A small media organiser: folders at the left, thumbnails in the middle, what is known of one of
 // them at the right. All that is done stays in memory until it is saved.
 FocusScope {
-    id: view
+    id: page
 
     // Documents that wait to be pasted elsewhere.
     property var cut: []
@@ -25,7 +25,7 @@ FocusScope {
     property bool taken: false
     readonly property string refusal: thumbnails.target && thumbnails.target.problem !== "" ? thumbnails.target.problem
                                     : folders.target ? folders.problem : ""
-    readonly property Component dragCard: Component { ShelfDragCard { view: view } }
+    readonly property Component dragCard: Component { ShelfDragCard { view: page } }
 
     function dragging(active, source) {
         if (!active)
@@ -76,7 +76,7 @@ FocusScope {
     }
     function openMenu(item, x, y) {
         const some = shelf.model.selectedCount > 0;
-        const at = item.mapToItem(view, x, y);
+        const at = item.mapToItem(page, x, y);
         const free = !shelf.saving;
         menu.openAt(at.x, at.y, [
             { text: "Open", keys: "Return", enabled: some && shelf.model.currentDocument.folder, run: () => thumbnails.open(shelf.model.currentDocument, false) },
@@ -115,13 +115,13 @@ FocusScope {
     readonly property bool saving: shelf.saving
     onSavingChanged: thumbnails.renaming = -1
 
-    Shortcut { sequence: "Ctrl+Z"; enabled: !view.asking && !shelf.saving; onActivated: shelf.history.undo() }
-    Shortcut { sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]; enabled: !view.asking && !shelf.saving; onActivated: shelf.history.redo() }
-    Shortcut { sequence: "Ctrl+S"; enabled: !view.asking; onActivated: view.askToSave() }
-    Shortcut { sequence: "Ctrl+L"; enabled: !view.asking; onActivated: view.askForLabel() }
-    Shortcut { sequence: "Ctrl+Shift+N"; enabled: !view.asking && !shelf.saving; onActivated: shelf.makeFolder() }
-    Shortcut { sequence: "F3"; enabled: !view.asking; onActivated: searchField.activeFocus || searchField.text === "" ? searchField.forceActiveFocus() : shelf.showNextFound() }
-    Shortcut { sequence: "Shift+F3"; enabled: !view.asking; onActivated: shelf.showNextFound(true) }
+    Shortcut { sequence: "Ctrl+Z"; enabled: !page.asking && !shelf.saving; onActivated: shelf.history.undo() }
+    Shortcut { sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]; enabled: !page.asking && !shelf.saving; onActivated: shelf.history.redo() }
+    Shortcut { sequence: "Ctrl+S"; enabled: !page.asking; onActivated: page.askToSave() }
+    Shortcut { sequence: "Ctrl+L"; enabled: !page.asking; onActivated: page.askForLabel() }
+    Shortcut { sequence: "Ctrl+Shift+N"; enabled: !page.asking && !shelf.saving; onActivated: shelf.makeFolder() }
+    Shortcut { sequence: "F3"; enabled: !page.asking; onActivated: searchField.activeFocus || searchField.text === "" ? searchField.forceActiveFocus() : shelf.showNextFound() }
+    Shortcut { sequence: "Shift+F3"; enabled: !page.asking; onActivated: shelf.showNextFound(true) }
     Shortcut { sequence: "F12"; onActivated: rate.visible = !rate.visible }
 
     Rectangle {
@@ -157,8 +157,8 @@ FocusScope {
             }
             Label {
                 anchors.verticalCenter: parent.verticalCenter
-                visible: view.width > 760
-                width: Math.max(0, view.width - 64 * 2 - searchField.width - tools.width - 78)
+                visible: page.width > 760
+                width: Math.max(0, page.width - 64 * 2 - searchField.width - tools.width - 78)
                 leftPadding: 8
                 text: shelf.history.canUndo ? "Last: " + Theme.oneLine(shelf.history.undoText) : ""
                 color: Theme.faintText
@@ -178,7 +178,7 @@ FocusScope {
             }
             Field {
                 id: searchField
-                width: view.width > 760 ? 190 : 130
+                width: page.width > 760 ? 190 : 130
                 height: 30
                 placeholderText: "Find (F3)"
                 Accessible.name: "Find"
@@ -198,17 +198,19 @@ FocusScope {
                 Component.onDestruction: shelf.find("")
             }
             Button {
-                visible: !view.wide
+                visible: !page.wide
                 text: "Details"
+                Accessible.name: text
                 checkable: true
-                checked: view.detailsWanted
-                onToggled: view.detailsWanted = checked
+                checked: page.detailsWanted
+                onToggled: page.detailsWanted = checked
             }
             Button {
                 text: shelf.saving ? "Saving" : "Save"
+                Accessible.name: text
                 primary: true
                 enabled: shelf.changed && !shelf.saving && !shelf.reading
-                onClicked: view.askToSave()
+                onClicked: page.askToSave()
             }
         }
     }
@@ -216,27 +218,27 @@ FocusScope {
     Rectangle {
         id: side
         y: bar.height
-        width: view.width < 700 ? 160 : 210
-        height: view.height - bar.height - status.height
+        width: page.width < 700 ? 160 : 210
+        height: page.height - bar.height - status.height
         color: Theme.sunken
         ShelfTree {
             id: folders
             anchors.fill: parent
-            view: view
+            view: page
         }
         Rectangle { anchors.right: parent.right; width: 1; height: parent.height; color: Theme.line }
     }
     ShelfGrid {
         id: thumbnails
-        anchors { left: side.right; top: bar.bottom; bottom: status.top; right: view.wide ? details.left : parent.right }
-        view: view
+        anchors { left: side.right; top: bar.bottom; bottom: status.top; right: page.wide ? details.left : parent.right }
+        view: page
     }
     ShelfDetails {
         id: details
         anchors { right: parent.right; top: bar.bottom; bottom: status.top }
         width: 236
-        visible: view.detailsShown
-        view: view
+        visible: page.detailsShown
+        view: page
     }
 
     Rectangle {
@@ -250,7 +252,7 @@ FocusScope {
             x: 16
             height: parent.height
             verticalAlignment: Text.AlignVCenter
-            text: view.countText()
+            text: page.countText()
             color: Theme.softText
             font.pixelSize: Theme.small
             Accessible.role: Accessible.StaticText
@@ -261,11 +263,12 @@ FocusScope {
             height: parent.height
             verticalAlignment: Text.AlignVCenter
             horizontalAlignment: Text.AlignRight
-            text: Theme.oneLine(view.refusal !== "" ? view.refusal : view.message)
-            color: view.refusal !== "" ? Theme.errorText : Theme.text
+            text: Theme.oneLine(page.refusal !== "" ? page.refusal : page.message)
+            color: page.refusal !== "" ? Theme.errorText : Theme.text
             font.pixelSize: Theme.small
             Accessible.role: Accessible.AlertMessage
             Accessible.name: text
+            Accessible.ignored: text === ""
         }
         Label {
             id: rate
@@ -288,7 +291,7 @@ FocusScope {
     ShelfDialog {
         id: deletion
         property var documents: []
-        title: "Delete " + view.nameOf(documents) + "?"
+        title: "Delete " + page.nameOf(documents) + "?"
         text: "It leaves the shelf now and the disk when you save. Until then Undo brings it back."
         main: "Delete"
         tone: Theme.error
