@@ -761,13 +761,13 @@ void Shelf::settle(ShelfDocument *folder, const QString &target, const ShelfPlan
     }
 }
 
-QString Shelf::pictureSource(om::data::Document *document) const
+QString Shelf::pictureSource(om::data::Document *document, bool whole) const
 {
     const auto *const own = qobject_cast<const ShelfDocument *>(document);
     if (!own || !own->hasType(QStringLiteral("image"))) {
         return {};
     }
-    return ShelfThumbnails::sourceFor(own->documentId(), own->origin());
+    return ShelfThumbnails::sourceFor(own->documentId(), own->origin(), whole);
 }
 
 QString Shelf::pictureProblem(om::data::Document *document) const

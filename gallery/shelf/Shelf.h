@@ -108,8 +108,9 @@ public:
     Q_INVOKABLE QStringList plan() const;
     Q_INVOKABLE void save();
 
-    /// The source of a small picture of a document; empty for what is no image.
-    Q_INVOKABLE QString pictureSource(om::data::Document *document) const;
+    /// The source of a small picture of a document, all of it or cut to fill its place; empty for
+    /// what is no image.
+    Q_INVOKABLE QString pictureSource(om::data::Document *document, bool whole) const;
     /// What is wrong with the picture that was made last, as the end of a sentence that begins with
     /// the name.
     Q_INVOKABLE QString pictureProblem(om::data::Document *document) const;

@@ -42,11 +42,12 @@ class Response
 {
 public:
     Response(std::shared_ptr<ShelfThumbnails::Store> store, const QString &id, const QString &path,
-             const QSize &size)
+             const QSize &size, bool whole)
         : m_store(std::move(store))
         , m_id(id)
         , m_path(path)
         , m_size(size)
+        , m_whole(whole)
     {
         setAutoDelete(false);
     }
@@ -54,7 +55,7 @@ public:
     void run() override
     {
         if (!m_cancelled) {
-            m_image = m_store->picture(m_id, m_path, m_size);
+            m_image = m_store->picture(m_id, m_path, m_size, m_whole);
         }
         if (m_image.isNull()) {
             // No picture at all would be a warning.
@@ -75,6 +76,7 @@ private:
     const QString m_id;
     const QString m_path;
     const QSize m_size;
+    const bool m_whole;
     std::atomic_bool m_cancelled{false};
     QImage m_image;
 };
@@ -101,13 +103,15 @@ QString ShelfThumbnails::Store::problemOf(const QString &id) const
     return m_problems.value(id);
 }
 
-QImage ShelfThumbnails::Store::picture(const QString &id, const QString &path, const QSize &size)
+QImage ShelfThumbnails::Store::picture(const QString &id, const QString &path, const QSize &size,
+                                       bool whole)
 {
     const QFileInfo file(path);
-    const QString key = QStringLiteral("%1 %2x%3 %4 %5")
+    const QString key = QStringLiteral("%1 %2x%3 %4 %5 %6")
                             .arg(id)
                             .arg(size.width())
                             .arg(size.height())
+                            .arg(int(whole))
                             .arg(file.size())
                             .arg(file.lastModified().toMSecsSinceEpoch());
     {
@@ -117,7 +121,7 @@ QImage ShelfThumbnails::Store::picture(const QString &id, const QString &path, c
         }
     }
     QString problem;
-    const QImage image = read(id, path, size, &problem);
+    const QImage image = read(id, path, size, whole, &problem);
     const QMutexLocker lock(&m_mutex);
     if (problem.isEmpty()) {
         m_problems.remove(id);
@@ -131,7 +135,7 @@ QImage ShelfThumbnails::Store::picture(const QString &id, const QString &path, c
 }
 
 QImage ShelfThumbnails::Store::read(const QString &id, const QString &path, const QSize &size,
-                                    QString *problem)
+                                    bool whole, QString *problem)
 {
     QByteArray content;
     bool inMemory = false;
@@ -154,13 +158,15 @@ QImage ShelfThumbnails::Store::read(const QString &id, const QString &path, cons
     QImageReader reader(device);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
-    const QSize whole = reader.size();
-    if (qint64(whole.width()) * whole.height() > mostPixels) {
+    const QSize all = reader.size();
+    if (qint64(all.width()) * all.height() > mostPixels) {
         *problem = QStringLiteral("is too large to show");
         return {};
     }
-    if (whole.width() > size.width() && whole.height() > size.height() && !size.isEmpty()) {
-        reader.setScaledSize(whole.scaled(size, Qt::KeepAspectRatioByExpanding));
+    const QSize scaled =
+        all.scaled(size, whole ? Qt::KeepAspectRatio : Qt::KeepAspectRatioByExpanding);
+    if (scaled.width() < all.width() && !size.isEmpty()) {
+        reader.setScaledSize(scaled);
     }
     QImage image = reader.read();
     if (image.isNull()) {
@@ -170,7 +176,8 @@ QImage ShelfThumbnails::Store::read(const QString &id, const QString &path, cons
     if (!listening.heard().isEmpty()) {
         *problem = QStringLiteral("is damaged");
     }
-    if (!size.isEmpty() && (image.width() > size.width() || image.height() > size.height())) {
+    if (!whole && !size.isEmpty()
+        && (image.width() > size.width() || image.height() > size.height())) {
         const QSize cut = image.size().boundedTo(size);
         image = image.copy((image.width() - cut.width()) / 2, (image.height() - cut.height()) / 2,
                            cut.width(), cut.height());
@@ -198,16 +205,17 @@ QQuickImageResponse *ShelfThumbnails::requestImageResponse(const QString &id, co
     const auto part = [&parts](int index) {
         return QString::fromUtf8(QByteArray::fromHex(parts.value(index).toLatin1()));
     };
-    auto *const response = new Response(m_store, part(0), part(1), size);
+    auto *const response = new Response(m_store, part(0), part(1), size, parts.size() > 2);
     m_threads.start(response, ++m_requests);
     return response;
 }
 
-QString ShelfThumbnails::sourceFor(const QString &id, const QString &path)
+QString ShelfThumbnails::sourceFor(const QString &id, const QString &path, bool whole)
 {
     // In hexadecimal digits: a path may hold what an address gives a meaning to.
-    return QStringLiteral("image://shelf/%1/%2")
-        .arg(QString::fromLatin1(id.toUtf8().toHex()), QString::fromLatin1(path.toUtf8().toHex()));
+    return QStringLiteral("image://shelf/%1/%2%3")
+        .arg(QString::fromLatin1(id.toUtf8().toHex()), QString::fromLatin1(path.toUtf8().toHex()),
+             whole ? QStringLiteral("/whole") : QString());
 }
 
 } // namespace om::gallery

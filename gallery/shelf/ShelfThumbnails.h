@@ -32,12 +32,13 @@ public:
         void clear();
         QString problemOf(const QString &id) const;
 
-        /// The picture of a document: its bytes from here, or else from the file `path`; scaled and
-        /// cut to `size`. Takes time unless it was made before.
-        QImage picture(const QString &id, const QString &path, const QSize &size);
+        /// The picture of a document: its bytes from here, or else from the file `path`; `whole`
+        /// inside of `size`, or else cut to fill it. Takes time unless it was made before.
+        QImage picture(const QString &id, const QString &path, const QSize &size, bool whole);
 
     private:
-        QImage read(const QString &id, const QString &path, const QSize &size, QString *problem);
+        QImage read(const QString &id, const QString &path, const QSize &size, bool whole,
+                    QString *problem);
 
         mutable QMutex m_mutex;
         QHash<QString, QByteArray> m_contents;
@@ -51,7 +52,7 @@ public:
     QQuickImageResponse *requestImageResponse(const QString &id, const QSize &size) override;
 
     /// The source that makes QML show the picture of a document.
-    static QString sourceFor(const QString &id, const QString &path);
+    static QString sourceFor(const QString &id, const QString &path, bool whole);
 
 private:
     const std::shared_ptr<Store> m_store;

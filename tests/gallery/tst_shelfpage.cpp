@@ -356,7 +356,7 @@ void TestShelfPage::onlyTheKeyboard()
         Qt::Key_End, [&] { return selected() == QStringList(text("tail.txt")); }, "the last");
     // Another place, another folder.
     key(
-        Qt::Key_Left, [&] { return names().last() == text("red.png"); }, "the move", Qt::Key_Alt);
+        Qt::Key_Up, [&] { return names().last() == text("red.png"); }, "the move", Qt::Key_Alt);
     key(
         Qt::Key_X, [&] { return root()->property("cut").toList().size() == 1; }, "cut",
         Qt::Key_Control);
@@ -368,6 +368,26 @@ void TestShelfPage::onlyTheKeyboard()
         Qt::Key_V, [&] { return names().last() == text("tail.txt"); }, "paste", Qt::Key_Control);
     key(
         Qt::Key_Backspace, [&] { return m_shelf->folder() == m_shelf->root(); }, "the way up");
+    // The picker, too.
+    key(
+        Qt::Key_L, [&] { return isOpen("Label"); }, "the picker", Qt::Key_Control);
+    QQuickItem *const strip = itemsOf(content(), "om::controls::HueBox").value(0);
+    for (int i = 0; i < 20 && !strip->hasActiveFocus(); ++i) {
+        QQuickItem *const before = m_view->window()->activeFocusItem();
+        key(
+            Qt::Key_Tab, [&] { return m_view->window()->activeFocusItem() != before; }, "the next");
+    }
+    QVERIFY(strip->hasActiveFocus());
+    const int hue = strip->property("hue").toInt();
+    key(
+        Qt::Key_Right, [&] { return strip->property("hue").toInt() == hue + 5; }, "the hue");
+    key(
+        Qt::Key_Return,
+        [&] {
+            return !isOpen("Label")
+                && document("album")->property("label").value<QColor>().hsvHue() >= hue;
+        },
+        "the label");
     key(
         Qt::Key_N, [&] { return names().first() == text("New folder"); }, "a new folder",
         Qt::Key_Control, Qt::Key_Shift);

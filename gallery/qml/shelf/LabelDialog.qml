@@ -43,6 +43,7 @@ ShelfDialog {
         id: square
         width: parent.width - 150
         height: 136
+        activeFocusOnTab: true
         onSaturationChanged: mapper.updateSaturation(saturation)
         onValueChanged: mapper.updateValue(value)
         Keys.onLeftPressed: mapper.updateValue(value - 5)
@@ -76,6 +77,7 @@ ShelfDialog {
         y: square.height + 22
         width: square.width
         height: 16
+        activeFocusOnTab: true
         onHueChanged: mapper.updateHue(hue)
         Keys.onLeftPressed: mapper.updateHue(hue - 5)
         Keys.onRightPressed: mapper.updateHue(hue + 5)

@@ -49,6 +49,11 @@ Item {
                         (Math.floor(row / grid.columns) + 0.5) * grid.cellHeight - grid.contentY);
     }
 
+    function aim(position, dragged) {
+        edge = position.y < 28 ? -1 : position.y > height - 28 ? 1 : 0;
+        target = targetAt(position.x - grid.x, position.y, dragged);
+        return target;
+    }
     function targetAt(x, y, dragged) {
         const column = Math.min(grid.columns - 1, Math.floor(x / grid.cellWidth));
         const row = Math.floor((y + grid.contentY) / grid.cellHeight) * grid.columns + column;
@@ -220,10 +225,10 @@ Item {
         anchors.fill: parent
         onContainsDragChanged: if (!containsDrag) place.target = null
         FileDropHandler {
-            onEntered: place.target = place.targetAt(drag.position.x - grid.x, drag.position.y, null)
-            onPositionChanged: place.target = place.targetAt(drag.position.x - grid.x, drag.position.y, null)
+            onEntered: place.aim(drag.position, null)
+            onPositionChanged: place.aim(drag.position, null)
             onDropped: {
-                const at = place.targetAt(drag.position.x - grid.x, drag.position.y, null);
+                const at = place.aim(drag.position, null);
                 shelf.add(Array.from(drag.data), at.folder, at.row);
             }
         }
@@ -233,25 +238,23 @@ Item {
             onEntered: {
                 place.target = null;
                 dragged = Array.from(drag.source.dragDocuments);
-                place.target = place.targetAt(drag.position.x - grid.x, drag.position.y, dragged);
+                place.aim(drag.position, dragged);
             }
-            onPositionChanged: place.target = place.targetAt(drag.position.x - grid.x, drag.position.y, dragged)
+            onPositionChanged: place.aim(drag.position, dragged)
             onDropped: {
-                const at = place.targetAt(drag.position.x - grid.x, drag.position.y, dragged);
+                const at = place.aim(drag.position, dragged);
                 place.view.taken = shelf.move(dragged, at.folder, at.row);
             }
         }
     }
-    // Near an edge a drag scrolls.
+    // Near the upper and the lower edge a drag scrolls.
+    property int edge: 0
     Timer {
         interval: 16
         repeat: true
         running: zone.containsDrag && place.edge !== 0
         onTriggered: grid.scrollBy(place.edge * 9)
     }
-    property int edge: 0
-    onTargetChanged: edge = 0
-
     function press(event) {
         const model = shelf.model;
         const now = model.currentRow;
@@ -261,8 +264,8 @@ Item {
                         [Qt.Key_Down]: now + grid.columns, [Qt.Key_PageUp]: now - page,
                         [Qt.Key_PageDown]: now + page, [Qt.Key_Home]: 0, [Qt.Key_End]: last });
         const control = event.modifiers & Qt.ControlModifier;
-        if ((event.modifiers & Qt.AltModifier) && (event.key === Qt.Key_Left || event.key === Qt.Key_Right)) {
-            place.view.moveBy(event.key === Qt.Key_Left ? -1 : 1);
+        if ((event.modifiers & Qt.AltModifier) && (event.key === Qt.Key_Up || event.key === Qt.Key_Down)) {
+            place.view.moveBy(event.key === Qt.Key_Up ? -1 : 1);
         } else if (rows[event.key] !== undefined && !(event.modifiers & Qt.AltModifier)) {
             const row = rows[event.key];
             // In the first and the last line Up and Down stay where they are.

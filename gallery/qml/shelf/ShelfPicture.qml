@@ -35,7 +35,8 @@ Item {
         fillMode: picture.whole ? Image.PreserveAspectFit : Image.PreserveAspectCrop
         // Twice the logical pixels on a sharp screen. One size whatever the window's: another one
         // would have every picture made anew while the window is resized.
-        sourceSize: Qt.size(160 * Screen.devicePixelRatio, 120 * Screen.devicePixelRatio)
-        source: picture.document ? shelf.pictureSource(picture.document) : ""
+        sourceSize: Qt.size((picture.whole ? 320 : 160) * Screen.devicePixelRatio,
+                            (picture.whole ? 240 : 120) * Screen.devicePixelRatio)
+        source: picture.document ? shelf.pictureSource(picture.document, picture.whole) : ""
     }
 }

@@ -100,15 +100,16 @@ FocusScope {
              + (shelf.treeCut ? ", more folders than the tree shows" : "");
     }
     function openFolder() {
-        if (shelf.address.toString() === gallery.folder.url.toString())
+        if (shelf.address.toString() === opened.toString())
             return;
         if (shelf.changed)
             replacement.ask(Window.activeFocusItem);
         else
-            shelf.open(gallery.folder.url);
+            shelf.open(opened);
     }
 
-    Component.onCompleted: openFolder()
+    readonly property url opened: gallery.folder.url
+    onOpenedChanged: openFolder()
     readonly property string message: shelf.message
     onMessageChanged: if (message !== "") fading.restart()
     Timer { id: fading; interval: 8000; onTriggered: shelf.say("") }
@@ -303,7 +304,7 @@ FocusScope {
         text: "The shelf holds changes that are not saved. They are lost when another folder is opened."
         main: "Open it"
         tone: Theme.warning
-        onAccepted: shelf.open(gallery.folder.url)
+        onAccepted: shelf.open(page.opened)
     }
     LabelDialog { id: labelDialog }
     SaveDialog { id: saveDialog }
