@@ -4,6 +4,7 @@
 #pragma once
 
 #include "gallery/shelf/Shelf.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/Text.h"
 
 #include <QDir>

@@ -108,7 +108,6 @@ inline void ShelfPageFixture::closePage()
     m_view.reset();
     m_tree.reset();
     m_folder.reset();
-    QCOMPARE(support::leftovers(), QString());
 }
 
 inline QQuickItem *ShelfPageFixture::name(const char *name) const

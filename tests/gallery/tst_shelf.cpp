@@ -18,7 +18,11 @@ class TestShelf : public ShelfFixture
 
 private Q_SLOTS:
     void init() { makeFolder(); }
-    void cleanup() { clear(); }
+    void cleanup()
+    {
+        clear();
+        QCOMPARE(support::leftovers(), QString());
+    }
 
     void historyTakesBackAndDoesAgain();
     void historyForgetsWhatAnotherStepReplaces();

@@ -21,7 +21,11 @@ class TestShelfPage : public ShelfPageFixture
 private Q_SLOTS:
     void initTestCase() { QAccessible::setActive(true); }
     void init() { openPage(); }
-    void cleanup() { closePage(); }
+    void cleanup()
+    {
+        closePage();
+        QCOMPARE(support::leftovers(), QString());
+    }
 
     void theWholeStory();
     void refusedDragFliesBack();

@@ -12,7 +12,11 @@ class TestShelfSaving : public ShelfFixture
 
 private Q_SLOTS:
     void init() { makeFolder(); }
-    void cleanup() { clear(); }
+    void cleanup()
+    {
+        clear();
+        QCOMPARE(support::leftovers(), QString());
+    }
 
     void planSaysWhatWillBeDone();
     void savesAllOfIt();

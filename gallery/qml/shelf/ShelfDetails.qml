@@ -79,7 +79,7 @@ Rectangle {
                 wrapMode: Text.Wrap
             }
             Row {
-                spacing: 12
+                spacing: 8
                 leftPadding: 4
                 topPadding: 4
                 visible: details.document !== shelf.root
@@ -94,7 +94,7 @@ Rectangle {
                 }
                 Button {
                     y: -4
-                    width: 60
+                    width: 50
                     text: "More"
                     Accessible.name: "More labels"
                     onClicked: details.view.askForLabel()
@@ -107,8 +107,6 @@ Rectangle {
                 font.pixelSize: Theme.small
             }
             Rectangle {
-                // The quiet zone that scanners need.
-                readonly property int margin: Math.ceil(code.width / 29 * 4)
                 width: Math.min(parent.width, 196)
                 height: width
                 radius: 4
