@@ -50,8 +50,9 @@ class Shelf : public QObject
     Q_PROPERTY(QString message READ message NOTIFY said)
 
 public:
-    /// Rows of a tree cost what they show even while they are hidden: it has no more folders.
-    static constexpr int mostTreeRows = 250;
+    /// Rows of a tree cost what they show even while they are hidden, and are all made anew when
+    /// folders come or go: it has no more of them than can be made without a stall.
+    static constexpr int mostTreeRows = 120;
 
     explicit Shelf(QObject *parent = nullptr);
     ~Shelf() override;

@@ -10,7 +10,7 @@ import "../kit"
 Rectangle {
     id: details
 
-    property Item view
+    property var view
     readonly property QtObject document: shelf.model.selectedCount > 0 ? shelf.model.currentDocument : shelf.folder
     readonly property var labels: ["#C8643C", "#ECD284", "#90C695", "#40A1BB", "#B08FB8"]
 

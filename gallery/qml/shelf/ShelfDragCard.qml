@@ -10,7 +10,7 @@ import "../kit"
 Item {
     id: card
 
-    property Item view
+    property var view
     readonly property bool dropped: DragZone.isDropped
     readonly property bool outside: DragZone.isOutside
     readonly property var documents: DragZone.dragZone ? DragZone.dragZone.dragDocuments : []

@@ -11,7 +11,7 @@ import "../kit"
 Item {
     id: place
 
-    property Item view
+    property var view
     readonly property alias grid: grid
     // The row whose name is edited, -1 without.
     property int renaming: -1

@@ -12,7 +12,7 @@ import "../pages"
 Item {
     id: place
 
-    property Item view
+    property var view
     readonly property alias tree: tree
     property QtObject renaming: null
     property QtObject target: null
@@ -145,23 +145,27 @@ Item {
                             font.weight: row.TreeView.isActiveItem ? Font.DemiBold : Font.Normal
                             color: !row.shown || row.shown.readable ? Theme.text : Theme.errorText
                         }
-                        Row {
+                        // Few rows have any; each row costs what it is made of.
+                        Loader {
                             id: marks
                             anchors { right: parent.right; rightMargin: 14; verticalCenter: parent.verticalCenter }
-                            spacing: 4
-                            Rectangle {
-                                anchors.verticalCenter: parent.verticalCenter
-                                visible: row.shown !== null && row.shown.label.a > 0
-                                width: 10
-                                height: 10
-                                radius: 5
-                                color: row.shown ? row.shown.label : "transparent"
-                                border.color: Theme.strongLine
-                            }
-                            Chip {
-                                visible: row.shown !== null && row.shown.foundInside > 0
-                                text: visible ? row.shown.foundInside : ""
-                                tone: Theme.positive
+                            active: row.shown !== null && (row.shown.label.a > 0 || row.shown.foundInside > 0)
+                            sourceComponent: Row {
+                                spacing: 4
+                                Rectangle {
+                                    anchors.verticalCenter: parent.verticalCenter
+                                    visible: row.shown !== null && row.shown.label.a > 0
+                                    width: 10
+                                    height: 10
+                                    radius: 5
+                                    color: row.shown ? row.shown.label : "transparent"
+                                    border.color: Theme.strongLine
+                                }
+                                Chip {
+                                    visible: row.shown !== null && row.shown.foundInside > 0
+                                    text: visible ? row.shown.foundInside : ""
+                                    tone: Theme.positive
+                                }
                             }
                         }
                         Loader {
