@@ -297,8 +297,8 @@ void TestAccess::whatTakesPressesIsKnown()
         }
         if (!found) {
             QString place;
-            for (QQuickItem *around = area; around; around = around->parentItem()) {
-                place.prepend(QString(" / ") + around->metaObject()->className());
+            for (QQuickItem *up = area; up; up = up->parentItem()) {
+                place.prepend(QString(" / ") + up->metaObject()->className());
             }
             unknown.append(place);
         }

@@ -27,9 +27,14 @@ Rectangle {
         height: parent.height
         color: Theme.line
     }
-    // Presses here are not for what lies below.
+    // Where the details cover the thumbnails, presses here are not for these.
     MouseArea {
         anchors.fill: parent
+        enabled: !details.view.wide
+    }
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.NoButton
         onWheel: flick.contentY = Math.max(0, Math.min(flick.contentHeight - flick.height, flick.contentY - wheel.angleDelta.y * 0.7))
     }
     Flickable {

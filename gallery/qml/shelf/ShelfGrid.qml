@@ -115,6 +115,8 @@ Item {
             Accessible.role: Accessible.List
             Accessible.name: "Documents in " + (shelf.folder ? Theme.oneLine(shelf.folder.name) : "")
             Keys.onPressed: place.press(event)
+            // The keys start somewhere, and where that is can be seen.
+            onActiveFocusChanged: if (activeFocus && shelf.model.currentRow < 0) shelf.model.step(0, Qt.ControlModifier)
 
             move: Transition { NumberAnimation { properties: "x,y"; duration: 160; easing.type: Easing.OutCubic } }
             displaced: Transition { NumberAnimation { properties: "x,y"; duration: 160; easing.type: Easing.OutCubic } }
@@ -175,6 +177,14 @@ Item {
         grid.positionViewAtBeginning();
     }
 
+    Rectangle {
+        anchors { fill: parent; margins: 3 }
+        visible: grid.activeFocus && grid.count === 0
+        radius: Theme.radius
+        color: "transparent"
+        border.width: 2
+        border.color: Theme.focus
+    }
     Column {
         anchors.centerIn: parent
         visible: grid.count === 0
