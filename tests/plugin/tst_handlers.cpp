@@ -126,9 +126,9 @@ bool isInLibrary(const QByteArray &report)
 }
 
 /// Whether the software driver of OpenGL died on a render thread of Qt, as it does once in
-/// thousands of windows that close while they are drawn: in the midst of swapping the buffers, with
-/// nothing but Qt's thread and the driver on the stack. That is no verdict on the row, which then
-/// runs again.
+/// thousands of windows that close while they are drawn, and does in a program of nothing but Qt,
+/// too: in the midst of swapping the buffers, with nothing but Qt's thread and the driver on the
+/// stack. That is no verdict on the row, which then runs again.
 bool isInDriver(const QByteArray &report)
 {
     return report.contains("(QSGRenderThread)") && report.contains("swrast_dri.so")

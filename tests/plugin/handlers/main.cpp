@@ -139,6 +139,7 @@ public:
     {
         const int index = rowNames(m_provocations.at(step), step, false).indexOf(row);
         if (index >= 0) {
+            write("row", QStringLiteral("%1\t%2").arg(step).arg(row));
             m_rows.at(size_t(index))();
             finish();
         }
