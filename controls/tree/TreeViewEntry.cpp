@@ -311,10 +311,10 @@ QQuickItem *TreeViewEntry::Private::createDefaultHandle(QQmlComponent *component
         return nullptr;
     }
     QPointer<QQuickItem> handle;
-    ItemIncubator incubator([&handle, marker](QQuickItem *item) {
-        handle = item;
-        item->setParent(marker);
-        item->setParentItem(marker);
+    ItemIncubator incubator([&handle, marker](QQuickItem *made) {
+        handle = made;
+        made->setParent(marker);
+        made->setParentItem(marker);
     });
     component->create(incubator, component->creationContext());
     if (handle) {
