@@ -40,9 +40,8 @@ bool isNaturalOrder(const QList<ShelfDocument *> &entries)
 class ShelfPlan::Maker
 {
 public:
-    Maker(ShelfPlan *plan, const ShelfDocument *root)
+    explicit Maker(ShelfPlan *plan)
         : m_plan(plan)
-        , m_root(root)
     {
     }
 
@@ -118,7 +117,6 @@ private:
     }
 
     ShelfPlan *const m_plan;
-    const ShelfDocument *const m_root;
 };
 
 /// Carries a plan out in an order in which every path holds when its turn comes: first what goes
@@ -287,7 +285,7 @@ ShelfPlan ShelfPlan::of(const ShelfDocument *root, const QVector<ShelfDocument *
 {
     ShelfPlan plan;
     plan.m_root = root->origin();
-    Maker maker(&plan, root);
+    Maker maker(&plan);
     maker.walk(root, plan.m_root);
     for (const ShelfDocument *document : known) {
         if (!root->holds(document)) {
