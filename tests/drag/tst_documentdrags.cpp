@@ -79,7 +79,7 @@ void TestDocumentDrags::zoneDropsOnAHandler()
             "the zone to take the drag")
         .release();
     QVERIFY2(gesture.run(), gesture.error());
-    // Over before any further mouse event.
+    // The drag has ended before any further mouse event.
     QVERIFY(!isActive());
     QCOMPARE(recorder.take(),
              (QStringList{text("source.dragActiveChanged [on]"), text("handler.entered"),
@@ -136,7 +136,7 @@ void TestDocumentDrags::payloadReachesAnotherProgram()
     QCOMPARE(target.lines(text("format")),
              QStringList{text("application/x-lumetra-documents 00000002006100000000ffffffff")});
     QCOMPARE(target.lines(text("drop")), QStringList{text("2")});
-    // Where no release arrives, an area stays active until the next gesture.
+    // Without a release an area stays active until the next gesture.
     nextDragWorks();
 }
 
@@ -263,7 +263,7 @@ void TestDocumentDrags::delegatesThatMakeNoVisual()
 
 void TestDocumentDrags::delegateSlowerThanTheDrag()
 {
-    // Objects by the thousand: the drag is over long before they are all made.
+    // Thousands of objects, so that the drag is over before all are made.
     const QByteArray many = QByteArray("Item { property var list: [1, 2, 3] }\n").repeated(3000);
     QQmlComponent component(m_view->engine());
     component.setData("import QtQuick 2.12\nItem { objectName: \"visual\"\n" + many + "}", QUrl());
@@ -296,7 +296,7 @@ void TestDocumentDrags::delayedVisualOutlivesAShortDrag()
     QVERIFY(first);
     first->setObjectName(text("first"));
 
-    // One that has no time for its own visual.
+    // A drag that ends before its own visual is made.
     QQmlComponent component(m_view->engine());
     component.setData("import QtQuick 2.12\nRow { objectName: \"visual\"\n"
                       "Repeater { model: 3000; Item { property var list: [1, 2, 3] } } }",

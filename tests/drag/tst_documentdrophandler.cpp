@@ -151,7 +151,7 @@ void TestDocumentDropHandler::documentsClearedWhileOneIsAsked()
 
 void TestDocumentDropHandler::documentsAddedByEachThatIsAsked()
 {
-    // Without an end of its own the walk would follow the list for ever.
+    // A walk without a fixed end would follow the growing list without end.
     const auto addAnother = [this] {
         auto list = m_zone->dragDocuments();
         QVERIFY2(list.count(&list) < 1000, "the walk does not end");
@@ -166,7 +166,7 @@ void TestDocumentDropHandler::documentsAddedByEachThatIsAsked()
 
 void TestDocumentDropHandler::typeChangedWhileOneIsAsked()
 {
-    // The drag is held against the type that the handler had when it was asked.
+    // Documents are compared with the type that the handler had at the beginning of the call.
     m_second->setTypes({QStringLiteral("image")});
     m_first->whenAskedForType = [this] { m_handler->setType(QStringLiteral("text")); };
     QVERIFY(m_handler->canHandle(&m_mimeData));

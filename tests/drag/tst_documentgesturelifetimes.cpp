@@ -45,7 +45,7 @@ public:
     }
 };
 
-/// Counts what its QML counterpart in the delegates tells.
+/// Counts the calls that the delegates make from QML.
 class Notes : public QObject
 {
     Q_OBJECT
@@ -58,8 +58,8 @@ public:
 
 Q_DECLARE_METATYPE(std::function<void(FilteredSource *)>)
 
-/// The application's own code at every place where the two document sources call it: it destroys
-/// the source, its documents and its visual, changes the list, and goes on with the gesture.
+/// The application's code at every place where the two document sources call it: it destroys the
+/// source, its documents and its visual, changes the list, and sends further events.
 class TestDocumentGestureLifetimes : public QObject
 {
     Q_OBJECT
@@ -299,7 +299,7 @@ void TestDocumentGestureLifetimes::startedAnewBeforeTheLoop()
     support::SignalRecorder recorder;
     recorder.watch(source()->item(), text("source"), {text("dragActiveChanged")},
                    [this] { return source()->isActive() ? text("on") : text("off"); });
-    // A zone says so for each release that comes while it is active.
+    // A zone logs a debug message for each release while it is active.
     const bool isZone = QByteArray(QTest::currentDataTag()).startsWith("DragZone");
     QStringList expected;
     for (int i = 1; i <= starts; ++i) {
@@ -461,7 +461,7 @@ void TestDocumentGestureLifetimes::dragRunsThoughNoReleaseCanArriveAtItsStart_da
 
 void TestDocumentGestureLifetimes::dragRunsThoughNoReleaseCanArriveAtItsStart()
 {
-    // As a list does that is not to be flicked during a drag.
+    // As a list that prevents flicking during a drag does.
     QFETCH(bool, ungrabs);
     support::SignalRecorder recorder;
     recorder.watch(source()->item(), text("source"), {text("dragActiveChanged")}, [&] {
@@ -543,7 +543,7 @@ void TestDocumentGestureLifetimes::areaEndsOnceNoReleaseCanCome()
 
 void TestDocumentGestureLifetimes::areaWaitsForAChildThatTookTheMouseOver()
 {
-    // As a list inside the area does when it is about to be flicked.
+    // As a list inside the area does when flicking begins.
     QQuickItem other(source()->item());
     source()->press();
     source()->ungrab();
@@ -559,7 +559,7 @@ void TestDocumentGestureLifetimes::areaWaitsForAChildThatTookTheMouseOver()
 
 void TestDocumentGestureLifetimes::pressedAnewInsideTheEnd()
 {
-    // A handler of the end, in a loop of its own, in which the next gesture begins.
+    // A handler of the end runs an event loop, in which the next gesture begins.
     bool first = true;
     support::SignalRecorder recorder;
     recorder.watch(source()->item(), text("source"), {text("dragActiveChanged")}, [&] {
@@ -623,7 +623,7 @@ void TestDocumentGestureLifetimes::startedAnewInsideTheStart()
 
 void TestDocumentGestureLifetimes::startedAndRunInsideTheStart()
 {
-    // A loop inside the signal, in which a whole drag comes and goes but for its release.
+    // A handler runs an event loop, in which a whole drag begins and ends except for its release.
     bool first = true;
     support::SignalRecorder recorder;
     recorder.watch(source()->item(), text("source"), {text("dragActiveChanged")}, [&] {

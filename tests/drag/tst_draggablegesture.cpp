@@ -177,7 +177,7 @@ void TestDraggableGesture::childSeesNoMovesWhileArmed()
     // A child that keeps its grab ends the gesture and gets its moves.
     m_child->setKeepMouseGrab(true);
     press({90, 30});
-    // Not where the last move went: the window would drop it.
+    // Not at the place of the last move: a window drops a move to the same place.
     send(QEvent::MouseMove, {97, 31});
     QCOMPARE(m_child->moves, 1);
     release();

@@ -125,7 +125,7 @@ Item {
 
         property int wobble: 0
 
-        // A hand is never quite still; the target is asked again for each move.
+        // Moves to and fro, as the target is asked again for each move only.
         function hover(item, x, y) {
             wobble = 1 - wobble;
             mouseMove(item, x + wobble, y);

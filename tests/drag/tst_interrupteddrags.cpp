@@ -25,8 +25,8 @@ using support::text;
 
 namespace {
 
-/// While it lives, what is allocated may stay: Qt Quick keeps a record of each touch screen for as
-/// long as the process lives.
+/// Memory that is allocated while it exists is not reported as a leak: Qt Quick keeps a record of
+/// each touch screen until the process ends.
 class RecordsKept
 {
 public:
@@ -50,8 +50,8 @@ RecordsKept::~RecordsKept() { }
 
 } // namespace
 
-/// Drags of documents that end early, and what may happen while one runs: the keyboard, other
-/// buttons and fingers, and everything that is destroyed or changed under it.
+/// Drags of documents that end early, with input from the keyboard, other buttons and fingers while
+/// they run, and with objects destroyed or changed meanwhile.
 class TestInterruptedDrags : public DocumentDragTest
 {
     Q_OBJECT
@@ -136,7 +136,7 @@ void TestInterruptedDrags::rowRemovedByTheDrop()
     QObject *const any = m_view->find(text("any"));
     QObject *const loader = m_view->find(text("loader"));
     connect(any, SIGNAL(dropped(QQuickDropEvent *)), loader, SLOT(deleteLater()));
-    // The row goes while the loop is still running, as it does when a model loses it.
+    // The row is destroyed while the loop runs, as it is when a model removes it.
     const QPoint over = positionIn(m_view->item("any"));
     support::Gesture gesture;
     dragOver(gesture, over).then([&] { loader->setProperty("active", false); }).release();
@@ -154,7 +154,7 @@ void TestInterruptedDrags::sourceDestroyedDuringTheDrag()
     QVERIFY2(gesture.run(), gesture.error());
     QVERIFY(!victim);
     QTRY_VERIFY(!visual());
-    // Nothing of the filter is left: moves reach the window as ever.
+    // The filter is removed: moves reach the window.
     QTest::mouseMove(m_view->window(), {5, 5});
 }
 
@@ -366,8 +366,8 @@ void TestInterruptedDrags::sourceDestroyedInsideASignal_data()
     QTest::addColumn<QByteArray>("type");
     QTest::addColumn<QByteArray>("sender");
     QTest::addColumn<QByteArray>("signal");
-    // Where the window or the platform is in the middle of an event with the source, it can only
-    // go when that is done, as QML's destroy() lets it.
+    // While the window or the platform handles an event of the source, the source may only be
+    // deleted later, as QML's destroy() does.
     QTest::addColumn<bool>("inAnEvent");
     for (const char *type : {"DragArea", "DragZone"}) {
         const auto row = [type](const char *sender, const char *signal, bool inAnEvent = false) {
@@ -406,7 +406,7 @@ void TestInterruptedDrags::sourceDestroyedInsideASignal()
     };
     victim->setProperty("state", text("delayed"));
     if (signal == "dragActiveChanged") {
-        // Before the visual: an engine complains at its end about what was abandoned half made.
+        // No visual is made: the engine would warn at its end about an abandoned incubation.
         victim->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
     }
     const QPoint over = positionIn(m_view->item("any"));
@@ -447,7 +447,7 @@ void TestInterruptedDrags::sourceDestroyedInsideASignal()
     QTRY_VERIFY(!victim);
     QVERIFY(!recorder.entries().isEmpty());
     if (visual()) {
-        // It had asked to stay, and outlives its source.
+        // The visual has set delayRemove, so it outlives its source.
         QMetaObject::invokeMethod(visual(), "letGo");
     }
     QTRY_VERIFY(!visual());
@@ -524,7 +524,7 @@ void TestInterruptedDrags::startedAnewBeforeTheLoop()
         .press()
         .until([rowItem] { return rowItem->property("pressed").toBool(); }, "the press")
         .then([&] {
-            // All this comes before the event loop does.
+            // All these events come before the event loop runs the drag.
             send(QEvent::MouseMove, 40, Qt::LeftButton);
             for (int i = 1; i < starts; ++i) {
                 send(QEvent::MouseButtonRelease, 40, Qt::NoButton);

@@ -235,7 +235,7 @@ void TestDropDispatch::moveGivesThePosition()
     a.payload = 2;
     drag.move({30, 40});
     QCOMPARE(position, QPointF(30, 40));
-    // Nothing is asked again on the way.
+    // The handler is not asked again for a move.
     QCOMPARE(takeHappened(), words("a.positionChanged"));
     QCOMPARE(dataOf(&zone)->data(), QVariant(1));
 }
@@ -373,7 +373,7 @@ void TestDropDispatch::dropEndsTheDrag()
     QCOMPARE(position, QPointF(20.5, 21.25));
     QVERIFY(contained);
     QVERIFY(!zone.containsDrag());
-    // The position of a drop stays; only a leave takes it back.
+    // A drop leaves the position as it is; only a leave resets it.
     QCOMPARE(dataOf(&zone)->position(), QPointF(20.5, 21.25));
     QCOMPARE(dataOf(&zone)->data(), QVariant(1));
 }
@@ -521,7 +521,7 @@ void TestDropDispatch::enteredTwice()
 
 void TestDropDispatch::enteredTwiceAndRefused()
 {
-    // A refused drag is refused, and nothing else: the drag before it goes on.
+    // A refused second enter changes nothing: the first drag goes on.
     RecordingHandler a("a");
     DropZone zone;
     append(&zone, &a);
@@ -550,7 +550,7 @@ void TestDropDispatch::leftTwice()
     drag.leave();
     drag.move();
     QCOMPARE(takeHappened(), QStringList());
-    // A drop without anything before it tells only that there is nothing.
+    // A drop without a drag emits containsDragChanged() only.
     drag.drop();
     QCOMPARE(takeHappened(), words("containsDragChanged"));
 }

@@ -82,8 +82,8 @@ void moments()
 
 Q_DECLARE_METATYPE(Moment)
 
-/// The application's own code at every place where a zone calls it: it destroys the zone, handlers,
-/// the window and what is dragged, and changes the list.
+/// The application's code at every place where a zone calls it: it destroys the zone, handlers, the
+/// window and the MIME data, and changes the list.
 class TestDropZoneLifetimes : public QObject
 {
     Q_OBJECT
@@ -222,7 +222,7 @@ void TestDropZoneLifetimes::handlerListedTwiceAndDestroyed()
 
 void TestDropZoneLifetimes::clearedListLeavesOtherConnections()
 {
-    // The application waits for the same signal, and for as long as the zone lives.
+    // The application is connected to the same signal, with the zone as the context.
     DropZone zone;
     auto a = std::make_unique<RecordingHandler>("a");
     int told = 0;
@@ -416,7 +416,7 @@ void TestDropZoneLifetimes::listClearedInsideExited()
     takeHappened();
     QTest::ignoreMessage(QtWarningMsg, "Drop handlers changed during drag operation");
     drag.leave();
-    // The leave goes on to its end all the same.
+    // The leave is completed all the same.
     QCOMPARE(takeHappened(), words("a.exited dropHandlersChanged containsDragChanged"));
     QVERIFY(!zone.containsDrag());
 }
@@ -475,7 +475,7 @@ void TestDropZoneLifetimes::handlerDestroyedWhileAsked()
     watch(&zone);
     a->whenAsked = [a] { delete a; };
     support::DragEvents drag(&zone);
-    // The drag is for the next that takes it.
+    // The next handler that takes the drag gets it.
     QVERIFY(drag.enter());
     QCOMPARE(takeHappened(),
              words("a.canHandle dropHandlersChanged b.canHandle containsDragChanged b.dropData "
@@ -501,7 +501,7 @@ void TestDropZoneLifetimes::otherHandlersDestroyedWhileOneIsAsked()
     };
     support::DragEvents drag(&zone);
     QVERIFY(drag.enter());
-    // None is left out because the list has become shorter.
+    // No handler is skipped although the list has become shorter.
     QCOMPARE(takeHappened(), words("a.canHandle b.canHandle d.canHandle d.dropData d.entered"));
 }
 
@@ -547,7 +547,7 @@ void TestDropZoneLifetimes::mimeDataDestroyedWhileAHandlerIsAsked()
     append(&zone, &b);
     support::DragEvents drag(&zone);
     a.whenAsked = [&drag] { drag.dropMimeData(); };
-    // There is nothing left to show to the next handler.
+    // The MIME data are destroyed, so no further handler is asked.
     QVERIFY(!drag.enter());
     QCOMPARE(takeHappened(), words("a.canHandle"));
     QVERIFY(!zone.containsDrag());
@@ -558,7 +558,7 @@ void TestDropZoneLifetimes::handlerAddedByEachThatIsAsked()
     RecordingHandler a("a", false);
     DropZone zone;
     append(&zone, &a);
-    // Without an end of its own the walk would follow the list for ever.
+    // A walk without a fixed end would follow the growing list without end.
     a.whenAsked = [&] {
         QVERIFY2(count(&zone) < 1000, "the walk does not end");
         append(&zone, &a);
@@ -607,7 +607,7 @@ void TestDropZoneLifetimes::listClearedByAHandlerAskedForData()
     QTest::ignoreMessage(QtWarningMsg, "Drop handlers changed during drag operation");
     support::DragEvents drag(&zone);
     drag.enter();
-    // No handler is in charge any more, so none is entered.
+    // The active handler has left the list, so none emits entered().
     QCOMPARE(takeHappened(),
              words("a.canHandle containsDragChanged a.dropData dropHandlersChanged"));
     drag.leave();

@@ -96,12 +96,12 @@ void TestDropOrder::drops()
     QCOMPARE(m_recorder->take(),
              lines("drag.position = (12, 14); first.dropped; zone.containsDrag = false; "
                    "zone.containsDragChanged"));
-    // Told even where there was no drag.
+    // Emitted although there was no drag.
     m_drag->drop({15, 16});
     QCOMPARE(m_recorder->take(), lines("zone.containsDragChanged"));
 }
 
-/// The drag is forgotten in silence.
+/// Clearing the list during a drag emits no exited() and no containsDragChanged().
 void TestDropOrder::isClearedDuringADrag()
 {
     m_drag->enter({10, 10});

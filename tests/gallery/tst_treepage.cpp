@@ -254,7 +254,7 @@ void TestTreePage::pressFor(Qt::Key key, const char *name) const
     gesture.key(key).until([&] { return activeName() == text(name); }, name);
     gesture.setPatience(2000);
     QVERIFY2(gesture.run(), gesture.error());
-    // It can be seen, all of it.
+    // The row is wholly visible.
     QQuickItem *found = nullptr;
     QMetaObject::invokeMethod(tree(), "currentEntry", Q_RETURN_ARG(QQuickItem *, found));
     QVERIFY(found);
@@ -289,7 +289,7 @@ void TestTreePage::wheelReachesTheLastRow()
             return last && last->mapToItem(view(), {0, last->height()}).y() <= view()->height();
         },
         "the last row to come up");
-    // At the end the wheel is the page's again, but not before.
+    // Only when the tree is at its end does the wheel scroll the page.
     gesture.then([&] { QCOMPARE(m_view->root()->property("contentY").toReal(), 0.0); });
     gesture.turnWheel(-40).until([&] { return view()->property("contentY").toReal() <= 0; },
                                  "the way back");
@@ -308,7 +308,7 @@ void TestTreePage::barIsSeenAndCanBeHeld()
     QCOMPARE(thumb->opacity(), 1.0);
     QVERIFY(thumb->width() >= 6);
     QVERIFY2(thumb->height() >= 30, qPrintable(QString::number(thumb->height())));
-    // It is the thumb that the pointer takes hold of.
+    // The pointer presses the thumb of the scroll bar.
     const QPoint from = positionIn(thumb);
     support::Gesture gesture;
     gesture.move(from)
@@ -350,7 +350,7 @@ void TestTreePage::keysCollapseAndExpand()
     gesture.key(Qt::Key_Left)
         .until([&] { return row("shelf")->property("collapsed").toBool(); }, "the row to collapse");
     QVERIFY2(gesture.run(), gesture.error());
-    // What is hidden is passed over.
+    // Hidden rows are skipped.
     pressFor(Qt::Key_Down, "tail.txt");
     pressFor(Qt::Key_Up, "shelf");
     support::Gesture back;

@@ -11,7 +11,7 @@
 
 namespace support {
 
-// Between two steps the application gets the time to see the first: a hand is slower still.
+// Milliseconds between two steps, in which the application handles the first; a hand is slower.
 static constexpr int stepInterval = 8;
 
 Gesture::Gesture()
