@@ -125,8 +125,8 @@ bool BitStream::appendBytes(const char *bytes, int count)
         m_failed = true;
         return false;
     }
-    // What is left of the byte that was begun stays in front of what follows, eight bytes at a
-    // time.
+    // The bits of the byte that is begun stay in front of the new ones, which follow eight bytes at
+    // a time.
     const int used = m_bits & 7;
     unsigned char *place = m_buffer + (m_bits >> 3);
     std::uint64_t begun = used ? std::uint64_t(*place) << 56 : 0;
@@ -157,8 +157,8 @@ void encodeData(int level, int version, const char *text, int length, unsigned c
     stream.append(static_cast<unsigned>(length), countWidths[groupOf(version)][EightBit]);
     stream.appendBytes(text, length);
 
-    // The terminator is cut where less than its four bits are left, but never here: the mode and
-    // the count take four bits more than whole bytes.
+    // The standard cuts the terminator where less than its four bits are left. That never happens
+    // here: mode and count take four bits more than whole bytes, so four bits are always left.
     stream.append(0, 4);
     const int used = (stream.bits() + 7) / 8;
     for (int index = used; index < capacity; ++index) {

@@ -81,7 +81,7 @@ int qr::encode(Maker maker, int level, int version, const char *text, int length
         return -1;
     }
     if (length < 1) {
-        // One byte more than fits tells enough.
+        // Measured up to one byte more than fits, which is enough to refuse the text.
         length = measure(text, byteCapacity(level, version ? version : MaximumVersion) + 1);
         if (length == 0) {
             return -1;

@@ -71,8 +71,8 @@ int countBits(std::uint64_t bits)
     return addFours(countInFours(bits));
 }
 
-/// 64 places of all lines beside one another: what reads from line to line in one of them is
-/// counted in all at once. Lines count from the first of the symbol; those around it are light.
+/// 64 places of all lines beside one another: what a rule finds from line to line in one place is
+/// counted in all 64 at once. Lines count from the first of the symbol; those around it are light.
 class Band
 {
 public:
