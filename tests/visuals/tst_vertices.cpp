@@ -192,7 +192,7 @@ void TestVertices::hueFromPlace_data()
     QTest::newRow("no width, beyond") << 5.0 << 0.0 << 359;
     QTest::newRow("no width, before") << -5.0 << 0.0 << 0;
     QTest::newRow("negative width") << 5.0 << -10.0 << 0;
-    QTest::newRow("place is no number") << notANumber << 100.0 << 0;
+    QTest::newRow("place is NaN") << notANumber << 100.0 << 0;
     QTest::newRow("infinitely far") << infinity << 100.0 << 359;
     QTest::newRow("all infinite") << infinity << infinity << 0;
     QTest::newRow("huge place") << 1e300 << 100.0 << 359;
@@ -219,8 +219,8 @@ void TestVertices::valueAndSaturationFromPlace_data()
     QTest::newRow("parts of a pixel count") << 10.6 << 255.0 << 11 << 244;
     QTest::newRow("no extent, at 0") << 0.0 << 0.0 << 0 << 255;
     QTest::newRow("no extent, beyond") << 1.0 << 0.0 << 255 << 0;
-    QTest::newRow("place is no number") << notANumber << 10.0 << 0 << 255;
-    QTest::newRow("extent is no number") << 3.0 << notANumber << 0 << 255;
+    QTest::newRow("place is NaN") << notANumber << 10.0 << 0 << 255;
+    QTest::newRow("extent is NaN") << 3.0 << notANumber << 0 << 255;
 }
 
 void TestVertices::valueAndSaturationFromPlace()
