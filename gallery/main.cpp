@@ -56,11 +56,6 @@ int main(int argc, char *argv[])
     // The gallery draws its own controls; the style must not depend on the desktop's.
     qputenv("QT_QUICK_CONTROLS_STYLE", "Default");
     QGuiApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-#if QT_VERSION >= QT_VERSION_CHECK(5, 14, 0)
-    // As large as the desktop says, not rounded to whole numbers.
-    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
-        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-#endif
     QGuiApplication::setOrganizationName(QStringLiteral("ombrel"));
     QGuiApplication::setApplicationName(QStringLiteral("ombrel-gallery"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Ombrel Gallery"));
