@@ -6,10 +6,11 @@
 // The pages of the gallery, in the order of the sidebar: one line a page. `name` is what --page
 // takes and the name of the picture; pages with the same `section` stand together under it; `types` are
 // those with a demo on the page, in its order. The sections are those of the library and of its
-// reference, in their order; the application comes first, the data core last.
+// reference, in their order; the start and the application come first, the data core last.
 // A page with `whole` is an application of its own: it fills its place, scrolls in its parts and has
 // no cards.
 var pages = [
+    { name: "start", title: "Start", section: "", file: "StartPage.qml", types: [] },
     { name: "shelf", title: "Shelf", section: "Application", file: "ShelfPage.qml", types: [], whole: true },
     { name: "theme", title: "Colours and fonts", section: "Theme", file: "ThemePage.qml", types: ["UI", "Control"] },
     { name: "icons", title: "Images and icons", section: "Theme", file: "IconsPage.qml", types: [] },

@@ -208,7 +208,7 @@ Rectangle {
             height: 44
             Accessible.role: Accessible.Button
             Accessible.name: "Opened on " + folderName.text + ". Open another folder"
-            Accessible.onPressAction: click()
+            Accessible.onPressAction: opened.click()
             onClicked: sidebar.folderWanted()
             background: Rectangle {
                 radius: Theme.radius

@@ -155,6 +155,7 @@ Surface {
     EventLog {
         id: eventLog
         visible: demo.logs
+        folded: true
         x: 22
         y: demo.bodyEnd + 16
         width: demo.inner
