@@ -208,7 +208,6 @@ Rectangle {
             height: 44
             Accessible.role: Accessible.Button
             Accessible.name: "Opened on " + folderName.text + ". Open another folder"
-            Accessible.onPressAction: opened.click()
             onClicked: sidebar.folderWanted()
             background: Rectangle {
                 radius: Theme.radius

@@ -18,7 +18,6 @@ Controls.AbstractButton {
     implicitHeight: 30
     Accessible.role: checkable ? Accessible.CheckBox : Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: button.click()
     contentItem: Label {
         id: label
         Accessible.ignored: true

@@ -74,7 +74,6 @@ Demo {
                 text: modelData.text
                 Accessible.role: Accessible.Button
                 Accessible.name: "Open a dialog of " + text
-                Accessible.onPressAction: choice.click()
                 onClicked: demo.open(modelData.value, demo.openDialogs + 1)
                 background: Rectangle {
                     radius: Theme.radius
