@@ -245,8 +245,12 @@ bool TestQmlLint::isRight(const Complaint &complaint) const
             QStringLiteral("modelData"), QStringLiteral("model"), QStringLiteral("index"),
             QStringLiteral("document"),  QStringLiteral("level"), QStringLiteral("event"),
             QStringLiteral("Easing")};
+        static const QRegularExpression attachedHandler(
+            QStringLiteral("^\\s*[A-Z]\\w*\\.on[A-Z]\\w*:"));
         return complaint.notes.contains(QLatin1String("because you are handling a signal"))
             || complaint.notes.contains(QLatin1String("of the root element"))
+            // Nor does it see the object's own members in a handler that is attached.
+            || attachedHandler.match(complaint.before).hasMatch()
             || provided.contains(complaint.name) || m_fromCpp.contains(complaint.name)
             || m_byName.count(complaint.name) > 0 || oursHasParameter(complaint.name)
             || oursHas(complaint.name);
