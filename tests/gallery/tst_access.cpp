@@ -32,6 +32,7 @@ private Q_SLOTS:
     void everyControlIsReached();
     void whatTakesPressesIsKnown_data();
     void whatTakesPressesIsKnown();
+    void pressesOfAScreenReaderCount();
     void focusIsSeen_data();
     void focusIsSeen();
 
@@ -304,6 +305,37 @@ void TestAccess::whatTakesPressesIsKnown()
         }
     }
     QVERIFY2(unknown.isEmpty(), qPrintable(list(unknown)));
+}
+
+// Buttons of the kit and of Qt, entries of the sidebar, swatches.
+void TestAccess::pressesOfAScreenReaderCount()
+{
+    open("borders");
+    QCoreApplication::processEvents();
+    const auto press = [this](const QString &name) {
+        const QVector<Node> nodes = nodesOf(m_window);
+        for (const Node &node : nodes) {
+            if (node.interface->text(QAccessible::Name) == name
+                && node.interface->role() != QAccessible::StaticText
+                && node.interface->actionInterface()) {
+                node.interface->actionInterface()->doAction(
+                    QAccessibleActionInterface::pressAction());
+                return true;
+            }
+        }
+        return false;
+    };
+    QQuickItem *demo = support::itemsOf(m_window->contentItem(), "FrameDemo").value(0);
+    QVERIFY(demo);
+    auto *frame = qvariant_cast<QObject *>(demo->property("subject"));
+    const QVariant before = frame->property("frameWidth");
+    frame->setProperty("frameWidth", 17);
+    QVERIFY(press("Reset Frame"));
+    QCOMPARE(frame->property("frameWidth"), before);
+    QVERIFY(press("#90c695"));
+    QCOMPARE(frame->property("color").value<QColor>(), QColor("#90c695"));
+    QVERIFY(press("Popups and menus"));
+    QCOMPARE(m_window->property("currentPage").toString(), QString("popups"));
 }
 
 void TestAccess::focusIsSeen_data()

@@ -29,9 +29,13 @@ Item {
 
     // What the property was when the page came up: Demo's "Reset" writes it again.
     property var initial
-    function remember() { initial = copyOf(value); }
+    property bool remembers: false
+    function remember() {
+        initial = copyOf(value);
+        remembers = true;
+    }
     function reset() {
-        if (writes && JSON.stringify(copyOf(value)) !== JSON.stringify(initial))
+        if (writes && remembers && JSON.stringify(copyOf(value)) !== JSON.stringify(initial))
             write(initial);
     }
     // Points and colours stand for a property as long as it is read: their texts and parts do not.
