@@ -122,8 +122,10 @@ QString className(const QObject *object)
 QStringList livingObjects()
 {
     return census().list([](const QObject *object) {
-        // The platform keeps the window that shows a drag's picture, for the next drag.
-        if (!census().isOfThisTest(object) || isA(object, "QShapedPixmapWindow")) {
+        // The platform keeps the window that shows a drag's picture, and what it reads foreign data
+        // with, for the next drag.
+        if (!census().isOfThisTest(object) || isA(object, "QShapedPixmapWindow")
+            || isA(object, "QXcbMime")) {
             return QString();
         }
         for (const char *counted : {"QQuickItem", "QWindow", "QJSEngine", "QQmlContext",

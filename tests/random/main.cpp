@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Ombrel developers
+// SPDX-License-Identifier: MIT
+
+// random_steps --catalog        prints what there is to compose from
+// random_steps FILE SECONDS     takes the steps in FILE, at most so long; the first step is
+//                               ["end", ORDER], how the end goes
+//
+// Says "step N" before each, and "wrong: ..." for what is wrong at the end: a frame in a window that
+// nobody touches, and what is left over.
+
+#include "tests/random/Catalog.h"
+#include "tests/random/Player.h"
+#include "tests/support/Leftovers.h"
+
+#include <QDrag>
+#include <QFile>
+#include <QGuiApplication>
+#include <QJsonDocument>
+#include <QStyleHints>
+#include <QTest>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+
+void say(const QString &text)
+{
+    std::printf("%s\n", qPrintable(text));
+    std::fflush(stdout);
+}
+
+/// What a document does by itself has an end; then nothing may ask for a frame any more.
+void checkFrames(Scene &scene)
+{
+    QTest::qWait(1500);
+    int frames = 0;
+    for (int index = 0; index < 2; ++index) {
+        QObject::connect(scene.window(index), &QQuickWindow::frameSwapped, scene.window(index),
+                         [&frames] { ++frames; });
+    }
+    QTest::qWait(400);
+    if (frames > 0) {
+        say(QStringLiteral("wrong: %1 frames in windows that nobody touches").arg(frames));
+    }
+    for (int index = 0; index < 2; ++index) {
+        scene.window(index)->disconnect();
+    }
+}
+
+void play(const QJsonArray &steps, int seconds)
+{
+    Scene scene;
+    const int order = steps.at(0).toArray().at(1).toInt();
+    {
+        Player player(scene, steps, 1000 * seconds);
+        bool finished = false;
+        QObject::connect(&player, &Player::finished, [&finished] { finished = true; });
+        player.start();
+        while (!finished) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+        QDrag::cancel();
+    }
+    checkFrames(scene);
+    say(QStringLiteral("end"));
+    scene.tearDown(order);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QGuiApplication application(argc, argv);
+    application.setQuitOnLastWindowClosed(false);
+    application.styleHints()->setCursorFlashTime(0);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.value(1) == QLatin1String("--catalog")) {
+        QQmlEngine engine;
+        say(QString::fromUtf8(QJsonDocument(catalog(engine)).toJson()));
+        return 0;
+    }
+    QFile file(arguments.value(1));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("There is no such file");
+    }
+    play(QJsonDocument::fromJson(file.readAll()).array(), arguments.value(2).toInt());
+    const QString left = support::leftovers();
+    if (!left.isEmpty()) {
+        say(QStringLiteral("wrong: left over: ") + left);
+    }
+    say(QStringLiteral("done"));
+    return 0;
+}
