@@ -109,7 +109,9 @@ Player::Place Player::placeOf(const QJsonArray &step) const
     if (item && item->window() && item->window()->isVisible()) {
         // Far enough outside for every window, and within what an int can hold.
         const QPointF middle = item->mapToScene({item->width() / 2, item->height() / 2});
-        const auto bounded = [](qreal value) { return value > -1e4 && value < 1e4 ? int(value) : 0; };
+        const auto bounded = [](qreal value) {
+            return value > -1e4 && value < 1e4 ? int(value) : 0;
+        };
         return {item->window(), {bounded(middle.x()), bounded(middle.y())}};
     }
     return {m_scene.window(step.at(1).toInt()), {step.at(2).toInt(), step.at(3).toInt()}};

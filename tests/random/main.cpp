@@ -5,8 +5,8 @@
 // random_steps FILE SECONDS     takes the steps in FILE, at most so long; the first step is
 //                               ["end", ORDER], how the end goes
 //
-// Says "step N" before each, and "wrong: ..." for what is wrong at the end: a frame in a window that
-// nobody touches, and what is left over.
+// Says "step N" before each, and "wrong: ..." for what is wrong at the end: a frame in a window
+// that nobody touches, and what is left over.
 
 #include "tests/random/Catalog.h"
 #include "tests/random/Player.h"
