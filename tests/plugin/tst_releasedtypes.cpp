@@ -45,9 +45,8 @@ QString faceOf(const TypeBlock &member)
 /// The keys of an enumeration with their values: "Idle:0".
 QStringList keysOf(const TypeBlock &enumeration)
 {
-    return enumeration.text("values")
-        .remove(QLatin1Char('"'))
-        .split(QLatin1Char(','), QString::SkipEmptyParts);
+    const QString values = enumeration.text("values").remove(QLatin1Char('"'));
+    return values.isEmpty() ? QStringList() : values.split(QLatin1Char(','));
 }
 
 /// What \a released has and \a today has not, or has otherwise; empty when nothing is lacking.
