@@ -89,6 +89,22 @@ Window {
         begun = true;
     }
 
+    // Shelf keeps its changes in memory until they are saved: the window asks before they go with it.
+    property bool closingAgreed: false
+    onClosing: {
+        if (!shelf.changed || closingAgreed)
+            return;
+        close.accepted = false;
+        currentPage = "shelf";
+        question.start();
+    }
+    // A page that is just made has its dialogs in the window only after this turn.
+    Timer { id: question; interval: 1; onTriggered: if (loader.item.askToClose) loader.item.askToClose() }
+    function closeAnyway() {
+        closingAgreed = true;
+        close();
+    }
+
     Binding { target: Theme; property: "dark"; value: session.dark }
     Binding { target: Theme; property: "pixelRatio"; value: window.Screen.devicePixelRatio }
 
@@ -130,7 +146,12 @@ Window {
         id: loader
         anchors { left: sidebar.right; right: parent.right; top: parent.top; bottom: parent.bottom }
         source: window.currentEntry && !window.turning ? "pages/" + window.currentEntry.file : ""
-        onLoaded: if (item.linked) item.linked.connect(window.follow)
+        onLoaded: {
+            if (item.linked)
+                item.linked.connect(window.follow);
+            if (item.closingAgreed)
+                item.closingAgreed.connect(window.closeAnyway);
+        }
     }
 
     FolderChooser {

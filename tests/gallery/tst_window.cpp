@@ -3,6 +3,7 @@
 
 #include "gallery/FolderTree.h"
 #include "gallery/GalleryEngine.h"
+#include "gallery/shelf/Shelf.h"
 #include "tests/support/Items.h"
 #include "tests/support/Leftovers.h"
 
@@ -11,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QQmlApplicationEngine>
+#include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTemporaryDir>
@@ -49,6 +51,7 @@ private Q_SLOTS:
     void selectionSurvivesDeletedFiles();
     void shownFolderIsDeleted();
     void emptyFolderSaysSo();
+    void closingAsksForUnsavedChanges();
 
 private:
     void write(const QString &name);
@@ -496,6 +499,33 @@ void TestWindow::emptyFolderSaysSo()
     write("nothing/now something");
     QTRY_VERIFY(withText("now something"));
     QVERIFY(!withText("This folder is empty"));
+}
+
+void TestWindow::closingAsksForUnsavedChanges()
+{
+    auto *const shelf =
+        m_engine->rootContext()->contextProperty("shelf").value<om::gallery::Shelf *>();
+    m_window->setProperty("currentPage", "shelf");
+    QTRY_VERIFY(shelf->root() && !shelf->isReading());
+    m_window->setProperty("currentPage", "documents");
+    const auto dialog = [this] {
+        return support::itemWith(m_window->contentItem(), "title", "Close without saving?");
+    };
+
+    shelf->makeFolder();
+    QVERIFY(shelf->isChanged());
+    QVERIFY(!m_window->close());
+    QVERIFY(m_window->isVisible());
+    QTRY_VERIFY(dialog() && dialog()->property("open").toBool());
+    QTest::keyClick(m_window, Qt::Key_Escape);
+    QTRY_VERIFY(!dialog()->property("open").toBool());
+    QVERIFY(m_window->isVisible());
+
+    QVERIFY(!m_window->close());
+    QTRY_VERIFY(dialog()->property("open").toBool());
+    QTest::keyClick(m_window, Qt::Key_Return);
+    QTRY_VERIFY(!m_window->isVisible());
+    QVERIFY(!QFileInfo::exists(m_dir->filePath(".shelf.json")));
 }
 
 QTEST_MAIN(TestWindow)

@@ -13,7 +13,10 @@ FocusScope {
 
     // Documents that wait to be pasted elsewhere.
     property var cut: []
-    readonly property bool asking: deletion.open || saveDialog.open || labelDialog.open || replacement.open
+    readonly property bool asking: deletion.open || saveDialog.open || labelDialog.open || replacement.open || closing.open
+
+    // Unsaved changes may go with the window.
+    signal closingAgreed()
     readonly property bool wide: width >= 860
     property bool detailsWanted: false
     readonly property bool detailsShown: wide || detailsWanted
@@ -49,6 +52,10 @@ FocusScope {
         deletion.documents = chosenDocuments();
         if (deletion.documents.length > 0 && !shelf.saving)
             deletion.ask(Window.activeFocusItem);
+    }
+    function askToClose() {
+        if (!asking)
+            closing.ask(Window.activeFocusItem);
     }
     function askForLabel() {
         const documents = chosenDocuments();
@@ -305,6 +312,14 @@ FocusScope {
         main: "Open it"
         tone: Theme.warning
         onAccepted: shelf.open(page.opened)
+    }
+    ShelfDialog {
+        id: closing
+        title: "Close without saving?"
+        text: "The shelf holds changes that are not saved. They are lost when the window is closed."
+        main: "Close"
+        tone: Theme.warning
+        onAccepted: page.closingAgreed()
     }
     LabelDialog { id: labelDialog }
     SaveDialog { id: saveDialog }
