@@ -46,7 +46,11 @@ PropertyRow {
                 height: width
                 radius: height / 2
                 color: button.hovered ? Theme.accentSoft : Theme.panel
-                Behavior on x { NumberAnimation { duration: 90 } }
+                // Only for who switches it: a page shows its values at once.
+                Behavior on x {
+                    enabled: button.hovered || button.activeFocus
+                    NumberAnimation { duration: 90 }
+                }
             }
         }
     }
