@@ -328,7 +328,7 @@ void TestPictures::everyPictureHasItsExample()
         QDir(m_docs.filePath(QStringLiteral("images"))).entryList({QStringLiteral("*.png")});
     for (const QString &picture : pictures) {
         const QString name = QFileInfo(picture).completeBaseName();
-        QVERIFY2(name == QLatin1String("gallery")
+        QVERIFY2(name == QLatin1String("shelf")
                      || m_docs.exists(QStringLiteral("snippets/%1Example.qml").arg(name))
                      || m_docs.exists(QStringLiteral("tutorial/%1.qml").arg(name)),
                  qPrintable(picture));
