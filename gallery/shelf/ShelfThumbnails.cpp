@@ -121,7 +121,7 @@ QImage ShelfThumbnails::Store::picture(const QString &id, const QString &path, c
         }
     }
     QString problem;
-    const QImage image = read(id, path, size, whole, &problem);
+    QImage image = read(id, path, size, whole, &problem);
     const QMutexLocker lock(&m_mutex);
     if (problem.isEmpty()) {
         m_problems.remove(id);
