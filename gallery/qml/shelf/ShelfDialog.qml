@@ -40,7 +40,9 @@ DialogItem {
     width: 420
     height: body.y + contentHeight + 72
     opacity: open ? 1 : 0
-    visible: opacity > 0
+    // Visible before the first step of the fade: with the rest of the window disabled, Qt looks for ever
+    // for what comes after an invisible item when Tab is pressed.
+    visible: open || opacity > 0
     Behavior on opacity { NumberAnimation { duration: 120 } }
     Accessible.role: Accessible.Dialog
     Accessible.name: title
