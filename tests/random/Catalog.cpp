@@ -3,33 +3,17 @@
 
 #include "tests/random/Catalog.h"
 
-#include <QFile>
+#include "tests/support/RegisteredTypes.h"
+
 #include <QJsonArray>
 #include <QMetaMethod>
 #include <QMetaProperty>
 #include <QQmlComponent>
 #include <QQuickItem>
-#include <QRegularExpression>
 
 #include <memory>
 
 namespace {
-
-QStringList registeredTypes()
-{
-    QFile file(qEnvironmentVariable("OMBREL_SOURCE_DIR")
-               + QStringLiteral("/plugin/Registration.cpp"));
-    if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("There is no plugin/Registration.cpp");
-    }
-    const QRegularExpression row(QStringLiteral("qmlRegisterType<(\\w+)>"));
-    QStringList types;
-    auto rows = row.globalMatch(QString::fromUtf8(file.readAll()));
-    while (rows.hasNext()) {
-        types.append(rows.next().captured(1));
-    }
-    return types;
-}
 
 QJsonObject described(const QObject *object)
 {
@@ -76,7 +60,7 @@ QJsonObject described(const QObject *object)
 QJsonObject catalog(QQmlEngine &engine)
 {
     QJsonObject found;
-    const QStringList types = registeredTypes();
+    const QStringList types = support::registeredTypes();
     for (const QString &type : types) {
         QQmlComponent component(&engine);
         component.setData("import ombrel.Controls 1.0\nimport ombrel.Controls.Private 1.0\n"
