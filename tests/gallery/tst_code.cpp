@@ -6,6 +6,7 @@
 #include "gallery/Markdown.h"
 #include "gallery/QmlHighlighter.h"
 #include "gallery/Reference.h"
+#include "tests/gallery/GalleryWindow.h"
 #include "tests/support/Items.h"
 #include "tests/support/Leftovers.h"
 
@@ -143,14 +144,8 @@ void TestCode::initTestCase()
     m_tree = std::make_unique<om::gallery::FolderTree>(m_folder.path());
     m_engine = std::make_unique<QQmlApplicationEngine>();
     om::gallery::prepareEngine(m_engine.get(), m_tree.get());
-    m_engine->load(QUrl::fromLocalFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
-                                       + "/gallery/qml/Gallery.qml"));
-    m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().value(0));
+    m_window = openGalleryWindow(m_engine.get());
     QVERIFY(m_window);
-    m_window->setPosition(0, 0);
-    m_window->show();
-    m_window->requestActivate();
-    QVERIFY(QTest::qWaitForWindowActive(m_window));
 }
 
 void TestCode::cleanup()

@@ -4,6 +4,7 @@
 #include "gallery/FolderTree.h"
 #include "gallery/GalleryEngine.h"
 #include "gallery/Session.h"
+#include "tests/gallery/GalleryWindow.h"
 #include "tests/support/Items.h"
 #include "tests/support/Leftovers.h"
 
@@ -109,14 +110,8 @@ void TestSession::show()
     m_session = std::make_unique<Session>(settings());
     m_engine = std::make_unique<QQmlApplicationEngine>();
     om::gallery::prepareEngine(m_engine.get(), m_tree.get(), m_session.get());
-    m_engine->load(QUrl::fromLocalFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
-                                       + "/gallery/qml/Gallery.qml"));
-    m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().value(0));
+    m_window = openGalleryWindow(m_engine.get());
     QVERIFY(m_window);
-    m_window->setPosition(0, 0);
-    m_window->show();
-    m_window->requestActivate();
-    QVERIFY(QTest::qWaitForWindowActive(m_window));
     QVERIFY(!m_window->grabWindow().isNull());
 }
 

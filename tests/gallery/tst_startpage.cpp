@@ -3,6 +3,7 @@
 
 #include "gallery/FolderTree.h"
 #include "gallery/GalleryEngine.h"
+#include "tests/gallery/GalleryWindow.h"
 #include "tests/support/Items.h"
 #include "tests/support/Leftovers.h"
 
@@ -50,15 +51,9 @@ void TestStartPage::init()
     m_tree = std::make_unique<om::gallery::FolderTree>(m_folder.path());
     m_engine = std::make_unique<QQmlApplicationEngine>();
     om::gallery::prepareEngine(m_engine.get(), m_tree.get());
-    m_engine->load(QUrl::fromLocalFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
-                                       + "/gallery/qml/Gallery.qml"));
-    m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().value(0));
+    QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
+    m_window = openGalleryWindow(m_engine.get());
     QVERIFY(m_window);
-    m_window->setPosition(0, 0);
-    m_window->show();
-    QCursor::setPos(m_window->screen()->geometry().bottomRight());
-    m_window->requestActivate();
-    QVERIFY(QTest::qWaitForWindowActive(m_window));
     QCOMPARE(m_window->property("currentPage").toString(), QString("start"));
     QCOMPARE(cards().size(), 6);
 }

@@ -4,6 +4,7 @@
 #include "gallery/FolderTree.h"
 #include "gallery/GalleryEngine.h"
 #include "gallery/shelf/Shelf.h"
+#include "tests/gallery/GalleryWindow.h"
 #include "tests/support/Items.h"
 #include "tests/support/Leftovers.h"
 
@@ -80,15 +81,8 @@ void TestWindow::init()
     m_tree = std::make_unique<FolderTree>(m_dir->path());
     m_engine = std::make_unique<QQmlApplicationEngine>();
     om::gallery::prepareEngine(m_engine.get(), m_tree.get());
-    m_engine->load(QUrl::fromLocalFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
-                                       + "/gallery/qml/Gallery.qml"));
-    m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().value(0));
+    m_window = openGalleryWindow(m_engine.get(), "documents");
     QVERIFY(m_window);
-    m_window->setProperty("currentPage", "documents");
-    m_window->setPosition(0, 0);
-    m_window->show();
-    m_window->requestActivate();
-    QVERIFY(QTest::qWaitForWindowActive(m_window));
     QTRY_VERIFY(withText("zebra.txt"));
 }
 
