@@ -29,6 +29,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void movesAndThenRests();
+    void staysOnItsStage();
     void pressMovesAPieceAgain();
     void typeLeadsToItsDemo();
 
@@ -97,6 +98,22 @@ void TestStartPage::movesAndThenRests()
     QTRY_VERIFY_WITH_TIMEOUT(!frames.wait(1000), 20000);
     frames.clear();
     QVERIFY(!frames.wait(2000));
+}
+
+// The page is made before the window has its size, on which the way of a piece depends.
+void TestStartPage::staysOnItsStage()
+{
+    QTRY_VERIFY(isMoving());
+    QTRY_VERIFY_WITH_TIMEOUT(!isMoving(), 30000);
+    QQuickItem *label = support::itemWith(m_window->contentItem(), "text", "2 documents");
+    QVERIFY(label);
+    QQuickItem *piece = label->parentItem()->parentItem();
+    const QRectF place = label->mapRectToItem(piece, label->boundingRect());
+    QVERIFY2(piece->boundingRect().contains(place),
+             qPrintable(QStringLiteral("from %1 to %2 on %3")
+                            .arg(place.left())
+                            .arg(place.right())
+                            .arg(piece->width())));
 }
 
 void TestStartPage::pressMovesAPieceAgain()

@@ -11,13 +11,21 @@ Item {
     property alias motion: motion
 
     Repeater {
-        model: 3
-        DocumentTile {
+        model: ["Beach", "Hills", "Notes"]
+        Surface {
+            readonly property bool taken: index < 2
             x: 16
             y: 16 + index * 44
             width: 88
             height: 36
-            opacity: 0.5
+            color: taken ? Theme.accentSoft : Theme.panel
+            border.color: taken ? Theme.accent : Theme.line
+            Label {
+                x: 12
+                anchors.verticalCenter: parent.verticalCenter
+                text: modelData
+                font.pixelSize: Theme.small
+            }
         }
     }
     Rectangle {

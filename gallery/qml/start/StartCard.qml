@@ -12,6 +12,7 @@ Surface {
     property url piece
     property string type
     property string text
+    readonly property bool moving: loader.item !== null && loader.item.motion.running
 
     // The demo of the type is wanted.
     signal wanted()
@@ -42,8 +43,9 @@ Surface {
             id: loader
             anchors.fill: parent
             source: card.piece
-            // Once the card has its width: where a piece moves to depends on it.
-            onLoaded: Qt.callLater(card.play)
+            // The page is made before the window has its size, and where a piece moves to depends on it.
+            readonly property bool placed: item !== null && width > 0
+            onPlacedChanged: if (placed) Qt.callLater(card.play)
         }
         MouseArea {
             anchors.fill: parent
