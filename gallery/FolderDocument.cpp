@@ -68,7 +68,7 @@ FolderDocument::FolderDocument(FolderTree *tree, const QFileInfo &file, QObject 
 {
     setDocumentId(m_path);
     setName(file.fileName().isEmpty() ? m_path : file.fileName());
-    setUrl(QUrl::fromLocalFile(m_path));
+    setUrl(urlOf(m_path));
     updateType(file);
 }
 
@@ -217,7 +217,19 @@ QFileInfoList FolderDocument::entries() const
 bool FolderDocument::canBeRead(const QFileInfo &file)
 {
     // Without the right to enter a folder its files have names and nothing else.
-    return file.isReadable() && (!file.isDir() || file.isExecutable());
+    // Those of resources have no rights.
+    return file.isReadable() && (!file.isDir() || file.isExecutable() || !file.isNativePath());
+}
+
+QUrl FolderDocument::urlOf(const QString &path)
+{
+    return path.startsWith(QLatin1Char(':')) ? QUrl(QLatin1String("qrc") + path)
+                                             : QUrl::fromLocalFile(path);
+}
+
+QString FolderDocument::pathOf(const QUrl &url)
+{
+    return url.scheme() == QLatin1String("qrc") ? QLatin1Char(':') + url.path() : url.toLocalFile();
 }
 
 bool FolderDocument::comesBefore(const QFileInfo &a, const QFileInfo &b)

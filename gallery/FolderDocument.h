@@ -45,6 +45,10 @@ public:
     static QString typeOf(const QFileInfo &file);
     /// Whether a file, or a folder's list of files, can be read.
     static bool canBeRead(const QFileInfo &file);
+    /// The URL of the file with a path, and back; a path that begins with ":" is that of a
+    /// resource.
+    static QUrl urlOf(const QString &path);
+    static QString pathOf(const QUrl &url);
     /// The order in which a folder shows what is in it.
     static bool comesBefore(const QFileInfo &a, const QFileInfo &b);
     static bool comesBefore(const QString &a, bool aIsFolder, const QString &b, bool bIsFolder);

@@ -15,13 +15,6 @@ namespace {
 // Unpacking or checking out touches a folder many times in a row; it is read once for all of them.
 constexpr int refreshDelay = 50; // ms
 
-// Where a file is for those who read it; resources are files too.
-QString pathOf(const QUrl &file)
-{
-    return file.scheme() == QLatin1String("qrc") ? QLatin1Char(':') + file.path()
-                                                 : file.toLocalFile();
-}
-
 // A path, or a local URL as drags bring it.
 QString folderPathOf(const QString &folder)
 {
@@ -84,13 +77,13 @@ QStringList FolderTree::foldersIn(const QString &path) const
 
 QString FolderTree::pictureSource(const QUrl &file) const
 {
-    const QString path = pathOf(file);
+    const QString path = FolderDocument::pathOf(file);
     return path.isEmpty() ? QString() : PictureProvider::sourceFor(path);
 }
 
 QString FolderTree::pictureProblem(const QUrl &file) const
 {
-    return m_problems->of(pathOf(file));
+    return m_problems->of(FolderDocument::pathOf(file));
 }
 
 std::shared_ptr<PictureProblems> FolderTree::pictureProblems() const
@@ -101,8 +94,10 @@ std::shared_ptr<PictureProblems> FolderTree::pictureProblems() const
 bool FolderTree::watch(const QString &path, FolderDocument *document)
 {
     m_watched.insert(path, document);
-    if (m_watcher.directories().contains(path) || !document->isReadable()
-        || !QFileInfo(path).isDir()) {
+    const QFileInfo file(path);
+    // Resources do not change, and cannot be watched.
+    if (m_watcher.directories().contains(path) || !document->isReadable() || !file.isDir()
+        || !file.isNativePath()) {
         return false;
     }
     return m_watcher.addPath(path);

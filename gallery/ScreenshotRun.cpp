@@ -39,6 +39,23 @@ bool isLoading(QQuickItem *item)
     return std::any_of(children.begin(), children.end(), isLoading);
 }
 
+/// The visible items below \a item that have a picture of their own.
+QList<QQuickItem *> picturedItems(QQuickItem *item)
+{
+    if (!item->isVisible()) {
+        return {};
+    }
+    if (!item->property("pictureName").toString().isEmpty()) {
+        return {item};
+    }
+    QList<QQuickItem *> found;
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *child : children) {
+        found += picturedItems(child);
+    }
+    return found;
+}
+
 } // namespace
 
 ScreenshotRun::ScreenshotRun(QQuickWindow *window, const QString &folder, QObject *parent)
@@ -58,6 +75,11 @@ ScreenshotRun::ScreenshotRun(QQuickWindow *window, const QString &folder, QObjec
 void ScreenshotRun::setTall(bool tall)
 {
     m_tall = tall;
+}
+
+void ScreenshotRun::setDemos(bool demos)
+{
+    m_demos = demos;
 }
 
 void ScreenshotRun::start(const QStringList &pages)
@@ -97,6 +119,10 @@ void ScreenshotRun::handleFrame()
     }
     const int height =
         m_tall ? qMax(m_lowestHeight, m_window->property("pageHeight").toInt()) : m_lowestHeight;
+    if (m_window->property("pageMoves").toBool()) {
+        m_onPage.start();
+        m_frames = 0;
+    }
     const bool resized = height != m_window->height();
     if (resized) {
         m_window->setHeight(height);
@@ -121,11 +147,32 @@ void ScreenshotRun::handleFrame()
         m_window->update();
         return;
     }
-    const QString file = QDir(m_folder).filePath(m_page + QLatin1String(".png"));
-    if (!image.save(file)) {
-        return fail(QStringLiteral("%1 cannot be written").arg(file));
+    if (save(image)) {
+        nextPage();
     }
-    nextPage();
+}
+
+bool ScreenshotRun::save(const QImage &image)
+{
+    const auto write = [this](const QImage &picture, const QString &name) {
+        const QString file = QDir(m_folder).filePath(name + QLatin1String(".png"));
+        if (!picture.save(file)) {
+            fail(QStringLiteral("%1 cannot be written").arg(file));
+            return false;
+        }
+        return true;
+    };
+    const QList<QQuickItem *> items =
+        m_demos ? picturedItems(m_window->contentItem()) : QList<QQuickItem *>();
+    if (items.isEmpty()) {
+        return write(image, m_page);
+    }
+    const qreal density = image.devicePixelRatio();
+    return std::all_of(items.begin(), items.end(), [&](QQuickItem *item) {
+        const QRectF place = item->mapRectToScene(item->boundingRect());
+        const QRectF pixels(place.topLeft() * density, place.size() * density);
+        return write(image.copy(pixels.toRect()), item->property("pictureName").toString());
+    });
 }
 
 void ScreenshotRun::fail(const QString &reason)

@@ -16,9 +16,9 @@ namespace om::gallery {
 
 /// Renders one page of the gallery after the other to "<name>.png" in a folder.
 ///
-/// A picture is taken when no image of the page is loading any more and the page has come to rest:
-/// a frame looks like one a few animation steps before. Pages that never do are taken after a few
-/// seconds.
+/// A picture is taken when no image of the page is loading any more, the page's own motion has
+/// ended, and the page has come to rest: a frame looks like one a few animation steps before. Pages
+/// that never do are taken after a few seconds.
 class ScreenshotRun : public QObject
 {
     Q_OBJECT
@@ -28,6 +28,9 @@ public:
 
     /// Whether the window grows with pages that are taller than it; it does unless set otherwise.
     void setTall(bool tall);
+    /// Whether each item of a page that has a `pictureName` becomes a picture of that name instead
+    /// of the page, which still does where it has no such item; they do not unless set otherwise.
+    void setDemos(bool demos);
     void start(const QStringList &pages);
 
 Q_SIGNALS:
@@ -37,12 +40,14 @@ Q_SIGNALS:
 private:
     void nextPage();
     void handleFrame();
+    bool save(const QImage &image);
     void fail(const QString &reason);
 
     QQuickWindow *const m_window;
     const QString m_folder;
     const int m_lowestHeight;
     bool m_tall = true;
+    bool m_demos = false;
     QStringList m_pages;
     QString m_page;
     QImage m_previous;

@@ -38,6 +38,27 @@ bool asksForWordsOnly(int argc, char **argv)
     });
 }
 
+/// The value of an option that Qt has to know before there is an application.
+QByteArray earlyValue(const QByteArray &option, int argc, char **argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        const auto argument = QByteArray::fromRawData(argv[i], int(qstrlen(argv[i])));
+        if (argument == option && i + 1 < argc) {
+            return argv[i + 1];
+        }
+        if (argument.startsWith(option + '=')) {
+            return argument.mid(option.size() + 1);
+        }
+    }
+    return {};
+}
+
+bool isScale(const QByteArray &text)
+{
+    const double scale = text.toDouble();
+    return scale >= 0.5 && scale <= 4;
+}
+
 QStringList pageNames(const QQuickWindow *window)
 {
     QStringList names;
@@ -80,11 +101,22 @@ int main(int argc, char *argv[])
         QStringLiteral("The window's size; pictures are as tall as the page when there is no "
                        "height."),
         QStringLiteral("width[xheight]"));
+    const QCommandLineOption demosOption(
+        QStringLiteral("demos"),
+        QStringLiteral("With --screenshots: pictures of the demos, not of the pages around them."));
+    const QCommandLineOption samplesOption(
+        QStringLiteral("samples"),
+        QStringLiteral("Show the pictures that come with the gallery instead of a folder."));
+    const QCommandLineOption scaleOption(
+        QStringLiteral("scale"),
+        QStringLiteral("Pixels of the screen to one of the window, 0.5 to 4."),
+        QStringLiteral("number"));
     const QCommandLineOption appearanceOption(
         QStringLiteral("appearance"),
         QStringLiteral("Light, dark, or as the system says; pictures are light unless told."),
         QStringLiteral("light|dark|system"));
-    parser.addOptions({pageOption, pagesOption, screenshotsOption, sizeOption, appearanceOption});
+    parser.addOptions({pageOption, pagesOption, screenshotsOption, demosOption, samplesOption,
+                       sizeOption, scaleOption, appearanceOption});
     parser.addPositionalArgument(QStringLiteral("folder"),
                                  QStringLiteral("The folder to show as documents; the current one "
                                                 "unless given."),
@@ -93,10 +125,22 @@ int main(int argc, char *argv[])
         const QCoreApplication withoutDisplay(argc, argv);
         parser.process(withoutDisplay);
     }
+    const QByteArray scale = earlyValue("--scale", argc, argv);
+    if (isScale(scale)) {
+        qputenv("QT_SCALE_FACTOR", scale);
+    }
     QGuiApplication application(argc, argv);
     parser.process(application);
+    if (parser.isSet(scaleOption) && !isScale(scale)) {
+        return refuse(QStringLiteral("%1 is not a scale").arg(parser.value(scaleOption)));
+    }
 
-    const QString path = parser.positionalArguments().value(0, QDir::currentPath());
+    if (parser.isSet(samplesOption) && !parser.positionalArguments().isEmpty()) {
+        return refuse(QStringLiteral("a folder and --samples exclude each other"));
+    }
+    const QString path = parser.isSet(samplesOption)
+        ? QStringLiteral(":/Pictures")
+        : parser.positionalArguments().value(0, QDir::currentPath());
     if (!QFileInfo(path).isDir()) {
         return refuse(QStringLiteral("%1 is not a folder").arg(path));
     }
@@ -170,6 +214,7 @@ int main(int argc, char *argv[])
 
     om::gallery::ScreenshotRun run(window, parser.value(screenshotsOption));
     run.setTall(tall);
+    run.setDemos(parser.isSet(demosOption));
     int code = 0;
     QObject::connect(&run, &om::gallery::ScreenshotRun::finished, &application,
                      [&code](const QString &error) {
@@ -178,9 +223,11 @@ int main(int argc, char *argv[])
                          }
                          QCoreApplication::quit();
                      });
-    // Out of the way, or the item under the pointer is drawn as hovered.
-    QCursor::setPos(window->screen()->geometry().bottomRight());
-    window->setPosition(0, 0);
+    // Out of the way, or the item under the pointer is drawn as hovered. Only this corner is free
+    // whatever the size of the window is.
+    const QPoint corner = window->screen()->geometry().topLeft();
+    QCursor::setPos(corner);
+    window->setPosition(corner + QPoint(16, 16));
     window->show();
     QTimer::singleShot(0, &run, [&run, &pages] { run.start(pages); });
     QGuiApplication::exec();

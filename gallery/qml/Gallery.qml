@@ -14,8 +14,10 @@ Window {
     property string currentPage: pages[0].name
     readonly property var currentEntry: PageList.pageNamed(currentPage)
 
-    // For pictures: the height that shows the whole page, and whether there is no page to show.
+    // For pictures: the height that shows the whole page, whether it moves by itself now, and
+    // whether there is no page to show.
     readonly property real pageHeight: loader.item ? loader.item.contentHeight : 0
+    readonly property bool pageMoves: loader.item !== null && loader.item.moving === true
     readonly property bool pageBroken: loader.status === Loader.Error || currentEntry === undefined
 
     // Pages that were left, and those that were left by going back.

@@ -3,6 +3,8 @@
 
 #include "gallery/shelf/Shelf.h"
 
+#include "gallery/FolderDocument.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QRunnable>
@@ -89,12 +91,12 @@ void Shelf::inBackground(std::function<Result()> work, std::function<void(const 
 
 QUrl Shelf::address() const
 {
-    return m_root ? QUrl::fromLocalFile(m_root->origin()) : QUrl();
+    return m_root ? FolderDocument::urlOf(m_root->origin()) : QUrl();
 }
 
 void Shelf::open(const QUrl &folder)
 {
-    const QString path = QFileInfo(folder.toLocalFile()).canonicalFilePath();
+    const QString path = QFileInfo(FolderDocument::pathOf(folder)).canonicalFilePath();
     if (path.isEmpty() || (m_root && m_root->origin() == path) || m_saving) {
         return;
     }
@@ -124,7 +126,7 @@ void Shelf::open(const QUrl &folder)
     entry.name = file.fileName().isEmpty() ? path : file.fileName();
     entry.type = QStringLiteral("folder");
     entry.folder = true;
-    entry.readable = file.isReadable() && file.isExecutable();
+    entry.readable = FolderDocument::canBeRead(file);
     m_root = new ShelfDocument(entry, m_documents.get());
     m_folder = m_root;
     m_folders.insert(path, m_root);
@@ -461,7 +463,7 @@ void Shelf::makeFolder()
     copy.entry.name = QStringLiteral("New folder");
     copy.entry.type = QStringLiteral("folder");
     copy.entry.folder = true;
-    copy.entry.path = m_folder->url().toLocalFile() + QLatin1Char('/') + copy.entry.name;
+    copy.entry.path = FolderDocument::pathOf(m_folder->url()) + QLatin1Char('/') + copy.entry.name;
     addCopies({copy}, m_folder, m_folder->childDocuments().value(0));
 }
 

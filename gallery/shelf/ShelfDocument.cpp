@@ -3,6 +3,8 @@
 
 #include "gallery/shelf/ShelfDocument.h"
 
+#include "gallery/FolderDocument.h"
+
 namespace om::gallery {
 
 namespace {
@@ -35,7 +37,7 @@ ShelfDocument::ShelfDocument(const QString &id, const ShelfEntry &entry, const Q
     setDocumentId(id);
     setName(entry.name);
     setTypes({entry.type, QStringLiteral("shelf")});
-    setUrl(QUrl::fromLocalFile(entry.path));
+    setUrl(FolderDocument::urlOf(entry.path));
 }
 
 ShelfDocument::~ShelfDocument() = default;
@@ -47,7 +49,7 @@ void ShelfDocument::setOrigin(const QString &path)
     }
     m_origin = path;
     m_content.clear();
-    setUrl(QUrl::fromLocalFile(path));
+    setUrl(FolderDocument::urlOf(path));
     Q_EMIT addedChanged();
 }
 

@@ -22,6 +22,8 @@ private Q_SLOTS:
     void onePageOnly();
     void staysSilentOnOddFiles();
     void picturesHaveTheSizeThatIsAskedFor();
+    void picturesHaveTheScaleThatIsAskedFor();
+    void picturesOfDemosOnly();
     void picturesDifferFromPageToPage();
     void runsFromAnotherFolder();
     void saysWithoutADisplay_data();
@@ -193,6 +195,32 @@ void TestGallery::picturesHaveTheSizeThatIsAskedFor()
     QVERIFY(QImage(shots + "/tree.png").height() > 480);
 }
 
+void TestGallery::picturesHaveTheScaleThatIsAskedFor()
+{
+    const QString shots = m_dir.filePath("scales");
+    const Result result = run({"--page", "tree", "--size", "900x500", "--scale", "1.25",
+                               "--samples", "--screenshots", shots});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(QImage(shots + "/tree.png").size(), QSize(1125, 625));
+}
+
+// Of each type, and what else a page has put together; without the window around it.
+void TestGallery::picturesOfDemosOnly()
+{
+    const QString shots = m_dir.filePath("demos");
+    const Result result =
+        run({"--page", "colorpicker", "--demos", "--screenshots", shots, m_dir.path()});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(QDir(shots).entryList(QDir::Files, QDir::Name),
+             (QStringList{"CheckerBoxDemo.png", "ColorMapperDemo.png", "ColorPicker.png",
+                          "HueBoxDemo.png", "SaturationValueBoxDemo.png"}));
+    const QImage whole(m_dir.filePath("pictures/of pages/colorpicker.png"));
+    const QImage demo(shots + "/HueBoxDemo.png");
+    QVERIFY(demo.width() < whole.width() - 228 && demo.height() < whole.height() / 4);
+    // The card's own border and ground, not what lies around it.
+    QCOMPARE(demo.pixelColor(20, 4), QColor(Qt::white));
+}
+
 void TestGallery::picturesDifferFromPageToPage()
 {
     const QDir shots(m_dir.filePath("pictures/of pages"));
@@ -251,6 +279,10 @@ void TestGallery::refuses_data()
     QTest::newRow("a file for a folder")
         << QStringList{QCoreApplication::applicationFilePath()} << "is not a folder";
     QTest::newRow("no size") << QStringList{"--size", "800by600"} << "is not a size";
+    QTest::newRow("no scale") << QStringList{"--scale", "two"} << "is not a scale";
+    QTest::newRow("too large a scale") << QStringList{"--scale=40"} << "is not a scale";
+    QTest::newRow("a folder and the samples")
+        << QStringList{"--samples", "."} << "exclude each other";
     QTest::newRow("a folder that cannot be made")
         << QStringList{"--screenshots", QCoreApplication::applicationFilePath() + "/x"}
         << "cannot be made";

@@ -9,6 +9,8 @@ Surface {
 
     property string title
     property string hint
+    // The name of its picture, when it is pictured as a demo is.
+    property string pictureName
     default property alias content: body.data
 
     width: parent ? parent.width : 0

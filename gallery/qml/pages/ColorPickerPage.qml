@@ -11,6 +11,7 @@ Page {
 
     Section {
         title: "Put together"
+        pictureName: "ColorPicker"
         hint: "Drag in the square and the strips, type into any field, or take a colour of the palette. With a "
               + "click in the square or the hue strip, the arrow keys move by single steps."
         ColorPicker { id: picker; width: parent.width }

@@ -68,7 +68,7 @@ ListView {
             anchors.rightMargin: 8
             anchors.verticalCenter: parent.verticalCenter
             readonly property string type: row.document && row.document.types.length > 0 ? row.document.types[0] : ""
-            text: shelf.samples.isSample(row.document) ? type + ", sample" : type
+            text: shelf.samples.isSample(row.document) ? "sample" : type
             tone: Theme.typeColor(type)
         }
         MouseArea {

@@ -11,6 +11,7 @@ Page {
     summary: "What the library carries under qrc:/controls/, each at its real size, and enlarged, on a ground of "
              + "the kind that it is made for."
 
+    readonly property bool moving: turning.running
     readonly property var images: ["collapse-indicator.svg", "dialog-shadow.png", "dropdown-indicator.png",
                                    "flyout-peak.png"]
     readonly property var icons: [
@@ -62,7 +63,7 @@ Page {
                     x: -64 * frame
                     source: "qrc:/controls/images/loading-sprite.png"
                     property int frame: 0
-                    NumberAnimation on frame { from: 0; to: 11; duration: 900; loops: 3 }
+                    NumberAnimation on frame { id: turning; from: 0; to: 11; duration: 900; loops: 3 }
                 }
             }
             Image {

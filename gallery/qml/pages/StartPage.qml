@@ -12,6 +12,10 @@ Page {
     summary: "What desktop applications in Qt Quick need beyond buttons: drops that find their way, documents that are "
              + "dragged, popups that follow, trees, codes and colours. Each piece moves once; a press lets it move again."
 
+    // How many pieces move now.
+    property int movers: 0
+    readonly property bool moving: movers > 0
+
     // A press, or Space, on a piece goes through it once more; afterwards nothing moves.
     Grid {
         id: grid
@@ -32,6 +36,7 @@ Page {
                 piece: Qt.resolvedUrl("../start/" + modelData.file)
                 type: modelData.type
                 text: modelData.text
+                onMovingChanged: page.movers += moving ? 1 : -1
                 onWanted: page.linked(modelData.type + ".md")
             }
         }

@@ -15,7 +15,7 @@ Rectangle {
     readonly property var labels: ["#C8643C", "#ECD284", "#90C695", "#40A1BB", "#B08FB8"]
 
     function placeOf(document) {
-        return decodeURIComponent(document.url.toString().replace("file://", ""));
+        return decodeURIComponent(document.url.toString().replace(/^file:\/\/|^qrc:/, ""));
     }
 
     color: Theme.panel
