@@ -5,6 +5,7 @@
 
 #include "gallery/FolderTree.h"
 #include "gallery/PictureProvider.h"
+#include "gallery/PlayedDrag.h"
 #include "gallery/QmlHighlighter.h"
 #include "gallery/Reference.h"
 #include "gallery/Session.h"
@@ -27,6 +28,7 @@ void prepareEngine(QQmlEngine *engine, FolderTree *tree, Session *session)
 {
     useDocs();
     qmlRegisterType<QmlHighlighter>("ombrel.gallery", 1, 0, "QmlHighlighter");
+    qmlRegisterType<PlayedDrag>("ombrel.gallery", 1, 0, "PlayedDrag");
     QQmlContext *context = engine->rootContext();
     context->setContextProperty(QStringLiteral("gallery"), tree);
     context->setContextProperty(QStringLiteral("session"),

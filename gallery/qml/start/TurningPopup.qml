@@ -5,7 +5,8 @@ import QtQuick 2.12
 import ombrel.Controls 1.0
 import "../kit"
 
-// A disc turns, and the popup at its edge turns along.
+// A disc turns, and the popup at its edge turns along. Nothing clips a popup: it is short enough to stay
+// on the stage.
 Item {
     id: piece
 
@@ -14,24 +15,24 @@ Item {
     Item {
         id: disc
         anchors.centerIn: parent
-        width: 80
-        height: 80
+        width: 56
+        height: 56
         Rectangle {
             anchors.fill: parent
-            radius: 40
+            radius: 28
             color: Theme.accent
             border.color: Theme.accentHover
             border.width: 4
         }
         PopupAnchorItem {
             id: anchor
-            x: 84
-            y: 40
+            x: 60
+            y: 28
             persistent: true
             Rectangle {
-                y: -14
-                width: 56
-                height: 28
+                y: -12
+                width: 44
+                height: 24
                 radius: Theme.radius
                 color: Theme.text
                 visible: enabled
