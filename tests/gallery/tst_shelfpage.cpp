@@ -39,6 +39,7 @@ private Q_SLOTS:
     void deletingIsAskedFirst();
     void doubleClickOpensAndRenames();
     void framesEndWhereTheThumbnailsDo();
+    void rowsOfTheTreeAreMadeInSight();
     void rateIsShownOnDemand();
     void everythingHasANameAndARole();
     void nothingIsLostOnAnotherPage();
@@ -478,6 +479,37 @@ void TestShelfPage::framesEndWhereTheThumbnailsDo()
     QTRY_VERIFY(button("Details"));
     click(button("Details"));
     QTRY_COMPARE(frames(), 0);
+}
+
+void TestShelfPage::rowsOfTheTreeAreMadeInSight()
+{
+    for (int i = 0; i < 100; ++i) {
+        QVERIFY(QDir().mkpath(m_folder->filePath(QStringLiteral("album/folder %1").arg(i))));
+    }
+    m_shelf->open(QUrl::fromLocalFile(m_folder->filePath(text("album"))));
+    QTRY_VERIFY(!m_shelf->isReading());
+    QTRY_VERIFY(row("folder 0"));
+    QQuickItem *const tree = itemsOf(root(), "ShelfTree").value(0);
+    QTRY_COMPARE(itemsOf(tree, "om::controls::TreeView").value(0)->height(), 101 * 28.0);
+    // A rebuild makes all rows anew in one turn: what they are made of stays with those in sight.
+    const int inSight = int(tree->height() / 28) + 2;
+    QTRY_VERIFY(itemsOf(tree, "ShelfTreeRow").size() > 5);
+    QVERIFY2(itemsOf(tree, "ShelfTreeRow").size() <= inSight,
+             qPrintable(QString::number(itemsOf(tree, "ShelfTreeRow").size())));
+    QVERIFY(!row("folder 99"));
+    click(row("folder 0"));
+    key(
+        Qt::Key_End, [&] { return row("folder 99"); }, "the last row");
+    QCOMPARE(m_shelf->folder(), document("folder 99"));
+    // Renaming there, and a rebuild that follows.
+    key(
+        Qt::Key_F2, [&] { return itemsOf(tree, "ShelfNameField").size() == 1; }, "the field");
+    type("last");
+    key(
+        Qt::Key_Return, [&] { return row("last"); }, "the new name");
+    m_shelf->remove({QVariant::fromValue<QObject *>(document("folder 5"))});
+    QTRY_COMPARE(itemsOf(tree, "om::controls::TreeView").value(0)->height(), 100 * 28.0);
+    QTRY_VERIFY(row("last"));
 }
 
 void TestShelfPage::rateIsShownOnDemand()

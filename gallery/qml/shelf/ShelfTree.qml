@@ -121,64 +121,31 @@ Item {
                         id: row
                         readonly property QtObject shown: document
                         readonly property bool edited: shown !== null && place.renaming === shown
+                        // A rebuild makes all rows anew, and only those in sight are worth their parts. A
+                        // row that has not been laid out yet lies on the first one, the root's.
+                        readonly property bool inSight: parent !== null && parent.height > 0
+                            && (parent.y > 0 || shown === shelf.root)
+                            && parent.y < flick.contentY + flick.height && parent.y + height > flick.contentY
+                        property bool seen: false
+                        onInSightChanged: seen = true
                         height: 28
                         Accessible.role: Accessible.TreeItem
                         Accessible.name: shown ? Theme.oneLine(shown.name) : ""
                         Accessible.selected: TreeView.isActiveItem
                         Accessible.focusable: true
 
-                        Image {
-                            id: sign
-                            x: 2
-                            anchors.verticalCenter: parent.verticalCenter
-                            width: 18
-                            height: 18
-                            sourceSize: Qt.size(18, 18)
-                            source: "../kit/types/" + (row.shown && !row.shown.readable ? "locked" : "folder") + ".svg"
-                        }
-                        Label {
-                            anchors { left: sign.right; leftMargin: 7; right: marks.left; rightMargin: 4 }
-                            anchors.verticalCenter: parent.verticalCenter
-                            visible: !row.edited
-                            text: row.shown ? Theme.oneLine(row.shown.name) : ""
-                            font.pixelSize: 13
-                            font.weight: row.TreeView.isActiveItem ? Font.DemiBold : Font.Normal
-                            color: !row.shown || row.shown.readable ? Theme.text : Theme.errorText
-                        }
-                        // Few rows have any; each row costs what it is made of.
                         Loader {
-                            id: marks
-                            anchors { right: parent.right; rightMargin: 14; verticalCenter: parent.verticalCenter }
-                            active: row.shown !== null && (row.shown.label.a > 0 || row.shown.foundInside > 0)
-                            sourceComponent: Row {
-                                spacing: 4
-                                Rectangle {
-                                    anchors.verticalCenter: parent.verticalCenter
-                                    visible: row.shown !== null && row.shown.label.a > 0
-                                    width: 10
-                                    height: 10
-                                    radius: 5
-                                    color: row.shown ? row.shown.label : "transparent"
-                                    border.color: Theme.strongLine
-                                }
-                                Chip {
-                                    visible: row.shown !== null && row.shown.foundInside > 0
-                                    text: visible ? row.shown.foundInside : ""
-                                    tone: Theme.positive
-                                }
-                            }
-                        }
-                        Loader {
-                            anchors { left: sign.right; leftMargin: 3; right: parent.right; rightMargin: 14 }
-                            anchors.verticalCenter: parent.verticalCenter
-                            active: row.edited
-                            sourceComponent: ShelfNameField {
+                            anchors.fill: parent
+                            active: row.seen
+                            sourceComponent: ShelfTreeRow {
                                 document: row.shown
+                                active: row.TreeView.isActiveItem
+                                edited: row.edited
                                 onRenamed: {
                                     shelf.rename(row.shown, name);
                                     place.stopRenaming();
                                 }
-                                onCancelled: place.stopRenaming()
+                                onRenameCancelled: place.stopRenaming()
                             }
                         }
                     }
