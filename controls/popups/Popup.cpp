@@ -12,6 +12,8 @@
 #include <QQuickWindow>
 #include <QtNumeric>
 
+#include <optional>
+
 namespace om::controls {
 
 class Popup::Private
@@ -35,6 +37,9 @@ public:
     void finish();
     void releaseFade();
     void forgetAttachedItem();
+    std::optional<QPointF> place() const;
+    bool moveTo(const QPointF &place);
+    void follow();
     void followFrames(QQuickWindow *window);
     void filterEvents(QQuickWindow *window);
     bool isOutside(const QMouseEvent *press) const;
@@ -52,6 +57,8 @@ public:
     QPointF offset;
     QPropertyAnimation *const animation;
     QMetaObject::Connection frames;
+    /// Where the last frame put the popup, if something, such as anchors, put it back at once.
+    std::optional<QPointF> refusedPlace;
     /// The window that the filter is installed on; the item may have left it since.
     QPointer<QQuickWindow> filteredWindow;
 };
@@ -85,13 +92,56 @@ void Popup::Private::forgetAttachedItem()
 
 /// Under the threaded render loop the signal comes from the render thread; the automatic connection
 /// carries it over to the thread of the item.
+/// Where the popup is to lie; nothing while it has no parent item, or if that is no point.
+std::optional<QPointF> Popup::Private::place() const
+{
+    QQuickItem *const parent = q->parentItem();
+    if (!parent) {
+        return {};
+    }
+    const QQuickItem *const anchor = attachedItem ? attachedItem.data() : parent;
+    const QPointF place = anchor->mapToItem(parent, offset) - hotspot;
+    // NaN differs from itself: the popup would be moved with every frame.
+    if (!qIsFinite(place.x()) || !qIsFinite(place.y())) {
+        return {};
+    }
+    return place;
+}
+
+/// False when the popup was moved and is not there.
+bool Popup::Private::moveTo(const QPointF &place)
+{
+    // dependsOn() walks the ancestors: it is called only for a frame that would move the popup.
+    if (place == q->position() || dependsOn(attachedItem, q)) {
+        return true;
+    }
+    const QPointer<Popup> self(q);
+    q->setPosition(place);
+    return !self || q->position() == place;
+}
+
+/// Called for each frame. A place that was refused is not tried again: every try is a move there
+/// and back, which asks for a frame.
+void Popup::Private::follow()
+{
+    const std::optional<QPointF> next = place();
+    if (!next || next == refusedPlace) {
+        return;
+    }
+    const QPointer<Popup> self(q);
+    const bool moved = moveTo(*next);
+    if (self) {
+        refusedPlace = moved ? std::nullopt : next;
+    }
+}
+
 void Popup::Private::followFrames(QQuickWindow *window)
 {
     QObject::disconnect(frames);
     frames = {};
     if (window) {
         frames =
-            QObject::connect(window, &QQuickWindow::beforeSynchronizing, q, &Popup::updatePosition);
+            QObject::connect(window, &QQuickWindow::beforeSynchronizing, q, [this] { follow(); });
     }
 }
 
@@ -292,19 +342,8 @@ void Popup::reject()
 
 void Popup::updatePosition()
 {
-    QQuickItem *const parent = parentItem();
-    if (!parent) {
-        return;
-    }
-    const QQuickItem *const anchor = d->attachedItem ? d->attachedItem.data() : parent;
-    const QPointF place = anchor->mapToItem(parent, d->offset) - d->hotspot;
-    // NaN differs from itself: the popup would be moved with every frame.
-    if (!qIsFinite(place.x()) || !qIsFinite(place.y())) {
-        return;
-    }
-    // dependsOn() walks the ancestors: it is called only for a frame that would move the popup.
-    if (place != position() && !dependsOn(d->attachedItem, this)) {
-        setPosition(place);
+    if (const std::optional<QPointF> place = d->place()) {
+        d->moveTo(*place);
     }
 }
 

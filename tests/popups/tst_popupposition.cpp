@@ -45,6 +45,7 @@ private Q_SLOTS:
     void followsOneThatIsAttachedInACircle();
     void placesThatAreNotFinite_data();
     void placesThatAreNotFinite();
+    void anchorsWinWithoutFrames();
 };
 
 void TestPopupPosition::cleanup()
@@ -301,6 +302,31 @@ void TestPopupPosition::placesThatAreNotFinite()
     QCOMPARE(popup->position(), QPointF(90, 80));
     popup->setProperty("offset", QPointF(1, 30));
     QCOMPARE(popup->position(), QPointF(91, 80));
+}
+
+/// Following and anchors would put the popup here and there with each frame for ever.
+void TestPopupPosition::anchorsWinWithoutFrames()
+{
+    QmlView view;
+    view.load("Item { width: 200; height: 200\n"
+              "Item { x: 10; y: 20; width: 50; height: 50; Popup { objectName: 'popup'\n"
+              "width: 20; height: 20; offset: Qt.point(17, 80); anchors.left: parent.left } } }");
+    view.show();
+    QQuickItem *popup =
+        view.window()->contentItem()->findChild<QQuickItem *>(QStringLiteral("popup"));
+    popup->setProperty("open", true);
+    QTRY_VERIFY(fadeOf(popup)->state() == QAbstractAnimation::Stopped);
+    support::grab(view.window());
+    QCOMPARE(support::framesWhileIdle(view.window()), 0);
+    QCOMPARE(popup->position(), QPointF(0, 80));
+
+    // A new place is tried with the next frame, and one without anchors by whoever asks for it.
+    popup->setProperty("offset", QPointF(17, 60));
+    QCOMPARE(popup->position(), QPointF(0, 60));
+    evaluate(popup, QStringLiteral("anchors.left = undefined"));
+    QMetaObject::invokeMethod(popup, "updatePosition");
+    QCOMPARE(popup->position(), QPointF(17, 60));
+    QCOMPARE(support::framesWhileIdle(view.window()), 0);
 }
 
 QTEST_MAIN(TestPopupPosition)
