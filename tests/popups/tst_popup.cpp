@@ -5,6 +5,7 @@
 #include "tests/support/Leftovers.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/QmlView.h"
+#include "tests/support/Screen.h"
 #include "tests/support/SignalRecorder.h"
 
 #include <QPropertyAnimation>
@@ -425,7 +426,7 @@ void TestPopup::opensWithinOneFrame()
     support::grab(view.window());
     QCOMPARE(support::framesWhileIdle(view.window()), 0);
     QQuickItem *popup = view.item<>("popup");
-    QSignalSpy swapped(view.window(), &QQuickWindow::frameSwapped);
+    const support::FrameCounter swapped(view.window());
     popup->setProperty("open", true);
     // In place before the first frame, not only after it.
     QCOMPARE(popup->position(), QPointF(90, 80));

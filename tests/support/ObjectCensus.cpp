@@ -5,11 +5,12 @@
 
 #include <QCoreApplication>
 #include <QHash>
-#include <QMutex>
 #include <QTest>
 #include <QThread>
 #include <QtCore/private/qhooks_p.h>
 #include <QtCore/private/qobject_p.h>
+
+#include <mutex>
 
 namespace support {
 
@@ -23,13 +24,13 @@ class Census
 public:
     void add(QObject *object)
     {
-        const QMutexLocker lock(&m_lock);
+        const std::lock_guard<std::mutex> lock(m_lock);
         noticeNewTest();
         m_numbers.insert(object, m_next++);
     }
     void remove(QObject *object)
     {
-        const QMutexLocker lock(&m_lock);
+        const std::lock_guard<std::mutex> lock(m_lock);
         m_numbers.remove(object);
     }
 
@@ -38,7 +39,7 @@ public:
     template<typename Describe>
     QStringList list(Describe describe)
     {
-        const QMutexLocker lock(&m_lock);
+        const std::lock_guard<std::mutex> lock(m_lock);
         noticeNewTest();
         QStringList found;
         for (auto it = m_numbers.cbegin(); it != m_numbers.cend(); ++it) {
@@ -70,7 +71,7 @@ private:
         }
     }
 
-    QMutex m_lock;
+    std::mutex m_lock;
     QHash<QObject *, quint64> m_numbers;
     quint64 m_next = 1;
     quint64 m_firstOfTest = 1;

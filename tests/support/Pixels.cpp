@@ -3,8 +3,9 @@
 
 #include "tests/support/Pixels.h"
 
+#include "tests/support/Screen.h"
+
 #include <QQuickWindow>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <cstdlib>
@@ -67,20 +68,20 @@ int framesWhileIdle(QQuickWindow *window, int milliseconds)
 {
     // Let what is on its way arrive first: a window that goes on rendering never gets quiet here
     // and is counted below.
-    QSignalSpy swapped(window, &QQuickWindow::frameSwapped);
+    FrameCounter swapped(window);
     for (int quiet = 0, turn = 0; quiet < 3 && turn < 40; ++turn) {
-        swapped.clear();
+        swapped.reset();
         QTest::qWait(50);
-        quiet = swapped.isEmpty() ? quiet + 1 : 0;
+        quiet = swapped.count() == 0 ? quiet + 1 : 0;
     }
-    swapped.clear();
+    swapped.reset();
     QTest::qWait(milliseconds);
     return swapped.count();
 }
 
 int framesOf(QQuickWindow *window, const std::function<void()> &change)
 {
-    QSignalSpy swapped(window, &QQuickWindow::frameSwapped);
+    const FrameCounter swapped(window);
     change();
     for (int quiet = 0, before = 0; quiet < 3; ++quiet) {
         QTest::qWait(50);

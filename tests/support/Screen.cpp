@@ -27,11 +27,10 @@ QImage screenPixels(const QWindow *window)
         .toImage();
 }
 
-FrameCounter::FrameCounter(QQuickWindow *window)
+FrameCounter::FrameCounter(QQuickWindow *window, void (QQuickWindow::*signal)())
     : m_count(std::make_shared<std::atomic<int>>(0))
     , m_connection(QObject::connect(
-          window, &QQuickWindow::frameSwapped, window, [count = m_count] { ++*count; },
-          Qt::DirectConnection))
+          window, signal, window, [count = m_count] { ++*count; }, Qt::DirectConnection))
 {
 }
 

@@ -5,11 +5,11 @@
 
 #include <QImage>
 #include <QMetaObject>
+#include <QQuickWindow>
 
 #include <atomic>
 #include <memory>
 
-class QQuickWindow;
 class QWindow;
 
 namespace support {
@@ -22,11 +22,13 @@ void pinToScreen(QWindow *window);
 /// itself, so it shows a change that never asked for a frame; this does not.
 QImage screenPixels(const QWindow *window);
 
-/// Counts the frames that a window swaps, on whatever thread it renders.
+/// Counts the frames that a window swaps, or how often it emits another \a signal, on whatever
+/// thread it renders. A QSignalSpy writes its list on the thread that emits.
 class FrameCounter
 {
 public:
-    explicit FrameCounter(QQuickWindow *window);
+    explicit FrameCounter(QQuickWindow *window,
+                          void (QQuickWindow::*signal)() = &QQuickWindow::frameSwapped);
     ~FrameCounter();
     Q_DISABLE_COPY(FrameCounter)
 

@@ -5,10 +5,10 @@
 #include "tests/support/Leftovers.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/QmlView.h"
+#include "tests/support/Screen.h"
 #include "tests/support/SignalRecorder.h"
 
 #include <QProcess>
-#include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -366,7 +366,7 @@ void TestQRCode::sceneGraphReleasedAndRemade()
         QCOMPARE(moduleError(support::grab(view.window()), view.item("code"), modules, Qt::red,
                              Qt::white),
                  QString());
-        QSignalSpy gone(view.window(), &QQuickWindow::sceneGraphInvalidated);
+        const support::FrameCounter gone(view.window(), &QQuickWindow::sceneGraphInvalidated);
         view.window()->destroy();
         // The basic loop keeps a window's scene graph for as long as there is the window.
         if (qgetenv("QSG_RENDER_LOOP") == "threaded")

@@ -4,11 +4,11 @@
 #include "tests/support/Leftovers.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/QmlView.h"
+#include "tests/support/Screen.h"
 #include "tests/support/SignalRecorder.h"
 
 #include <QPointer>
 #include <QQmlComponent>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <cmath>
@@ -226,7 +226,7 @@ void TestSceneGraph::sceneGraphMadeAgain()
         framesWhileIdle(view.window(), 0);
         const QImage before = grab(view.window());
         QVERIFY(!before.isNull());
-        QSignalSpy invalidated(view.window(), &QQuickWindow::sceneGraphInvalidated);
+        const FrameCounter invalidated(view.window(), &QQuickWindow::sceneGraphInvalidated);
         if (how == QLatin1String("hide")) {
             view.window()->hide();
         } else if (how == QLatin1String("destroy")) {
