@@ -38,6 +38,7 @@ function(ombrel_test_entry name loop offscreen)
         "MALLOC_PERTURB_=36"
         "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
         "UBSAN_OPTIONS=print_stacktrace=1"
+        "TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/tsan.supp"
         "LC_ALL=C.UTF-8"
         "QSG_RENDER_LOOP=${loop}")
     if(offscreen)
