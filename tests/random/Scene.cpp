@@ -87,6 +87,13 @@ void Scene::note(const QString &name, QObject *object)
     });
 }
 
+bool Scene::enter()
+{
+    const bool allowed = m_handlers < 5;
+    m_handlers += allowed;
+    return allowed;
+}
+
 void Scene::tearDown(int order)
 {
     // The engine goes last: bindings between objects that JavaScript owns do not survive its end,

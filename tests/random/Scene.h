@@ -33,6 +33,10 @@ public:
 
     /// Called from documents: \a object has this name.
     Q_INVOKABLE void note(const QString &name, QObject *object);
+    /// Called from documents: whether a handler may run, which is not so from within five others.
+    /// One that may calls leave() at its end.
+    Q_INVOKABLE bool enter();
+    Q_INVOKABLE void leave() { --m_handlers; }
 
     QObject *object(const QString &name) const { return m_named.value(name); }
     QQuickItem *item(const QString &name) const;
@@ -51,4 +55,5 @@ private:
     std::vector<QPointer<QObject>> m_roots;
     std::vector<std::unique_ptr<QQmlComponent>> m_components;
     QHash<QString, QPointer<QObject>> m_named;
+    int m_handlers = 0;
 };

@@ -23,6 +23,9 @@ import time
 
 HANG = 10  # seconds without a step
 
+# What a sanitizer's report begins with: more lines follow, and the process ends by itself.
+SANITIZER = re.compile(r"^=+$|AddressSanitizer|runtime error:")
+
 NUMBERS = ["0", "1", "-1", "0.5", "3", "17", "40", "80", "120", "200", "333.3", "1e9", "-1e9", "1e19",
            "-1e19", "NaN", "Infinity", "-Infinity", "1e-320"]
 USUAL = ["0", "10", "20", "40", "60", "80", "100", "150", "200", "300"]
@@ -223,7 +226,8 @@ class Composer:
     def script(self):
         """What a handler in a document does."""
         target = self.reference()
-        return self.pick([
+        # Not for ever from within itself, as one that shows and hides its own ancestor would be.
+        return "if (scene.enter()) try { %s } finally { scene.leave() }" % self.pick([
             "if (%s) %s.visible = !%s.visible" % (target, target, target),
             "if (%s) %s.destroy()" % (target, target),
             "if (%s) %s.parent = %s" % (target, target, self.reference()),
@@ -469,6 +473,9 @@ class Run:
                     complaints.append(line)
                 elif line not in ("end", "done") and not known.search(line):
                     complaints.append("said: " + line)
+                    if not SANITIZER.search(line) and len(complaints) == 1:
+                        # It has failed; what comes later is of no use, and takes time.
+                        process.kill()
         code = process.wait()
         watcher.join()
         report = self.report()
@@ -476,11 +483,11 @@ class Run:
             self.wrong = "hang"
         elif report:
             self.wrong = report
-        elif code != 0 or "done" not in self.said[-2:]:
-            self.wrong = "ended with %d: %s" % (code, (self.said or [""])[-1])
-        elif complaints:
+        elif complaints and not SANITIZER.search(complaints[0]):
             # The kind, without the numbers.
             self.wrong = re.sub(r"0x[0-9a-f]+|\d+", "N", complaints[0])
+        elif code != 0 or "done" not in self.said[-2:]:
+            self.wrong = "ended with %d: %s" % (code, (self.said or [""])[-1])
 
     def report(self):
         """Of a sanitizer: what, and the first places of the library."""
@@ -501,6 +508,11 @@ class Run:
 def write_steps(path, steps):
     with open(path, "w", encoding="utf-8") as file:
         file.write("[\n" + ",\n".join(json.dumps(step, ensure_ascii=False) for step in steps) + "\n]\n")
+
+
+def write_log(path, run):
+    with open(path.replace(".json", ".log"), "w", encoding="utf-8") as file:
+        file.write("\n".join(run.said) + "\n")
 
 
 def shrink(program, path, steps, wrong, known, loop, deadline):
@@ -550,11 +562,12 @@ def main():
             continue
         print("seed %d: FAILED after %d steps: %s" % (seed, run.reached, run.wrong), flush=True)
         failed.append(seed)
+        write_log(path, run)
         steps = steps[:run.reached + 1]
         steps = shrink(options.program, path, steps, run.wrong, known, loop, time.monotonic() + options.shrink)
         last_run = Run(options.program, path, 60, known, loop)
-        with open(path.replace(".json", ".log"), "w", encoding="utf-8") as file:
-            file.write("\n".join(last_run.said) + "\n")
+        if last_run.wrong == run.wrong:
+            write_log(path, last_run)
         with open(path.replace(".json", ".qml"), "w", encoding="utf-8") as file:
             file.write("\n\n".join(step[2] for step in steps if step[0] == "make"))
         print("    %d steps are left: %s" % (len(steps), path), flush=True)
