@@ -103,7 +103,9 @@ QString htmlOf(const QString &markdown)
     while (at < lines.size()) {
         const QString &line = lines.at(at);
         const QRegularExpressionMatch title = heading.match(line);
-        if (line.trimmed().isEmpty()) {
+        // Comments are for tools/docs, and pictures are not in the program.
+        if (line.trimmed().isEmpty() || line.startsWith(QLatin1String("<!--"))
+            || line.startsWith(QLatin1String("<img "))) {
             ++at;
         } else if (title.hasMatch()) {
             html += QStringLiteral("<h%1>%2</h%1>")

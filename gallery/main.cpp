@@ -62,7 +62,7 @@ bool isScale(const QByteArray &text)
 QStringList pageNames(const QQuickWindow *window)
 {
     QStringList names;
-    const QVariantList pages = window->property("pages").toList();
+    const QVariantList pages = window->property("allPages").toList();
     for (const QVariant &page : pages) {
         names.append(page.toMap().value(QStringLiteral("name")).toString());
     }

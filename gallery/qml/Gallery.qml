@@ -11,6 +11,7 @@ Window {
     id: window
 
     readonly property var pages: PageList.pages
+    readonly property var allPages: PageList.pages.concat(PageList.apart)
     property string currentPage: pages[0].name
     readonly property var currentEntry: PageList.pageNamed(currentPage)
 

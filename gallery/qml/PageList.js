@@ -35,6 +35,11 @@ var pages = [
       types: ["Document", "Context"] },
 ];
 
+// Pages that the sidebar does not have: what the gallery itself is drawn with.
+var apart = [
+    { name: "kit", title: "The kit", section: "", file: "KitPage.qml", types: [] },
+];
+
 // The page with a demo of a type, or with another page's name; undefined when there is none.
 function pageOf(type) { return pages.find(page => page.types.includes(type)); }
-function pageNamed(name) { return pages.find(page => page.name === name); }
+function pageNamed(name) { return pages.concat(apart).find(page => page.name === name); }

@@ -44,7 +44,7 @@ Item {
     Field {
         id: field
         width: parent.width
-        leftPadding: 30
+        leftPadding: 32
         name: "Search"
         placeholderText: "Search  (Ctrl+K)"
         onTextEdited: box.search(text)

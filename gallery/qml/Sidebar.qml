@@ -31,7 +31,8 @@ Rectangle {
             pageChosen(pages[index].name);
     }
     function stepType(distance) {
-        const types = pages.find(page => page.name === currentPage).types;
+        const page = pages.find(page => page.name === currentPage);
+        const types = page ? page.types : [];
         const next = Math.min(types.length - 1, typeAt + distance);
         if (next < 0)
             return;
@@ -176,6 +177,12 @@ Rectangle {
         }
     }
 
+    // The focus is seen on the current page's entry, which a page that is not in the list has not.
+    FocusRing {
+        anchors.fill: list
+        shown: list.activeFocus && sidebar.pages.every(page => page.name !== sidebar.currentPage)
+    }
+
     Column {
         id: foot
         x: 12
@@ -211,7 +218,7 @@ Rectangle {
             onClicked: sidebar.folderWanted()
             background: Rectangle {
                 radius: Theme.radius
-                color: opened.hovered ? Theme.sunken : "transparent"
+                color: opened.hovered ? Theme.hover : "transparent"
                 FocusRing { shown: opened.visualFocus }
             }
             contentItem: Item {

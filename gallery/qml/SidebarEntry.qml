@@ -26,7 +26,7 @@ Item {
         width: parent.width - 24
         height: parent.height
         radius: Theme.radius
-        color: entry.current ? Theme.accentSoft : mouse.containsMouse ? Theme.window : "transparent"
+        color: entry.current ? Theme.accentSoft : mouse.containsMouse ? Theme.hover : "transparent"
         border.width: entry.focused ? Theme.focusWidth : 0
         border.color: Theme.focus
     }

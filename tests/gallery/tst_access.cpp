@@ -153,7 +153,7 @@ void TestAccess::cleanupTestCase()
 void TestAccess::addPages()
 {
     QTest::addColumn<QString>("page");
-    const QVariantList pages = m_window->property("pages").toList();
+    const QVariantList pages = m_window->property("allPages").toList();
     for (const QVariant &page : pages) {
         const QString name = page.toMap().value("name").toString();
         QTest::newRow(qPrintable(name)) << name;
@@ -333,6 +333,15 @@ void TestAccess::pressesOfAScreenReaderCount()
     QCOMPARE(m_window->property("currentPage").toString(), QString("popups"));
 }
 
+/// Parts of the kit look on their page as if they had the focus, with and without it.
+static bool posesAsFocused(QQuickItem *item)
+{
+    while (item && item->property("pose") != QLatin1String("focus")) {
+        item = item->parentItem();
+    }
+    return item;
+}
+
 void TestAccess::focusIsSeen_data()
 {
     addPages();
@@ -347,6 +356,9 @@ void TestAccess::focusIsSeen()
     QStringList unseen;
     const QVector<QQuickItem *> reached = stops();
     for (QQuickItem *item : reached) {
+        if (posesAsFocused(item)) {
+            continue;
+        }
         item->forceActiveFocus(Qt::TabFocusReason);
         const QImage with = m_window->grabWindow();
         // From every scope around it, or the next one out would have it.

@@ -162,7 +162,7 @@ Item {
         }
 
         function test_swatch() {
-            const swatch = find(colorEditor, item => item.radius === 9 && Qt.colorEqual(item.color, "#90C695"));
+            const swatch = find(colorEditor, item => item.radius === 8 && Qt.colorEqual(item.color, "#90C695"));
             mouseClick(swatch);
             verify(Qt.colorEqual(subject.tone, "#90C695"));
         }

@@ -31,11 +31,11 @@ TestCase {
             for (const ground of ["window", "panel", "sunken"])
                 add(text, ground);
         }
-        for (const ground of ["accentSoft", "positiveSoft", "warningSoft"]) {
+        for (const ground of ["accentSoft", "positiveSoft", "warningSoft", "hover"]) {
             add("text", ground);
             add("softText", ground);
         }
-        for (const pair of [["accentText", "accentSoft"], ["faintText", "accentSoft"], ["positiveText", "positiveSoft"],
+        for (const pair of [["accentText", "accentSoft"], ["accentText", "hover"], ["accentText", "line"], ["faintText", "accentSoft"], ["positiveText", "positiveSoft"],
                             ["positiveText", "panel"], ["positiveText", "sunken"], ["errorText", "errorSoft"],
                             ["accentContrast", "accent"], ["accentContrast", "accentHover"],
                             ["accentContrast", "accentPress"], ["panel", "text"]])

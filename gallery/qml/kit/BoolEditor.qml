@@ -30,8 +30,8 @@ PropertyRow {
             // Around it, where it stands on the card's ground and not on a green or grey one.
             Rectangle {
                 anchors.fill: parent
-                anchors.margins: -3
-                visible: button.visualFocus
+                anchors.margins: -4
+                visible: button.visualFocus || row.pose === "focus"
                 radius: height / 2
                 color: "transparent"
                 border.width: Theme.focusWidth
@@ -45,7 +45,8 @@ PropertyRow {
                 width: parent.height - 4
                 height: width
                 radius: height / 2
-                color: button.hovered ? Theme.accentSoft : Theme.panel
+                color: button.down || row.pose === "pressed" ? Theme.line
+                     : button.hovered || row.pose === "hover" ? Theme.accentSoft : Theme.panel
                 // Only for who switches it: a page shows its values at once.
                 Behavior on x {
                     enabled: button.hovered || button.activeFocus

@@ -12,10 +12,14 @@ Controls.AbstractButton {
     property bool flat: false
     // A drawn sign in place of the text, which then only names the button.
     property string sign
-    property bool shownFocused: visualFocus
+    // For the kit's own page: "hover", "pressed" or "focus" has it look so without being it.
+    property string pose
+    readonly property bool shownFocused: visualFocus || pose === "focus"
+    readonly property bool over: hovered || pose === "hover"
+    readonly property bool held: down || pose === "pressed"
 
     implicitWidth: sign !== "" ? 32 : Math.max(flat ? 0 : 72, label.implicitWidth + (flat ? 16 : 28))
-    implicitHeight: 30
+    implicitHeight: 32
     Accessible.role: checkable ? Accessible.CheckBox : Accessible.Button
     Accessible.name: text
     contentItem: Label {
@@ -37,21 +41,22 @@ Controls.AbstractButton {
     }
     background: Rectangle {
         radius: 4
-        color: button.flat ? (button.down || button.checked ? Theme.accentSoft
-                                                            : button.hovered && button.enabled ? Theme.sunken : "transparent")
+        color: button.flat ? (button.held && button.checked ? Theme.line
+                              : button.held || button.checked ? Theme.accentSoft
+                              : button.over && button.enabled ? Theme.hover : "transparent")
              : !button.enabled ? Theme.sunken
-             : button.primary ? (button.down ? Theme.accentPress : button.hovered ? Theme.accentHover : Theme.accent)
+             : button.primary ? (button.held ? Theme.accentPress : button.over ? Theme.accentHover : Theme.accent)
              : button.checked ? Theme.accentSoft
-                              : (button.down ? Theme.line : button.hovered ? Theme.sunken : Theme.panel)
+                              : (button.held ? Theme.line : button.over ? Theme.hover : Theme.panel)
         border.width: button.shownFocused ? Theme.focusWidth
                     : button.flat || (button.primary && button.enabled) ? 0 : 1
         border.color: button.shownFocused ? Theme.focus : Theme.strongLine
         // The focus on a coloured ground is told by a ring around it.
         Rectangle {
             anchors.fill: parent
-            anchors.margins: -3
+            anchors.margins: -4
             visible: button.shownFocused && button.primary
-            radius: 7
+            radius: 8
             color: "transparent"
             border.width: Theme.focusWidth
             border.color: Theme.focus

@@ -41,14 +41,17 @@ PropertyRow {
         }
         indicator: Sign {
             name: "chevron-down"
+            opacity: box.enabled ? 1 : 0.4
             x: box.width - width - 8
             y: (box.height - height) / 2
         }
         background: Rectangle {
             radius: 4
-            color: Theme.panel
-            border.width: box.activeFocus ? Theme.focusWidth : 1
-            border.color: box.activeFocus ? Theme.focus : box.hovered ? Theme.strongLine : Theme.line
+            readonly property bool focused: box.activeFocus || row.pose === "focus"
+            color: !box.enabled ? Theme.sunken : box.pressed || row.pose === "pressed" ? Theme.hover : Theme.panel
+            border.width: focused ? Theme.focusWidth : 1
+            border.color: focused ? Theme.focus
+                        : box.hovered || row.pose === "hover" ? Theme.strongLine : Theme.line
         }
         delegate: Controls.ItemDelegate {
             id: option

@@ -36,7 +36,7 @@ Item {
         }
         Button {
             anchors { right: parent.right; rightMargin: 4 }
-            y: 3
+            y: 2
             flat: true
             text: panel.copied ? "Copied" : "Copy"
             onClicked: {
@@ -75,7 +75,7 @@ Item {
             edit.textFormat: TextEdit.RichText
             edit.wrapMode: TextEdit.WordWrap
             edit.text: "<style>h1 { font-size: 18px; font-weight: 600 } h2, h3 { font-size: 15px; font-weight: 600 }"
-                       + " code, pre { font-family: monospace; font-size: 12px }"
+                       + " code, pre { font-family: monospace; font-size: 12px } pre { white-space: pre-wrap }"
                        + " .head { color: " + Theme.faintText + " }"
                        + " a { color: " + Theme.accentText + " }</style>" + reference.page(panel.type)
             onLinked: panel.linked(address)

@@ -14,6 +14,7 @@ PropertyRow {
         id: palette
         anchors.verticalCenter: parent.verticalCenter
         name: row.label
+        pose: row.pose
         colors: ["#000000", "#40A1BB", "#90C695", "#ECD284", "#C97B63"]
         current: row.current
         onPicked: row.write(color)
@@ -23,8 +24,8 @@ PropertyRow {
         anchors.verticalCenter: parent.verticalCenter
         font.family: Theme.monoFamily
         font.pixelSize: Theme.tiny
-        leftPadding: 5
-        rightPadding: 3
+        leftPadding: 4
+        rightPadding: 4
         maximumLength: 20
         name: row.label
         shown: String(row.current).toUpperCase()

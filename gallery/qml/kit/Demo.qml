@@ -17,8 +17,10 @@ Surface {
     readonly property string pictureName: title + "Demo"
     property list<Step> steps
     property int stageHeight: 240
-    // Stages grow with the window, so that a large one shows more and not only further apart.
-    readonly property int grownHeight: width >= 1200 ? stageHeight * 1.3 : stageHeight
+    // Stages grow with the window, so that a large one shows more and not only further apart; not one
+    // that is as high as what stands on it.
+    property bool grows: true
+    readonly property int grownHeight: grows && width >= 1200 ? stageHeight * 1.3 : stageHeight
     property bool plainStage: false
     default property alias live: stageItem.data
     property alias editors: editorColumn.data
@@ -36,7 +38,7 @@ Surface {
     readonly property bool wide: width >= 720 && hasEditors
     readonly property bool hasEditors: editorColumn.children.length > 0
     readonly property int editorWidth: !wide ? inner : width >= 1200 ? 380 : 320
-    readonly property int inner: width - 44
+    readonly property int inner: width - 48
 
     // A link of the reference page was followed.
     signal linked(string address)
@@ -71,7 +73,7 @@ Surface {
 
     width: parent ? parent.width : 0
     implicitHeight: (codePanel.active ? codePanel.y + codePanel.height
-                   : logs ? eventLog.y + eventLog.height : bodyEnd) + 22
+                   : logs ? eventLog.y + eventLog.height : bodyEnd) + 24
     height: implicitHeight
     readonly property real bodyEnd: wide ? Math.max(stageFrame.y + stageFrame.height, editorColumn.y + editorColumn.height)
                                   : hasEditors ? editorColumn.y + editorColumn.height
@@ -83,7 +85,7 @@ Surface {
     Row {
         id: commands
         anchors { right: parent.right; rightMargin: 16 }
-        y: 14
+        y: 16
         spacing: 4
         Button {
             flat: true
@@ -102,8 +104,8 @@ Surface {
     }
     Column {
         id: heading
-        x: 22
-        y: 18
+        x: 24
+        y: 20
         width: demo.inner
         spacing: 8
         Label {
@@ -131,7 +133,7 @@ Surface {
 
     Surface {
         id: stageFrame
-        x: 22
+        x: 24
         y: heading.y + heading.height + 16
         width: demo.wide ? demo.inner - demo.editorWidth - Theme.wideGap : demo.inner
         height: demo.wide ? Math.max(demo.grownHeight, editorColumn.height) : demo.grownHeight
@@ -148,7 +150,7 @@ Surface {
 
     Column {
         id: editorColumn
-        x: demo.wide ? demo.width - 22 - width : 22
+        x: demo.wide ? demo.width - 24 - width : 24
         y: demo.wide ? stageFrame.y : stageFrame.y + stageFrame.height + 16
         width: demo.editorWidth
     }
@@ -157,14 +159,14 @@ Surface {
         id: eventLog
         visible: demo.logs
         folded: true
-        x: 22
+        x: 24
         y: demo.bodyEnd + 16
         width: demo.inner
     }
 
     Loader {
         id: codePanel
-        x: 22
+        x: 24
         y: (demo.logs ? eventLog.y + eventLog.height : demo.bodyEnd) + 16
         width: demo.inner
         active: demo.codeShown

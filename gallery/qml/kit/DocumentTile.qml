@@ -17,8 +17,8 @@ Rectangle {
     border.color: inside ? Theme.positive : Theme.strongLine
 
     Label {
-        x: 14
-        width: parent.width - 28
+        x: 16
+        width: parent.width - 32
         anchors.verticalCenter: parent.verticalCenter
         text: tile.document ? Theme.oneLine(tile.document.name) : ""
     }

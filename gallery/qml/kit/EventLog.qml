@@ -48,7 +48,7 @@ Surface {
     Row {
         id: commands
         anchors { right: parent.right; rightMargin: 4 }
-        y: 3
+        y: 2
         Button {
             flat: true
             enabled: entries.count > 0

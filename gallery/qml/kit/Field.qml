@@ -13,6 +13,8 @@ Controls.TextField {
     // What is read out; the name of the property that it edits.
     property string name: placeholderText
     property var shown
+    // For the kit's own page: "hover", "pressed" or "focus" has it look so without being it.
+    property string pose
 
     function restore() {
         if (shown !== undefined)
@@ -32,7 +34,7 @@ Controls.TextField {
     verticalAlignment: TextInput.AlignVCenter
     selectByMouse: true
     color: enabled ? Theme.text : Theme.disabledText
-    placeholderTextColor: Theme.faintText
+    placeholderTextColor: enabled ? Theme.faintText : Theme.disabledText
     selectionColor: Theme.accent
     selectedTextColor: Theme.accentContrast
     font.family: Theme.family
@@ -40,9 +42,10 @@ Controls.TextField {
     background: Rectangle {
         radius: 4
         color: field.enabled ? Theme.panel : Theme.sunken
-        border.width: field.activeFocus || !field.valid ? Theme.focusWidth : 1
+        readonly property bool focused: field.activeFocus || field.pose === "focus"
+        border.width: focused || !field.valid ? Theme.focusWidth : 1
         border.color: !field.valid ? Theme.error
-                    : field.activeFocus ? Theme.focus
-                    : field.hovered ? Theme.strongLine : Theme.line
+                    : focused ? Theme.focus
+                    : field.hovered || field.pose === "hover" ? Theme.strongLine : Theme.line
     }
 }

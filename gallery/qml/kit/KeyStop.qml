@@ -9,6 +9,8 @@ FocusScope {
     id: stop
 
     property string name
+    // For the kit's own page: "hover", "pressed" or "focus" has it look so without being it.
+    property string pose
 
     activeFocusOnTab: true
     Accessible.role: Accessible.Slider
@@ -20,6 +22,6 @@ FocusScope {
 
     FocusRing {
         anchors.margins: -4
-        shown: stop.activeFocus
+        shown: stop.activeFocus || stop.pose === "focus"
     }
 }

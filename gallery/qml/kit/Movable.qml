@@ -8,6 +8,8 @@ Item {
     id: movable
 
     property string name
+    // For the kit's own page: "hover", "pressed" or "focus" has it look so without being it.
+    property string pose
     // How far outside the sign of the focus is.
     property real ringMargin: 4
     property real minimumX: -Infinity
@@ -35,7 +37,7 @@ Item {
 
     FocusRing {
         anchors.margins: -movable.ringMargin
-        shown: movable.activeFocus
+        shown: movable.activeFocus || movable.pose === "focus"
     }
     MouseArea {
         id: mouse

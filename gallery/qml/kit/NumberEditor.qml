@@ -16,7 +16,7 @@ PropertyRow {
 
     Controls.Slider {
         id: slider
-        anchors { left: parent.left; right: field.left; rightMargin: 10 }
+        anchors { left: parent.left; right: field.left; rightMargin: 12 }
         anchors.verticalCenter: parent.verticalCenter
         padding: 0
         from: row.from
@@ -45,10 +45,12 @@ PropertyRow {
             width: 16
             height: 16
             radius: 8
-            color: Theme.panel
-            border.width: slider.activeFocus ? Theme.focusWidth : 1
-            border.color: slider.activeFocus ? Theme.focus
-                        : slider.pressed || slider.hovered ? Theme.accent : Theme.strongLine
+            readonly property bool focused: slider.activeFocus || row.pose === "focus"
+            color: slider.pressed || row.pose === "pressed" ? Theme.accentSoft : Theme.panel
+            border.width: focused ? Theme.focusWidth : 1
+            border.color: focused ? Theme.focus
+                        : slider.pressed || slider.hovered || row.pose === "hover" || row.pose === "pressed"
+                          ? Theme.accent : Theme.strongLine
         }
         // Not a plain binding, which the first drag of the handle would end.
         readonly property real shown: row.value === undefined ? row.from : row.value
@@ -64,8 +66,9 @@ PropertyRow {
         id: field
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        width: 62
+        width: 64
         name: row.label
+        pose: row.pose
         horizontalAlignment: TextInput.AlignRight
         shown: row.value === undefined ? "" : Number(row.value).toFixed(row.decimals)
         validator: DoubleValidator { notation: DoubleValidator.StandardNotation; locale: "C" }

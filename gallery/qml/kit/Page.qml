@@ -102,7 +102,7 @@ Flickable {
 
         Column {
             width: parent.width
-            spacing: 6
+            spacing: 8
             bottomPadding: 8
             Label {
                 width: parent.width

@@ -12,6 +12,8 @@ QtObject {
     readonly property color window: dark ? "#1B1C1E" : "#F8F7F5"
     readonly property color sunken: dark ? "#1F2123" : "#FBFAF9"
     readonly property color panel: dark ? "#26282A" : "#FFFFFF"
+    // A panel's part under the pointer.
+    readonly property color hover: dark ? "#2D3032" : "#F4F3EF"
     readonly property color line: dark ? "#35383A" : "#EAE8E2"
     readonly property color strongLine: dark ? "#4C5052" : "#D8D7D1"
     readonly property color scrollThumb: dark ? "#85898B" : "#8B8A83"

@@ -17,7 +17,7 @@ PropertyRow {
                 width: (parent.width - 8) / 2
                 height: 28
                 Label {
-                    width: 14
+                    width: 16
                     height: parent.height
                     verticalAlignment: Text.AlignVCenter
                     text: modelData
@@ -26,9 +26,10 @@ PropertyRow {
                     Accessible.ignored: true
                 }
                 Field {
-                    x: 16
+                    x: 20
                     width: parent.width - x
                     name: row.label + " " + modelData
+                    pose: index === 0 ? row.pose : ""
                     horizontalAlignment: TextInput.AlignRight
                     shown: row.value === undefined ? ""
                                                    : String(Math.round(row.value[modelData] * 100) / 100)

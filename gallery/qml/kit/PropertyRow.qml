@@ -17,6 +17,8 @@ Item {
     property int labelWidth: 124
     // Whether it writes at all; a row that only shows does not.
     property bool writes: true
+    // For the kit's own page: "hover", "pressed" or "focus" has it look so without being it.
+    property string pose
     default property alias editor: slot.data
 
     signal edited(var newValue)

@@ -9,13 +9,16 @@ import QtQuick.Controls 2.5 as Controls
 Controls.ScrollBar {
     id: bar
 
+    // For the kit's own page: "hover" or "pressed" has it look so without being it.
+    property string pose
+
     policy: size < 1 ? Controls.ScrollBar.AlwaysOn : Controls.ScrollBar.AlwaysOff
-    padding: 3
+    padding: 4
     minimumSize: Math.min(1, 36 / Math.max(1, availableHeight))
     contentItem: Rectangle {
         implicitWidth: 8
-        implicitHeight: 30
+        implicitHeight: 32
         radius: 4
-        color: bar.pressed ? Theme.softText : bar.hovered ? Theme.faintText : Theme.scrollThumb
+        color: bar.pressed || bar.pose === "pressed" ? Theme.softText : bar.hovered || bar.pose === "hover" ? Theme.faintText : Theme.scrollThumb
     }
 }

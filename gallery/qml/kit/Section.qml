@@ -14,14 +14,14 @@ Surface {
     default property alias content: body.data
 
     width: parent ? parent.width : 0
-    implicitHeight: body.y + body.height + 22
+    implicitHeight: body.y + body.height + 24
     height: implicitHeight
 
     Column {
         id: heading
-        x: 22
-        y: 18
-        width: section.width - 44
+        x: 24
+        y: 20
+        width: section.width - 48
         spacing: 4
         Label {
             width: parent.width
@@ -43,9 +43,9 @@ Surface {
     }
     Column {
         id: body
-        x: 22
+        x: 24
         y: heading.y + heading.height + 16
-        width: section.width - 44
+        width: section.width - 48
         spacing: 12
     }
 }

@@ -11,7 +11,9 @@ Row {
     property var colors: []
     property color current
     property string name
-    property int size: 17
+    property int size: 16
+    // For the kit's own page: "hover", "pressed" or "focus" has it look so without being it.
+    property string pose
     // Where the keyboard is.
     property int at: 0
 
@@ -19,7 +21,7 @@ Row {
 
     function step(distance) { at = Math.max(0, Math.min(colors.length - 1, at + distance)); }
 
-    spacing: 5
+    spacing: 8
     activeFocusOnTab: true
     onActiveFocusChanged: {
         const held = colors.findIndex(color => Qt.colorEqual(color, current));
@@ -39,13 +41,14 @@ Row {
         Rectangle {
             id: swatch
             readonly property bool held: Qt.colorEqual(row.current, modelData)
-            readonly property bool focused: row.activeFocus && row.at === index
+            readonly property bool focused: (row.activeFocus || row.pose === "focus") && row.at === index
             width: row.size
             height: row.size
             radius: Math.ceil(row.size / 2)
             color: modelData
+            opacity: row.enabled ? 1 : 0.4
             border.width: held ? 2 : 1
-            border.color: held ? Theme.focus : mouse.containsMouse ? Theme.text : Theme.strongLine
+            border.color: held ? Theme.focus : mouse.containsMouse || (row.pose === "hover" && row.at === index) ? Theme.text : Theme.strongLine
             Accessible.role: Accessible.RadioButton
             Accessible.name: String(color)
             Accessible.checkable: true
@@ -54,7 +57,7 @@ Row {
             // Outside, for a colour may be like the ring's.
             Rectangle {
                 anchors.fill: parent
-                anchors.margins: -3
+                anchors.margins: -4
                 visible: swatch.focused
                 radius: width / 2
                 color: "transparent"

@@ -24,7 +24,7 @@ PropertyRow {
     implicitHeight: problem === "" ? 36 : 56
 
     Label {
-        y: 35
+        y: 36
         width: parent.width
         visible: row.problem !== ""
         text: row.problem
@@ -34,6 +34,7 @@ PropertyRow {
     Field {
         id: field
         name: row.label
+        pose: row.pose
         anchors.left: parent.left
         anchors.right: parent.right
         y: (36 - height) / 2

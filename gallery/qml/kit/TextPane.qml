@@ -11,6 +11,8 @@ Flickable {
 
     readonly property alias edit: edit
     property string name
+    // For the kit's own page: "hover", "pressed" or "focus" has it look so without being it.
+    property string pose
 
     signal linked(string address)
 
@@ -53,6 +55,6 @@ Flickable {
     }
     FocusRing {
         parent: pane.parent
-        shown: edit.activeFocus
+        shown: edit.activeFocus || pane.pose === "focus"
     }
 }

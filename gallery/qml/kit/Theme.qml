@@ -7,7 +7,7 @@ import QtQuick 2.12
 
 // Colours (see Palette), sizes and fonts of the gallery. Nothing else in it names a colour.
 Palette {
-    // One grid: every distance is a multiple of 4.
+    // One grid: every distance is a multiple of 4; what is at most 2 is no distance but a line.
     readonly property int gap: 8
     readonly property int wideGap: 24
     readonly property int radius: 6
@@ -17,13 +17,14 @@ Palette {
 
     readonly property string family: "Om_Lato"
     readonly property string monoFamily: "monospace"
-    // One scale of type.
+    // One scale of type: every text has one of these sizes.
     readonly property int tiny: 11
     readonly property int small: 12
     readonly property int medium: 13
     readonly property int normal: 14
     readonly property int large: 18
     readonly property int huge: 30
+    readonly property int display: 48
 
     // Pixels of the screen to one of the window: drawings are read at the size they are seen at, and
     // the system's own rendering of a font fits whole numbers only.

@@ -136,7 +136,7 @@ Item {
         x: picker.stacked ? 0 : squareStop.width + 36
         y: picker.stacked ? alphaStrip.y + alphaStrip.height + 24 : 0
         width: picker.width - x
-        spacing: 14
+        spacing: 12
 
         // The new colour beside the previous one.
         CheckerBox {
@@ -227,7 +227,7 @@ Item {
             }
         }
         Row {
-            spacing: 10
+            spacing: 8
             Button { text: "Take"; primary: true; onClicked: picker.previous = mapper.color }
             Button { text: "Back"; onClicked: mapper.updateColor(picker.previous) }
         }

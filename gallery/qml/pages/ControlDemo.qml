@@ -48,6 +48,6 @@ Demo {
         ChoiceEditor { id: edgeEditor; label: "edge"; options: demo.edges; value: Control.LeftEdge; onEdited: value = newValue },
         ValueRow { label: "value"; value: demo.edge },
         NumberEditor { id: weightEditor; label: "weight"; value: 25; from: 0; to: 99; onEdited: value = newValue },
-        ValueRow { label: "fontFamilyForWeight"; value: Control.fontFamilyForWeight(weightEditor.value) }
+        ValueRow { label: "fontFamilyForWeight"; labelWidth: 132; value: Control.fontFamilyForWeight(weightEditor.value) }
     ]
 }

@@ -75,14 +75,14 @@ Demo {
 
     Row {
         id: crumbs
-        x: 14
+        x: 16
         height: 40
-        spacing: 6
+        spacing: 4
         Repeater {
             model: demo.path
             Row {
                 height: crumbs.height
-                spacing: 6
+                spacing: 4
                 Sign {
                     name: "chevron-right"
                     visible: index > 0
@@ -114,7 +114,7 @@ Demo {
     }
     Label {
         anchors.right: parent.right
-        anchors.rightMargin: 14
+        anchors.rightMargin: 16
         height: 40
         verticalAlignment: Text.AlignVCenter
         text: demo.count === 1 ? "1 document" : demo.count + " documents"
@@ -138,9 +138,9 @@ Demo {
     ListView {
         id: list
         anchors.fill: parent
-        anchors.topMargin: 41
-        topMargin: 6
-        bottomMargin: 6
+        anchors.topMargin: crumbs.height + 1
+        topMargin: 8
+        bottomMargin: 8
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         model: demo.folder ? demo.folder.children : []
@@ -174,11 +174,11 @@ Demo {
 
             Rectangle {
                 anchors.fill: parent
-                anchors.leftMargin: 6
+                anchors.leftMargin: 8
                 anchors.rightMargin: 12
                 radius: Theme.radius
                 color: entry.document === demo.selected ? Theme.accentSoft
-                     : mouse.containsMouse ? Theme.window : "transparent"
+                     : mouse.containsMouse ? Theme.hover : "transparent"
                 border.width: list.activeFocus && entry.ListView.isCurrentItem ? Theme.focusWidth : 0
                 border.color: Theme.focus
             }

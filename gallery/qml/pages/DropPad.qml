@@ -111,7 +111,7 @@ Item {
         anchors.centerIn: parent
         width: parent.width - 40
         visible: pad.shown.length === 0
-        spacing: 6
+        spacing: 8
 
         Rectangle {
             anchors.horizontalCenter: parent.horizontalCenter
@@ -127,7 +127,7 @@ Item {
         }
         Label {
             width: parent.width
-            topPadding: 6
+            topPadding: 8
             horizontalAlignment: Text.AlignHCenter
             text: pad.over ? "A drag without files" : refusal.over ? "Would not take this" : pad.invitation
             color: refusal.over ? Theme.errorText : Theme.text
@@ -147,7 +147,7 @@ Item {
 
     Item {
         anchors.fill: parent
-        anchors.margins: 18
+        anchors.margins: 16
         visible: pad.shown.length > 0
 
         Label {
@@ -189,7 +189,7 @@ Item {
                 height: 92
                 Label {
                     anchors.fill: parent
-                    anchors.bottomMargin: 22
+                    anchors.bottomMargin: 24
                     horizontalAlignment: Text.AlignHCenter
                     verticalAlignment: Text.AlignVCenter
                     text: "+ " + (pad.shown.length - flow.tiles).toLocaleString(Qt.locale(), "f", 0)

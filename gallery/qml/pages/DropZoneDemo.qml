@@ -29,7 +29,7 @@ Demo {
         x: 18
         y: 18
         width: parent.width - 36
-        spacing: 10
+        spacing: 12
         Repeater {
             model: pad.zone.dropHandlers.length
             Rectangle {
@@ -62,7 +62,7 @@ Demo {
 
     DropPad {
         id: pad
-        anchors { fill: parent; margins: 18; topMargin: 70 }
+        anchors { fill: parent; margins: 16; topMargin: 72 }
         takes: "Images, videos, and whatever else comes"
         onHappened: log.note(what)
 

@@ -23,14 +23,14 @@ Demo {
 
     DropPad {
         id: anyPad
-        anchors { fill: parent; margins: 18; rightMargin: parent.width / 2 + 8 }
+        anchors { fill: parent; margins: 16; rightMargin: parent.width / 2 + 8 }
         takes: "Every file"
         onHappened: log.note("any: " + what)
         FileDropHandler {}
     }
     DropPad {
         id: suffixPad
-        anchors { fill: parent; margins: 18; leftMargin: parent.width / 2 + 8 }
+        anchors { fill: parent; margins: 16; leftMargin: parent.width / 2 + 8 }
         takes: handler.suffixes.length > 0 ? Array.from(handler.suffixes).join(", ")
                                            : "The list is empty: every file"
         onHappened: log.note("list: " + what)

@@ -52,14 +52,14 @@ Item {
             color: tile.problem !== "" ? tile.tone : Theme.textOnTone(tile.tone)
             wrapMode: Text.WordWrap
             maximumLineCount: 3
-            font.pixelSize: tile.problem !== "" ? Theme.small : 17
+            font.pixelSize: tile.problem !== "" ? Theme.small : Theme.large
             font.weight: Font.DemiBold
             font.capitalization: tile.problem !== "" ? Font.MixedCase : Font.AllUppercase
         }
         Image {
             id: image
             anchors.fill: parent
-            anchors.margins: 3
+            anchors.margins: 4
             visible: tile.problem === ""
             asynchronous: true
             fillMode: Image.PreserveAspectCrop

@@ -24,14 +24,14 @@ Demo {
     }
     Column {
         anchors.centerIn: parent
-        spacing: 18
+        spacing: 16
         Row {
             anchors.horizontalCenter: parent.horizontalCenter
-            spacing: 10
+            spacing: 12
             Label {
                 id: rate
                 text: counter.currentFps
-                font.pixelSize: 48
+                font.pixelSize: Theme.display
                 font.weight: Font.Light
             }
             Label {

@@ -32,7 +32,7 @@ Page {
         title: "icons"
         Flow {
             width: parent.width
-            spacing: 10
+            spacing: 8
             Repeater {
                 model: page.icons
                 IconTile { folder: "icons"; file: modelData }
@@ -43,7 +43,7 @@ Page {
         title: "images"
         Flow {
             width: parent.width
-            spacing: 10
+            spacing: 8
             Repeater {
                 model: page.images
                 IconTile { folder: "images"; file: modelData }
@@ -85,7 +85,7 @@ Page {
                 height: 150
                 source: "qrc:/controls/images/dialog-shadow.png"
                 border { left: 36; right: 36; top: 36; bottom: 36 }
-                Rectangle { anchors.fill: parent; anchors.margins: 18; radius: Theme.radius; color: Theme.paper }
+                Rectangle { anchors.fill: parent; anchors.margins: 20; radius: Theme.radius; color: Theme.paper }
             }
             BorderImage {
                 width: 220

@@ -35,12 +35,12 @@ Demo {
             // Not for Tab: a key that takes the focus would have nobody to type to.
             Accessible.role: Accessible.Grouping
             Accessible.name: "On-screen keyboard"
-            spacing: 6
+            spacing: 4
             Repeater {
                 model: ["QWERTYUIOP", "ASDFGHJKL", "ZXCVBNM"]
                 Row {
                     anchors.horizontalCenter: parent.horizontalCenter
-                    spacing: 6
+                    spacing: 4
                     Repeater {
                         model: modelData.split("")
                         Button {
@@ -55,7 +55,7 @@ Demo {
             }
             Row {
                 anchors.horizontalCenter: parent.horizontalCenter
-                spacing: 6
+                spacing: 4
                 Button { width: 74; height: 34; focusPolicy: Qt.NoFocus; text: "Left"; sign: "arrow-left"; onClicked: demo.type(Qt.Key_Left, "") }
                 Button { width: 154; height: 34; focusPolicy: Qt.NoFocus; text: "Space"; onClicked: demo.type(Qt.Key_Space, " ") }
                 Button { width: 74; height: 34; focusPolicy: Qt.NoFocus; text: "Backspace"; sign: "backspace"; onClicked: demo.type(Qt.Key_Backspace, "") }

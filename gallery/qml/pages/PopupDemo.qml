@@ -77,7 +77,7 @@ Demo {
         }
         Sign {
             name: "chevron-down"
-            anchors { right: parent.right; rightMargin: 10; verticalCenter: parent.verticalCenter }
+            anchors { right: parent.right; rightMargin: 8; verticalCenter: parent.verticalCenter }
         }
         activeFocusOnTab: true
         Keys.onSpacePressed: demo.openList()

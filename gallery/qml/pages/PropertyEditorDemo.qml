@@ -26,7 +26,7 @@ Demo {
     Column {
         anchors.centerIn: parent
         width: parent.width - 80
-        spacing: 14
+        spacing: 16
 
         Rectangle {
             width: parent.width
@@ -75,7 +75,7 @@ Demo {
                 onSpacePressed: log.note("spacePressed")
 
                 Label {
-                    anchors { fill: parent; leftMargin: 14; rightMargin: 14 }
+                    anchors { fill: parent; leftMargin: 16; rightMargin: 16 }
                     verticalAlignment: Text.AlignVCenter
                     visible: !editor.editing
                     text: editor.document && editor.document[editor.property] !== undefined
@@ -83,7 +83,7 @@ Demo {
                 }
                 TextInput {
                     id: field
-                    anchors { fill: parent; leftMargin: 14; rightMargin: 14 }
+                    anchors { fill: parent; leftMargin: 16; rightMargin: 16 }
                     verticalAlignment: TextInput.AlignVCenter
                     focus: true
                     opacity: editor.editing ? 1 : 0

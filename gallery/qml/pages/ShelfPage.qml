@@ -6,6 +6,6 @@ import "../shelf"
 
 // A small application made of the library: a folder to be put in order. It fills its place.
 ShelfView {
-    // As tall as it is made.
-    readonly property real contentHeight: 0
+    // What it needs at least: it takes what there is.
+    readonly property real contentHeight: 480
 }

@@ -119,17 +119,17 @@ Demo {
 
     Row {
         id: commands
-        x: 14
-        y: 10
+        x: 16
+        y: 8
         spacing: 8
         Button { text: "Folder"; width: 84; onClicked: demo.showFolder() }
         Button { text: "Thousands"; width: 96; onClicked: demo.showThousands() }
         Button { text: "None"; width: 70; onClicked: demo.show([]) }
     }
     Label {
-        anchors { left: commands.right; leftMargin: 12; right: parent.right; rightMargin: 14 }
-        y: 10
-        height: 30
+        anchors { left: commands.right; leftMargin: 12; right: parent.right; rightMargin: 16 }
+        y: 8
+        height: 32
         verticalAlignment: Text.AlignVCenter
         horizontalAlignment: Text.AlignRight
         visible: demo.cut
@@ -153,7 +153,7 @@ Demo {
     }
 
     DragZone {
-        anchors { fill: parent; topMargin: 49 }
+        anchors { fill: parent; topMargin: commands.y + commands.height + 9 }
         dragDocuments: tree.activeDocument ? [tree.activeDocument] : []
         dragDelegate: DocumentTile { document: tree.activeDocument; width: 200; opacity: 0.8 }
 
@@ -161,8 +161,8 @@ Demo {
         Flickable {
             id: flick
             anchors.fill: parent
-            topMargin: 6
-            bottomMargin: 6
+            topMargin: 8
+            bottomMargin: 8
             contentHeight: tree.height
             clip: true
             interactive: false
@@ -281,7 +281,7 @@ Demo {
             width: parent ? parent.width : 0
             height: 66
             Rectangle {
-                anchors { fill: parent; topMargin: 10 }
+                anchors { fill: parent; topMargin: 12 }
                 radius: Theme.radius
                 color: shelf.containsDrag ? Theme.positiveSoft : Theme.sunken
                 border { width: 1; color: Theme.strongLine }

@@ -20,6 +20,7 @@ Demo {
     ]
     logs: false
     stageHeight: grid.height + 32
+    grows: false
 
     // Enumeration values of a singleton are not listed by for…in: the names stand here.
     readonly property var names: [

@@ -16,7 +16,7 @@ Demo {
 
     DropPad {
         id: pad
-        anchors { fill: parent; margins: 18 }
+        anchors { fill: parent; margins: 16 }
         invitation: "Drop videos here"
         takes: Array.from(handler.suffixes).join(", ")
         onHappened: log.note(what)

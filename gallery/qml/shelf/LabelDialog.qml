@@ -95,7 +95,7 @@ ShelfDialog {
     Column {
         x: square.width + 22
         width: parent.width - x
-        spacing: 10
+        spacing: 12
         Rectangle {
             width: parent.width
             height: 40

@@ -33,7 +33,7 @@ ShelfDialog {
         sunken: true
         ListView {
             id: list
-            anchors { fill: parent; margins: 6 }
+            anchors { fill: parent; margins: 8 }
             clip: true
             boundsBehavior: Flickable.StopAtBounds
             activeFocusOnTab: true
@@ -45,12 +45,12 @@ ShelfDialog {
             Keys.onDownPressed: flick(0, -600)
             delegate: Label {
                 width: list.width - 14
-                leftPadding: 6
-                topPadding: 3
-                bottomPadding: 3
+                leftPadding: 8
+                topPadding: 4
+                bottomPadding: 4
                 wrapMode: Text.Wrap
                 text: Theme.oneLine(modelData)
-                font.pixelSize: 13
+                font.pixelSize: Theme.medium
                 Accessible.role: Accessible.ListItem
                 Accessible.name: text
             }

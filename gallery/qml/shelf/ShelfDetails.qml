@@ -52,7 +52,7 @@ Rectangle {
             x: 16
             y: 16
             width: details.width - 32
-            spacing: 10
+            spacing: 12
 
             Surface {
                 width: parent.width
@@ -67,7 +67,7 @@ Rectangle {
             Label {
                 width: parent.width
                 text: details.document ? Theme.oneLine(details.document.name) : ""
-                font.pixelSize: 16
+                font.pixelSize: Theme.large
                 font.weight: Font.DemiBold
                 wrapMode: Text.Wrap
                 maximumLineCount: 3
@@ -80,7 +80,7 @@ Rectangle {
                     : details.document.types[0] + (details.document.folder ? "" : ", " + shelf.sizeText(details.document.size))
                       + (details.document.added ? ", not saved yet" : "")
                 color: Theme.softText
-                font.pixelSize: 13
+                font.pixelSize: Theme.medium
                 wrapMode: Text.Wrap
             }
             Row {
@@ -107,7 +107,7 @@ Rectangle {
             }
             Label {
                 text: "Address"
-                topPadding: 6
+                topPadding: 8
                 color: Theme.faintText
                 font.pixelSize: Theme.small
             }

@@ -50,7 +50,7 @@ Item {
             anchors { left: parent.left; leftMargin: 60; right: parent.right; rightMargin: 8; verticalCenter: parent.verticalCenter }
             text: card.documents.length === 1 ? Theme.oneLine(card.documents[0].name)
                                               : card.documents.length + " items"
-            font.pixelSize: 13
+            font.pixelSize: Theme.medium
             elide: Text.ElideMiddle
         }
     }

@@ -98,7 +98,7 @@ Item {
         GridView {
             id: grid
             readonly property int columns: Math.max(2, Math.floor(width / 128))
-            anchors { fill: parent; leftMargin: 8; rightMargin: 14 }
+            anchors { fill: parent; leftMargin: 8; rightMargin: 16 }
             topMargin: 8
             bottomMargin: 8
             cellWidth: Math.floor(width / columns)
@@ -178,7 +178,7 @@ Item {
     }
 
     Rectangle {
-        anchors { fill: parent; margins: 3 }
+        anchors { fill: parent; margins: 4 }
         visible: grid.activeFocus && grid.count === 0
         radius: Theme.radius
         color: "transparent"
@@ -189,7 +189,7 @@ Item {
         anchors.centerIn: parent
         visible: grid.count === 0
         width: parent.width - 48
-        spacing: 6
+        spacing: 8
         Label {
             width: parent.width
             horizontalAlignment: Text.AlignHCenter
@@ -222,7 +222,7 @@ Item {
         color: Theme.positive
     }
     Rectangle {
-        anchors { fill: parent; margins: 3 }
+        anchors { fill: parent; margins: 4 }
         visible: place.target !== null && place.target.into < 0 && (place.target.row < 0 || place.target.problem !== "")
         radius: Theme.radius
         color: "transparent"

@@ -89,11 +89,11 @@ PopupAnchorItem {
                             x: 10
                             anchors.verticalCenter: parent.verticalCenter
                             text: modelData.text
-                            font.pixelSize: 13
+                            font.pixelSize: Theme.medium
                             color: modelData.enabled ? Theme.text : Theme.disabledText
                         }
                         Label {
-                            anchors { right: parent.right; rightMargin: 10; verticalCenter: parent.verticalCenter }
+                            anchors { right: parent.right; rightMargin: 8; verticalCenter: parent.verticalCenter }
                             text: modelData.keys
                             font.pixelSize: Theme.small
                             color: modelData.enabled ? Theme.faintText : Theme.disabledText

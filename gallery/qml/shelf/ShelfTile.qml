@@ -40,7 +40,7 @@ Item {
         anchors { fill: parent; margins: 4 }
         radius: Theme.radius
         color: tile.entered ? Theme.positiveSoft : tile.selected ? Theme.accentSoft
-             : tile.hovered ? Theme.sunken : "transparent"
+             : tile.hovered ? Theme.hover : "transparent"
         border.width: tile.current || tile.entered ? 2 : tile.selected ? 1 : 0
         border.color: tile.entered ? Theme.positive : tile.current ? Theme.focus : Theme.accent
         opacity: tile.dimmed ? 0.45 : 1
@@ -59,14 +59,14 @@ Item {
                 document: tile.document
             }
             Label {
-                anchors { bottom: parent.bottom; bottomMargin: 6; horizontalCenter: parent.horizontalCenter }
+                anchors { bottom: parent.bottom; bottomMargin: 8; horizontalCenter: parent.horizontalCenter }
                 visible: picture.problem !== ""
                 text: picture.problem
                 color: Theme.errorText
-                font.pixelSize: 11
+                font.pixelSize: Theme.tiny
             }
             Chip {
-                anchors { right: parent.right; top: parent.top; margins: 5 }
+                anchors { right: parent.right; top: parent.top; margins: 4 }
                 visible: tile.document !== null && tile.document.foundInside > 0
                 text: visible ? tile.document.foundInside : ""
                 tone: Theme.positive
@@ -74,8 +74,8 @@ Item {
         }
         Row {
             id: caption
-            anchors { top: frame.bottom; topMargin: 7; horizontalCenter: parent.horizontalCenter }
-            spacing: 5
+            anchors { top: frame.bottom; topMargin: 8; horizontalCenter: parent.horizontalCenter }
+            spacing: 4
             visible: !tile.renaming
             Rectangle {
                 anchors.verticalCenter: parent.verticalCenter
@@ -90,7 +90,7 @@ Item {
             Label {
                 width: Math.min(implicitWidth, frame.width - (tile.document && tile.document.label.a > 0 ? 15 : 0))
                 text: tile.document ? Theme.oneLine(tile.document.name) : ""
-                font.pixelSize: 13
+                font.pixelSize: Theme.medium
                 elide: Text.ElideMiddle
                 color: tile.selected ? Theme.accentText : Theme.text
             }

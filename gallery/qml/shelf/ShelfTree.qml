@@ -64,8 +64,8 @@ Item {
         Flickable {
             id: flick
             anchors.fill: parent
-            topMargin: 6
-            bottomMargin: 6
+            topMargin: 8
+            bottomMargin: 8
             contentHeight: tree.height
             clip: true
             interactive: false

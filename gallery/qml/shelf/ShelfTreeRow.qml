@@ -26,18 +26,18 @@ Item {
         source: "../kit/types/" + (row.document && !row.document.readable ? "locked" : "folder") + ".svg"
     }
     Label {
-        anchors { left: sign.right; leftMargin: 7; right: marks.left; rightMargin: 4 }
+        anchors { left: sign.right; leftMargin: 8; right: marks.left; rightMargin: 4 }
         anchors.verticalCenter: parent.verticalCenter
         visible: !row.edited
         text: row.document ? Theme.oneLine(row.document.name) : ""
-        font.pixelSize: 13
+        font.pixelSize: Theme.medium
         font.weight: row.active ? Font.DemiBold : Font.Normal
         color: !row.document || row.document.readable ? Theme.text : Theme.errorText
     }
     // Few rows have any.
     Loader {
         id: marks
-        anchors { right: parent.right; rightMargin: 14; verticalCenter: parent.verticalCenter }
+        anchors { right: parent.right; rightMargin: 16; verticalCenter: parent.verticalCenter }
         active: row.document !== null && (row.document.label.a > 0 || row.document.foundInside > 0)
         sourceComponent: Row {
             spacing: 4
@@ -58,7 +58,7 @@ Item {
         }
     }
     Loader {
-        anchors { left: sign.right; leftMargin: 3; right: parent.right; rightMargin: 14 }
+        anchors { left: sign.right; leftMargin: 4; right: parent.right; rightMargin: 16 }
         anchors.verticalCenter: parent.verticalCenter
         active: row.edited
         sourceComponent: ShelfNameField {

@@ -140,13 +140,13 @@ FocusScope {
     Rectangle {
         id: bar
         width: parent.width
-        height: 54
+        height: 56
         color: Theme.window
         Accessible.role: Accessible.ToolBar
         Accessible.name: "Shelf"
         Rectangle { y: parent.height - 1; width: parent.width; height: 1; color: Theme.line }
         Row {
-            x: 14
+            x: 16
             anchors.verticalCenter: parent.verticalCenter
             spacing: 8
             Button {
@@ -166,7 +166,7 @@ FocusScope {
             Label {
                 anchors.verticalCenter: parent.verticalCenter
                 visible: page.width > 760
-                width: Math.max(0, page.width - 64 * 2 - searchField.width - tools.width - 78)
+                width: Math.max(0, page.width - 64 * 2 - searchField.width - tools.width - 80)
                 leftPadding: 8
                 text: shelf.history.canUndo ? "Last: " + Theme.oneLine(shelf.history.undoText) : ""
                 color: Theme.faintText
@@ -175,7 +175,7 @@ FocusScope {
         }
         Row {
             id: tools
-            anchors { right: parent.right; rightMargin: 14; verticalCenter: parent.verticalCenter }
+            anchors { right: parent.right; rightMargin: 16; verticalCenter: parent.verticalCenter }
             spacing: 8
             Label {
                 anchors.verticalCenter: parent.verticalCenter
@@ -267,7 +267,7 @@ FocusScope {
             Accessible.name: text
         }
         Label {
-            anchors { left: counts.right; leftMargin: 18; right: rate.visible ? rate.left : parent.right; rightMargin: 16 }
+            anchors { left: counts.right; leftMargin: 16; right: rate.visible ? rate.left : parent.right; rightMargin: 16 }
             height: parent.height
             verticalAlignment: Text.AlignVCenter
             horizontalAlignment: Text.AlignRight
