@@ -94,15 +94,22 @@ function(ombrel_add_tests)
     ombrel_check_test_names()
     foreach(source IN LISTS sources)
         get_filename_component(test "${source}" NAME_WE)
-        add_executable(${folder}_${test} "${source}")
+        # Only the file itself is for moc. CMake's own way takes a run of CMake and one of the compiler
+        # for each target besides, which here would be half of a build's steps.
+        set(moc "${CMAKE_CURRENT_BINARY_DIR}/${test}.moc")
+        qt5_generate_moc("${source}" "${moc}" TARGET ${folder}_${test})
+        add_executable(${folder}_${test} "${source}" "${moc}")
         target_link_libraries(${folder}_${test} PRIVATE ombrel_test_support ${arg_LIBRARIES})
+        target_precompile_headers(${folder}_${test} REUSE_FROM ombrel_precompiled_tests)
         if(test IN_LIST arg_INTERNAL)
             target_link_libraries(${folder}_${test} PRIVATE ombrel_controls ombrel_logging
                                   ombrel_resources)
         else()
             add_dependencies(${folder}_${test} ombrelcontrolsplugin)
         endif()
+        target_include_directories(${folder}_${test} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")
         set_target_properties(${folder}_${test} PROPERTIES
+            AUTOMOC OFF
             RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
         ombrel_test_entries(${test} $<TARGET_FILE:${folder}_${test}>)
     endforeach()

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-#include "tests/tree/Destroyer.h"
+#include "tests/support/Destroyer.h"
 #include "tests/tree/TreeFixture.h"
 
 #include <OmbrelDataCore/Context.h>
@@ -444,5 +444,4 @@ void TestTreeAbuse::nestedCollapse()
 }
 
 QTEST_MAIN(TestTreeAbuse)
-#include "moc_Destroyer.cpp"
 #include "tst_treeabuse.moc"

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Destroyer.h"
 #include "tests/support/SignalRecorder.h"
-#include "tests/tree/Destroyer.h"
 #include "tests/tree/TreeFixture.h"
 
 #include <QMetaMethod>
@@ -450,5 +450,4 @@ void TestTreeLifetimes::viewDestroyedWhenAPredecessorIsSet()
 }
 
 QTEST_MAIN(TestTreeLifetimes)
-#include "moc_Destroyer.cpp"
 #include "tst_treelifetimes.moc"
