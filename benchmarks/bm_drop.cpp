@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "benchmarks/support/Instructions.h"
 #include "benchmarks/support/Measures.h"
 #include "benchmarks/support/SideBySide.h"
 
@@ -171,7 +172,7 @@ int measureImport(const QByteArray &module)
     create("");
     QElapsedTimer timer;
     timer.start();
-    create("import " + module);
+    benchmark::countInstructions("import", [&] { create("import " + module); });
     std::printf("%lld\n", static_cast<long long>(timer.nsecsElapsed() / 1000));
     return 0;
 }
@@ -184,16 +185,26 @@ double importTime(const QString &module)
     return process.readAllStandardOutput().toDouble();
 }
 
-void importRow()
+double importInstructions(const QString &module)
 {
+    return benchmark::instructionsOf({QStringLiteral("--import"), module})["import"];
+}
+
+void importRows()
+{
+    const QString our = QStringLiteral("ombrel.Controls 1.0");
+    const QString their = QStringLiteral("QtQuick.Controls 2.15");
     std::vector<double> ours;
     std::vector<double> theirs;
     for (int round = 0; round < 21; ++round) {
-        ours.push_back(importTime(QStringLiteral("ombrel.Controls 1.0")));
-        theirs.push_back(importTime(QStringLiteral("QtQuick.Controls 2.15")));
+        ours.push_back(importTime(our));
+        theirs.push_back(importTime(their));
     }
     benchmark::printRow("import, beside QtQuick.Controls 2.15", 0.25, benchmark::median(ours),
                         benchmark::median(theirs), "us");
+    if (const double counted = importInstructions(our)) {
+        benchmark::printRow("the same, instructions", 0.25, counted, importInstructions(their), "");
+    }
 }
 
 } // namespace
@@ -248,6 +259,6 @@ int main(int argc, char **argv)
     benchmark::sideBySide(
         "move, nothing listens, beside a bare DropArea", 1.1, [&] { bareZone.move(); },
         [&] { bareArea.move(); });
-    importRow();
+    importRows();
     return 0;
 }

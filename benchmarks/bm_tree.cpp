@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "benchmarks/support/Instructions.h"
 #include "benchmarks/support/Measures.h"
 #include "benchmarks/support/SideBySide.h"
 
@@ -8,10 +9,7 @@
 
 #include <QAbstractListModel>
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
 #include <QGuiApplication>
-#include <QProcess>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQmlListReference>
@@ -19,8 +17,6 @@
 #include <QQuickRenderControl>
 #include <QQuickWindow>
 #include <QStandardItemModel>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 
 #include <cstdio>
 #include <ctime>
@@ -28,11 +24,6 @@
 #include <memory>
 #include <string>
 #include <vector>
-
-#if __has_include(<valgrind/callgrind.h>)
-#include <valgrind/callgrind.h>
-#define HAS_CALLGRIND
-#endif
 
 using om::data::Document;
 
@@ -435,21 +426,11 @@ void measureVirtual(QQmlEngine &engine, Stage &stage, int count, Times *times)
     });
 }
 
-/// Runs \a body and has callgrind write what it took under \a name.
 void countInstructions(QQmlEngine &engine, const char *name, const std::function<void()> &body)
 {
     engine.collectGarbage();
     deleteNow();
-#ifdef HAS_CALLGRIND
-    CALLGRIND_START_INSTRUMENTATION;
-    CALLGRIND_ZERO_STATS;
-    body();
-    CALLGRIND_DUMP_STATS_AT(name);
-    CALLGRIND_STOP_INSTRUMENTATION;
-#else
-    Q_UNUSED(name)
-    body();
-#endif
+    benchmark::countInstructions(name, body);
 }
 
 const int countedRows = 400;
@@ -505,56 +486,12 @@ void runCounted(QQmlEngine &engine, Stage &stage)
     }
 }
 
-/// The totals in callgrind's files in \a folder, by the names given to countInstructions().
-std::map<std::string, double> readCounts(const QDir &folder)
-{
-    std::map<std::string, double> counts;
-    const QStringList files = folder.entryList({QStringLiteral("counts*")}, QDir::Files);
-    for (const QString &name : files) {
-        QFile file(folder.filePath(name));
-        if (!file.open(QIODevice::ReadOnly)) {
-            continue;
-        }
-        std::string section;
-        while (!file.atEnd()) {
-            const QByteArray line = file.readLine().trimmed();
-            const QByteArray trigger = "desc: Trigger: Client Request: ";
-            if (line.startsWith(trigger)) {
-                section = line.mid(trigger.size()).toStdString();
-            } else if (line.startsWith("totals: ") && !section.empty()) {
-                counts[section] = line.mid(8).toDouble();
-            }
-        }
-    }
-    return counts;
-}
-
-/// Counts instructions: unlike times they do not depend on the load of the machine.
 void printInstructions()
 {
-    const QString valgrind = QStandardPaths::findExecutable(QStringLiteral("valgrind"));
-#ifdef HAS_CALLGRIND
-    const bool compiled = true;
-#else
-    const bool compiled = false;
-#endif
-    if (valgrind.isEmpty() || !compiled) {
-        std::printf("No instructions counted: valgrind is missing\n");
+    std::map<std::string, double> counts = benchmark::instructionsOf({QStringLiteral("--counted")});
+    if (counts.empty()) {
         return;
     }
-    const QTemporaryDir folder;
-    QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(valgrind,
-                  {QStringLiteral("-q"), QStringLiteral("--tool=callgrind"),
-                   QStringLiteral("--instr-atstart=no"),
-                   QStringLiteral("--callgrind-out-file=") + folder.filePath("counts"),
-                   QCoreApplication::applicationFilePath(), QStringLiteral("--counted")});
-    if (!process.waitForFinished(-1) || process.exitCode() != 0) {
-        std::printf("No instructions counted: valgrind failed\n");
-        return;
-    }
-    std::map<std::string, double> counts = readCounts(QDir(folder.path()));
     const auto perRow = [&counts](const char *name) { return counts[name] / countedRows; };
     benchmark::printRow("a shown row, beside a Repeater, instructions", 1.15, perRow("shown, ours"),
                         perRow("shown, theirs"), "");
