@@ -26,6 +26,7 @@ private Q_SLOTS:
     void rowCollapses();
     void childPropertyIsToldBeforeAnUpdateIsAskedFor();
     void rowsAreMadeOneAfterTheOther();
+    void hiddenRowIsHiddenBeforeItsPartsAreMade();
     void pressActivatesARowBeforeItFocusesIt();
 };
 
@@ -175,6 +176,21 @@ void TestTreeOrder::rowsAreMadeOneAfterTheOther()
                    "background of a, background in its row, delegate of a, delegate in its row, "
                    "handle of a, handle in its row, "
                    "a follows, active row 0, b laid out, a laid out, rebuilt"));
+}
+
+void TestTreeOrder::hiddenRowIsHiddenBeforeItsPartsAreMade()
+{
+    support::QmlView view;
+    view.loadFile(text("data/hiddenrows.qml"));
+    QObject *const tree = view.find(text("tree"));
+    const auto log = [&view] {
+        return support::evaluate(view.root(), text("log.join(', ')")).toString();
+    };
+    QTRY_COMPARE(log(), text("root in 24, child in 24"));
+    QVERIFY(QMetaObject::invokeMethod(tree, "collapseIndex", Q_ARG(int, 0)));
+    support::evaluate(view.root(), text("log = []"));
+    QVERIFY(QMetaObject::invokeMethod(tree, "rootDocumentsChanged"));
+    QTRY_COMPARE(log(), text("root in 24, child in 0"));
 }
 
 void TestTreeOrder::pressActivatesARowBeforeItFocusesIt()
