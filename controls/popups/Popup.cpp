@@ -13,6 +13,7 @@
 #include <QtNumeric>
 
 #include <optional>
+#include <utility>
 
 namespace om::controls {
 
@@ -57,8 +58,8 @@ public:
     QPointF offset;
     QPropertyAnimation *const animation;
     QMetaObject::Connection frames;
-    /// Where the last frame put the popup, if something, such as anchors, put it back at once.
-    std::optional<QPointF> refusedPlace;
+    /// The popup did not stay where the last frame moved it.
+    bool wasPutBack = false;
     /// The window that the filter is installed on; the item may have left it since.
     QPointer<QQuickWindow> filteredWindow;
 };
@@ -90,8 +91,6 @@ void Popup::Private::forgetAttachedItem()
     Q_EMIT q->attachedItemChanged(nullptr);
 }
 
-/// Under the threaded render loop the signal comes from the render thread; the automatic connection
-/// carries it over to the thread of the item.
 /// Where the popup is to lie; nothing while it has no parent item, or if that is no point.
 std::optional<QPointF> Popup::Private::place() const
 {
@@ -120,21 +119,23 @@ bool Popup::Private::moveTo(const QPointF &place)
     return !self || q->position() == place;
 }
 
-/// Called for each frame. A place that was refused is not tried again: every try is a move there
-/// and back, which asks for a frame.
+/// Called for each frame. Where something puts the popup back at once, as anchors do, both moves
+/// ask for a frame, which therefore makes no new attempt: an idle window would render for ever.
 void Popup::Private::follow()
 {
-    const std::optional<QPointF> next = place();
-    if (!next || next == refusedPlace) {
+    if (std::exchange(wasPutBack, false)) {
         return;
     }
     const QPointer<Popup> self(q);
-    const bool moved = moveTo(*next);
+    const std::optional<QPointF> next = place();
+    const bool arrived = !next || moveTo(*next);
     if (self) {
-        refusedPlace = moved ? std::nullopt : next;
+        wasPutBack = !arrived;
     }
 }
 
+/// Under the threaded render loop the signal comes from the render thread; the automatic connection
+/// carries it over to the thread of the item.
 void Popup::Private::followFrames(QQuickWindow *window)
 {
     QObject::disconnect(frames);
