@@ -4,12 +4,10 @@
 #include "gallery/shelf/Shelf.h"
 
 #include "gallery/FolderDocument.h"
+#include "gallery/shelf/ShelfRules.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QRunnable>
-
-#include <algorithm>
 
 namespace om::gallery {
 
@@ -18,32 +16,9 @@ namespace {
 // Rows of a tree are all built anew when its folders change: not with every part that is read.
 constexpr int treeDelayWhileReading = 250; // ms
 
-class Job : public QRunnable
-{
-public:
-    explicit Job(std::function<void()> work)
-        : m_work(std::move(work))
-    {
-    }
-    void run() override { m_work(); }
-
-private:
-    const std::function<void()> m_work;
-};
-
 QString countOf(int count, const QString &name)
 {
     return count == 1 ? QStringLiteral("“%1”").arg(name) : QStringLiteral("%1 items").arg(count);
-}
-
-QList<om::data::Document *> documentsOf(const QList<ShelfDocument *> &documents)
-{
-    QList<om::data::Document *> list;
-    list.reserve(documents.size());
-    for (ShelfDocument *document : documents) {
-        list.append(document);
-    }
-    return list;
 }
 
 } // namespace
@@ -52,42 +27,14 @@ Shelf::Shelf(QObject *parent)
     : QObject(parent)
     , m_thumbnails(std::make_shared<ShelfThumbnails::Store>())
     , m_documents(std::make_unique<QObject>())
-    , m_cancelled(std::make_shared<std::atomic_bool>(false))
 {
-    m_threads.setMaxThreadCount(1);
     m_treeTimer.setSingleShot(true);
     connect(&m_treeTimer, &QTimer::timeout, this, &Shelf::updateTree);
     connect(&m_history, &ShelfHistory::changed, this, &Shelf::stateChanged);
+    connect(&m_jobs, &ShelfJobs::changed, this, &Shelf::stateChanged);
 }
 
-Shelf::~Shelf()
-{
-    *m_cancelled = true;
-    m_threads.waitForDone();
-}
-
-template<typename Result>
-void Shelf::inBackground(std::function<Result()> work, std::function<void(const Result &)> done)
-{
-    ++m_jobs;
-    Q_EMIT stateChanged();
-    const auto cancelled = m_cancelled;
-    m_threads.start(new Job([this, cancelled, work = std::move(work), done = std::move(done)] {
-        const Result result = work();
-        // The shelf waits for its threads before it goes.
-        QMetaObject::invokeMethod(
-            this,
-            [this, cancelled, done, result] {
-                if (*cancelled) {
-                    return;
-                }
-                --m_jobs;
-                done(result);
-                Q_EMIT stateChanged();
-            },
-            Qt::QueuedConnection);
-    }));
-}
+Shelf::~Shelf() = default;
 
 QUrl Shelf::address() const
 {
@@ -100,16 +47,12 @@ void Shelf::open(const QUrl &folder)
     if (path.isEmpty() || (m_root && m_root->origin() == path) || m_saving) {
         return;
     }
-    *m_cancelled = true;
-    m_threads.waitForDone();
-    m_cancelled = std::make_shared<std::atomic_bool>(false);
-    m_jobs = 0;
+    m_jobs.cancelAll();
 
     m_history.clear();
     m_model.setFound({});
     m_model.setDocuments({});
-    m_found.clear();
-    m_foundFolders.clear();
+    m_search.clear();
     m_folders.clear();
     m_known.clear();
     m_thumbnails->clear();
@@ -133,8 +76,8 @@ void Shelf::open(const QUrl &folder)
 
     QString problem;
     m_notes = ShelfNotes::read(path, &problem);
-    const auto cancelled = m_cancelled;
-    inBackground<bool>(
+    const auto cancelled = m_jobs.cancelled();
+    m_jobs.run<bool>(
         [this, path, notes = m_notes, cancelled] {
             return ShelfReader::readFolder(path, notes, *cancelled,
                                            [this, cancelled](const ShelfBatch &batch) {
@@ -234,27 +177,7 @@ QList<ShelfDocument *> Shelf::own(const QVariantList &documents) const
 
 QString Shelf::nameProblem(om::data::Document *document, const QString &name) const
 {
-    if (name.isEmpty()) {
-        return QStringLiteral("A name is needed");
-    }
-    if (name == QLatin1String(".") || name == QLatin1String("..")) {
-        return QStringLiteral("This name means a folder to every program");
-    }
-    if (name.contains(QLatin1Char('/')) || name.contains(QChar::Null)) {
-        return QStringLiteral("A name has no “/”");
-    }
-    if (name.toUtf8().size() > 255) {
-        return QStringLiteral("This name is too long for a disk");
-    }
-    const om::data::Document *const folder = document ? document->parentDocument() : nullptr;
-    const QList<om::data::Document *> others =
-        folder ? folder->childDocuments() : QList<om::data::Document *>();
-    for (const om::data::Document *other : others) {
-        if (other != document && other->name() == name) {
-            return QStringLiteral("“%1” is there already").arg(name);
-        }
-    }
-    return {};
+    return ShelfRules::nameProblem(document, name);
 }
 
 bool Shelf::rename(om::data::Document *document, const QString &name)
@@ -292,34 +215,7 @@ QString Shelf::moveProblem(const QVariantList &documents, om::data::Document *fo
     if (!isOwn(target) || !target->isFolder()) {
         return QStringLiteral("Nothing can be put there");
     }
-    if (target->isLink()) {
-        return QStringLiteral("“%1” is a link to a folder elsewhere").arg(target->name());
-    }
-    if (!target->isReadable()) {
-        return QStringLiteral("“%1” cannot be read").arg(target->name());
-    }
-    QSet<QString> names;
-    const QList<ShelfDocument *> entries = target->entries();
-    const QList<ShelfDocument *> moved = own(documents);
-    if (moved.isEmpty()) {
-        return QStringLiteral("There is nothing to move");
-    }
-    for (const ShelfDocument *entry : entries) {
-        names.insert(entry->name());
-    }
-    for (const ShelfDocument *document : moved) {
-        if (document->holds(target)) {
-            return QStringLiteral("“%1” cannot be put into itself").arg(document->name());
-        }
-        if (document->parentFolder() == target) {
-            continue;
-        }
-        if (names.contains(document->name())) {
-            return QStringLiteral("“%1” is in “%2” already").arg(document->name(), target->name());
-        }
-        names.insert(document->name());
-    }
-    return {};
+    return ShelfRules::moveProblem(own(documents), target);
 }
 
 bool Shelf::move(const QVariantList &documents, om::data::Document *folder, int index)
@@ -330,49 +226,13 @@ bool Shelf::move(const QVariantList &documents, om::data::Document *folder, int 
         say(problem);
         return false;
     }
-    auto *const target = static_cast<ShelfDocument *>(folder);
     const QList<ShelfDocument *> moved = own(documents);
-    QSet<om::data::Document *> movedSet;
-    QList<ShelfDocument *> sources;
-    for (ShelfDocument *document : moved) {
-        movedSet.insert(document);
-        if (document->parentFolder() != target && !sources.contains(document->parentFolder())) {
-            sources.append(document->parentFolder());
-        }
+    auto *const target = static_cast<ShelfDocument *>(folder);
+    const ShelfLists lists = ShelfLists::moving(moved, target, index);
+    if (!lists.isEmpty()) {
+        changeLists(QStringLiteral("move %1").arg(countOf(moved.size(), moved.first()->name())),
+                    lists, moved);
     }
-
-    const QList<om::data::Document *> before = target->childDocuments();
-    const int place = index < 0 ? before.size() : qMin(index, before.size());
-    QList<om::data::Document *> after;
-    for (int i = 0; i < place; ++i) {
-        if (!movedSet.contains(before.at(i))) {
-            after.append(before.at(i));
-        }
-    }
-    after += documentsOf(moved);
-    for (int i = place; i < before.size(); ++i) {
-        if (!movedSet.contains(before.at(i))) {
-            after.append(before.at(i));
-        }
-    }
-    if (sources.isEmpty() && after == before) {
-        return true;
-    }
-
-    Lists lists;
-    for (ShelfDocument *source : qAsConst(sources)) {
-        QList<om::data::Document *> left;
-        const QList<om::data::Document *> children = source->childDocuments();
-        for (om::data::Document *child : children) {
-            if (!movedSet.contains(child)) {
-                left.append(child);
-            }
-        }
-        lists.append({source, left});
-    }
-    lists.append({target, after});
-    changeLists(QStringLiteral("move %1").arg(countOf(moved.size(), moved.first()->name())), lists,
-                moved);
     return true;
 }
 
@@ -387,27 +247,8 @@ void Shelf::remove(const QVariantList &documents)
     if (removed.isEmpty()) {
         return;
     }
-    QSet<om::data::Document *> removedSet;
-    QList<ShelfDocument *> sources;
-    for (ShelfDocument *document : removed) {
-        removedSet.insert(document);
-        if (!sources.contains(document->parentFolder())) {
-            sources.append(document->parentFolder());
-        }
-    }
-    Lists lists;
-    for (ShelfDocument *source : qAsConst(sources)) {
-        QList<om::data::Document *> left;
-        const QList<om::data::Document *> children = source->childDocuments();
-        for (om::data::Document *child : children) {
-            if (!removedSet.contains(child)) {
-                left.append(child);
-            }
-        }
-        lists.append({source, left});
-    }
     changeLists(QStringLiteral("delete %1").arg(countOf(removed.size(), removed.first()->name())),
-                lists, removed);
+                ShelfLists::removing(removed), removed);
 }
 
 void Shelf::setLabel(const QVariantList &documents, const QColor &color)
@@ -433,23 +274,6 @@ void Shelf::setLabel(const QVariantList &documents, const QColor &color)
                 labelled.at(i)->setLabel(before.at(i));
             }
         });
-}
-
-QString Shelf::freeName(const ShelfDocument *folder, const QString &name) const
-{
-    QSet<QString> names;
-    const QList<ShelfDocument *> entries = folder->entries();
-    for (const ShelfDocument *entry : entries) {
-        names.insert(entry->name());
-    }
-    const int dot = name.lastIndexOf(QLatin1Char('.'));
-    const QString stem = dot > 0 ? name.left(dot) : name;
-    const QString suffix = dot > 0 ? name.mid(dot) : QString();
-    QString free = name;
-    for (int i = 2; names.contains(free); ++i) {
-        free = QStringLiteral("%1 %2%3").arg(stem).arg(i).arg(suffix);
-    }
-    return free;
 }
 
 void Shelf::makeFolder()
@@ -489,8 +313,8 @@ void Shelf::add(const QList<QUrl> &urls, om::data::Document *folder, int index)
     }
     om::data::Document *const before = target->childDocuments().value(index);
     using Taken = QPair<QVector<ShelfCopy>, QStringList>;
-    const auto cancelled = m_cancelled;
-    inBackground<Taken>(
+    const auto cancelled = m_jobs.cancelled();
+    m_jobs.run<Taken>(
         [paths, cancelled] {
             Taken taken;
             taken.first = ShelfReader::readCopies(paths, *cancelled, &taken.second);
@@ -528,13 +352,9 @@ void Shelf::addCopies(const QVector<ShelfCopy> &copies, ShelfDocument *folder,
     if (copies.isEmpty() || m_saving || !isOwn(folder)) {
         return;
     }
-    const QList<om::data::Document *> children = folder->childDocuments();
-    const int found = before ? children.indexOf(before) : -1;
-    const int place = found < 0 ? children.size() : found;
-    QList<om::data::Document *> after = children.mid(0, place);
     QList<ShelfDocument *> added;
     for (ShelfCopy copy : copies) {
-        copy.entry.name = freeName(folder, copy.entry.name);
+        copy.entry.name = ShelfRules::freeName(folder, copy.entry.name);
         for (const ShelfDocument *other : qAsConst(added)) {
             // Two of one name in one drop, from two folders.
             if (other->name() == copy.entry.name) {
@@ -545,159 +365,71 @@ void Shelf::addCopies(const QVector<ShelfCopy> &copies, ShelfDocument *folder,
         }
         added.append(documentFor(copy));
     }
-    after += documentsOf(added) + children.mid(place);
+    const int place = before ? folder->childDocuments().indexOf(before) : -1;
     changeLists(QStringLiteral("add %1").arg(countOf(added.size(), added.first()->name())),
-                {{folder, after}}, added);
+                ShelfLists::moving(added, folder, place), added);
 }
 
-void Shelf::changeLists(const QString &text, const Lists &after,
+void Shelf::changeLists(const QString &text, const ShelfLists &after,
                         const QList<ShelfDocument *> &touched)
 {
-    Lists before;
-    for (const auto &list : after) {
-        before.append({list.first, list.first->childDocuments()});
-    }
-    // The folder that loses documents has to be set before the one that gains them, or each of them
-    // would be searched for in the list that it leaves.
-    std::reverse(before.begin(), before.end());
+    const auto change = [this, touched](const ShelfLists &lists) {
+        lists.apply();
+        structureChanged();
+        m_model.select(touched);
+    };
     m_history.run(
-        text,
-        [this, after, touched] {
-            applyLists(after);
-            m_model.select(touched);
-        },
-        [this, before, touched] {
-            applyLists(before);
-            m_model.select(touched);
-        });
-}
-
-void Shelf::applyLists(const Lists &lists)
-{
-    for (const auto &list : lists) {
-        list.first->setChildDocuments(list.second);
-    }
-    structureChanged();
+        text, [change, after] { change(after); },
+        [change, before = after.undoing()] { change(before); });
 }
 
 void Shelf::structureChanged()
 {
     // A folder that has left the shelf cannot stay open.
-    ShelfDocument *open = m_folder;
-    if (!m_root->holds(open)) {
-        open = m_root;
-    }
-    const bool moved = open != m_folder;
-    m_folder = open;
+    const bool gone = !m_root->holds(m_folder);
+    m_folder = gone ? m_root : m_folder;
     showFolder();
-    m_count = all().size();
+    m_count = m_root->allInside().size();
     updateTree();
     updateFound();
-    if (moved) {
+    if (gone) {
         Q_EMIT folderChanged();
     }
     Q_EMIT countChanged();
 }
 
-QVector<ShelfDocument *> Shelf::all() const
-{
-    QVector<ShelfDocument *> documents;
-    QVector<ShelfDocument *> waiting;
-    if (m_root) {
-        waiting.append(m_root);
-    }
-    for (int i = 0; i < waiting.size(); ++i) {
-        const QList<ShelfDocument *> entries = waiting.at(i)->entries();
-        for (ShelfDocument *entry : entries) {
-            documents.append(entry);
-            if (entry->isFolder()) {
-                waiting.append(entry);
-            }
-        }
-    }
-    return documents;
-}
-
 void Shelf::updateTree()
 {
     m_treeTimer.stop();
-    if (!m_root) {
-        return;
-    }
-    m_treeCut = false;
-    int rows = 1;
-    QVector<ShelfDocument *> waiting{m_root};
-    for (int i = 0; i < waiting.size(); ++i) {
-        QList<om::data::Document *> folders;
-        const QList<ShelfDocument *> entries = waiting.at(i)->entries();
-        for (ShelfDocument *entry : entries) {
-            if (!entry->isFolder()) {
-                continue;
-            }
-            if (++rows > mostTreeRows) {
-                m_treeCut = true;
-                break;
-            }
-            folders.append(entry);
-            waiting.append(entry);
-        }
-        waiting.at(i)->setTreeFolders(folders);
+    if (m_root) {
+        m_treeCut = m_root->showFolders(mostTreeRows);
     }
 }
 
 void Shelf::find(const QString &text)
 {
-    if (m_text == text) {
+    if (m_search.text() == text) {
         return;
     }
-    m_text = text;
+    m_search.setText(text);
     updateFound();
 }
 
 void Shelf::updateFound()
 {
-    const QVector<ShelfDocument *> before = m_foundFolders;
-    m_foundFolders.clear();
-    m_found.clear();
-    QSet<const ShelfDocument *> found;
-    QHash<ShelfDocument *, int> inside;
-    if (!m_text.isEmpty()) {
-        const QVector<ShelfDocument *> documents = all();
-        for (ShelfDocument *document : documents) {
-            if (document->name().contains(m_text, Qt::CaseInsensitive)) {
-                m_found.append(document);
-                found.insert(document);
-                ++inside[document->parentFolder()];
-            }
-        }
-    }
-    m_model.setFound(found);
-    for (ShelfDocument *folder : before) {
-        folder->setFoundInside(inside.value(folder));
-    }
-    for (auto it = inside.begin(); it != inside.end(); ++it) {
-        it.key()->setFoundInside(it.value());
-        m_foundFolders.append(it.key());
-    }
+    m_search.run(m_root);
+    m_model.setFound(m_search.found());
     Q_EMIT foundChanged();
 }
 
 void Shelf::showNextFound(bool backwards)
 {
-    if (m_found.isEmpty()) {
-        return;
+    ShelfDocument *const document =
+        m_search.next(static_cast<ShelfDocument *>(m_model.currentDocument()), backwards);
+    if (document) {
+        setFolder(document->parentFolder());
+        m_model.select({document});
     }
-    const int now = m_found.indexOf(static_cast<ShelfDocument *>(m_model.currentDocument()));
-    const int last = m_found.size() - 1;
-    int next = backwards ? now - 1 : now + 1;
-    if (next < 0) {
-        next = last;
-    } else if (next > last) {
-        next = 0;
-    }
-    ShelfDocument *const document = m_found.at(next);
-    setFolder(document->parentFolder());
-    m_model.select({document});
 }
 
 ShelfPlan Shelf::planned() const
@@ -707,14 +439,7 @@ ShelfPlan Shelf::planned() const
 
 QStringList Shelf::plan() const
 {
-    QStringList texts;
-    const ShelfPlan plan = planned();
-    for (const ShelfPlan::Step &step : plan.steps()) {
-        if (!step.text.isEmpty()) {
-            texts.append(step.text);
-        }
-    }
-    return texts;
+    return planned().texts();
 }
 
 void Shelf::save()
@@ -724,7 +449,7 @@ void Shelf::save()
     }
     const ShelfPlan plan = planned();
     m_saving = true;
-    inBackground<ShelfPlan::Outcome>(
+    m_jobs.run<ShelfPlan::Outcome>(
         [plan] { return plan.run(); },
         [this, plan](const ShelfPlan::Outcome &outcome) { finishSave(plan, outcome); });
 }
@@ -734,9 +459,9 @@ void Shelf::finishSave(const ShelfPlan &plan, const ShelfPlan::Outcome &outcome)
     m_saving = false;
     m_halfSaved = !outcome.problems.isEmpty();
     m_notes = plan.notes();
-    settle(m_root, m_root->origin(), outcome);
+    outcome.settle(m_root);
     m_known.clear();
-    const QVector<ShelfDocument *> documents = all();
+    const QVector<ShelfDocument *> documents = m_root->allInside();
     for (ShelfDocument *document : documents) {
         if (!document->isAdded()) {
             m_known.append(document);
@@ -747,20 +472,6 @@ void Shelf::finishSave(const ShelfPlan &plan, const ShelfPlan::Outcome &outcome)
     say(outcome.problems.isEmpty() ? QStringLiteral("Saved")
                                    : QStringLiteral("Not all could be saved: ")
                 + outcome.problems.join(QStringLiteral("; ")));
-}
-
-// Tells the documents where they are on disk now. `target` is where the folder was to be.
-void Shelf::settle(ShelfDocument *folder, const QString &target, const ShelfPlan::Outcome &outcome)
-{
-    const QList<ShelfDocument *> entries = folder->entries();
-    for (ShelfDocument *entry : entries) {
-        const QString to = target + QLatin1Char('/') + entry->name();
-        const QString beside = folder->origin() + QLatin1Char('/') + entry->name();
-        entry->setOrigin(outcome.places.value(to, beside));
-        if (entry->isFolder()) {
-            settle(entry, to, outcome);
-        }
-    }
 }
 
 QString Shelf::pictureSource(om::data::Document *document, bool whole) const

@@ -5,14 +5,15 @@
 
 #include "gallery/shelf/ShelfDocument.h"
 #include "gallery/shelf/ShelfHistory.h"
+#include "gallery/shelf/ShelfJobs.h"
+#include "gallery/shelf/ShelfLists.h"
 #include "gallery/shelf/ShelfModel.h"
 #include "gallery/shelf/ShelfPlan.h"
 #include "gallery/shelf/ShelfReader.h"
+#include "gallery/shelf/ShelfSearch.h"
 #include "gallery/shelf/ShelfThumbnails.h"
 
-#include <QElapsedTimer>
 #include <QObject>
-#include <QThreadPool>
 #include <QTimer>
 #include <QVector>
 
@@ -67,14 +68,14 @@ public:
     ShelfModel *model() { return &m_model; }
     ShelfHistory *history() { return &m_history; }
     /// Of the folder, or of what is being added.
-    bool isReading() const { return m_jobs > 0 && !m_saving; }
+    bool isReading() const { return m_jobs.count() > 0 && !m_saving; }
     bool isSaving() const { return m_saving; }
     bool isChanged() const { return m_history.canUndo() || m_halfSaved; }
     int count() const { return m_count; }
     int unreadable() const { return m_unreadable; }
     bool isCut() const { return m_cut; }
     bool isTreeCut() const { return m_treeCut; }
-    int foundCount() const { return m_found.size(); }
+    int foundCount() const { return m_search.count(); }
     QString message() const { return m_message; }
 
     /// Opens a folder, and forgets the one before with all that was not saved. Opening the same
@@ -129,32 +130,24 @@ Q_SIGNALS:
     void said(const QString &message);
 
 private:
-    using Lists = QVector<QPair<ShelfDocument *, QList<om::data::Document *>>>;
-
-    template<typename Result>
-    void inBackground(std::function<Result()> work, std::function<void(const Result &)> done);
     void append(const ShelfBatch &batch);
     void addCopies(const QVector<ShelfCopy> &copies, ShelfDocument *folder,
                    om::data::Document *before);
     ShelfDocument *documentFor(const ShelfCopy &copy);
     QList<ShelfDocument *> own(const QVariantList &documents) const;
     bool isOwn(const om::data::Document *document) const;
-    QString freeName(const ShelfDocument *folder, const QString &name) const;
     ShelfPlan planned() const;
     void finishSave(const ShelfPlan &plan, const ShelfPlan::Outcome &outcome);
-    void settle(ShelfDocument *folder, const QString &target, const ShelfPlan::Outcome &outcome);
 
     /// Why nothing can be changed now; empty when it can.
     QString busyProblem() const;
     /// Runs a change of child lists that can be undone: `after` holds what the lists become.
-    void changeLists(const QString &text, const Lists &after,
+    void changeLists(const QString &text, const ShelfLists &after,
                      const QList<ShelfDocument *> &touched);
-    void applyLists(const Lists &lists);
     void structureChanged();
     void showFolder();
     void updateTree();
     void updateFound();
-    QVector<ShelfDocument *> all() const;
 
     const std::shared_ptr<ShelfThumbnails::Store> m_thumbnails;
     ShelfModel m_model;
@@ -166,12 +159,9 @@ private:
     ShelfDocument *m_folder = nullptr;
     QHash<QString, ShelfDocument *> m_folders; // while reading, by path
     QVector<ShelfDocument *> m_known; // what has been on disk
-    QString m_text;
+    ShelfSearch m_search;
     QString m_message;
-    QVector<ShelfDocument *> m_found;
-    QVector<ShelfDocument *> m_foundFolders;
     QTimer m_treeTimer;
-    int m_jobs = 0;
     int m_count = 0;
     int m_unreadable = 0;
     int m_madeIds = 0;
@@ -180,10 +170,8 @@ private:
     bool m_saving = false;
     bool m_halfSaved = false;
     bool m_opening = false;
-    // One for each opened folder: what a job still brings for the one before is dropped.
-    std::shared_ptr<std::atomic_bool> m_cancelled;
     // The last member: its jobs use the others.
-    QThreadPool m_threads;
+    ShelfJobs m_jobs;
 };
 
 } // namespace om::gallery

@@ -83,12 +83,52 @@ QList<ShelfDocument *> ShelfDocument::entries() const
     return entries;
 }
 
+QVector<ShelfDocument *> ShelfDocument::allInside() const
+{
+    QVector<ShelfDocument *> documents;
+    QVector<const ShelfDocument *> waiting{this};
+    for (int i = 0; i < waiting.size(); ++i) {
+        const QList<ShelfDocument *> entries = waiting.at(i)->entries();
+        for (ShelfDocument *entry : entries) {
+            documents.append(entry);
+            if (entry->isFolder()) {
+                waiting.append(entry);
+            }
+        }
+    }
+    return documents;
+}
+
 bool ShelfDocument::holds(const ShelfDocument *other) const
 {
     while (other && other != this) {
         other = other->parentFolder();
     }
     return other;
+}
+
+bool ShelfDocument::showFolders(int mostRows)
+{
+    bool more = false;
+    int rows = 1;
+    QVector<ShelfDocument *> waiting{this};
+    for (int i = 0; i < waiting.size(); ++i) {
+        QList<om::data::Document *> folders;
+        const QList<ShelfDocument *> entries = waiting.at(i)->entries();
+        for (ShelfDocument *entry : entries) {
+            if (!entry->isFolder()) {
+                continue;
+            }
+            if (++rows > mostRows) {
+                more = true;
+                break;
+            }
+            folders.append(entry);
+            waiting.append(entry);
+        }
+        waiting.at(i)->setTreeFolders(folders);
+    }
+    return more;
 }
 
 void ShelfDocument::setTreeFolders(const QList<om::data::Document *> &folders)

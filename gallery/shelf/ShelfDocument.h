@@ -8,6 +8,7 @@
 #include <QByteArray>
 #include <QColor>
 #include <QUrl>
+#include <QVector>
 
 namespace om::gallery {
 
@@ -72,11 +73,15 @@ public:
     ShelfDocument *parentFolder() const;
     /// The children, all of which are of the shelf.
     QList<ShelfDocument *> entries() const;
+    /// All documents in it, whatever they are in, from the outside in.
+    QVector<ShelfDocument *> allInside() const;
     /// Whether `other` is this document or somewhere in it.
     bool holds(const ShelfDocument *other) const;
 
     QList<om::data::Document *> treeFolders() const { return m_treeFolders; }
-    void setTreeFolders(const QList<om::data::Document *> &folders);
+    /// Has a tree show this folder and those in it, from the outside in, in as many rows as may be.
+    /// Returns whether there are more.
+    bool showFolders(int mostRows);
     int foundInside() const { return m_foundInside; }
     void setFoundInside(int count);
 
@@ -87,6 +92,7 @@ Q_SIGNALS:
     void foundInsideChanged();
 
 private:
+    void setTreeFolders(const QList<om::data::Document *> &folders);
     QQmlListProperty<om::data::Document> foldersProperty();
     QColor shownLabel() const;
 

@@ -303,9 +303,39 @@ ShelfPlan ShelfPlan::of(const ShelfDocument *root, const QVector<ShelfDocument *
     return plan;
 }
 
+QStringList ShelfPlan::texts() const
+{
+    QStringList texts;
+    for (const Step &step : m_steps) {
+        if (!step.text.isEmpty()) {
+            texts.append(step.text);
+        }
+    }
+    return texts;
+}
+
 ShelfPlan::Outcome ShelfPlan::run() const
 {
     return Runner(*this).run();
+}
+
+void ShelfPlan::Outcome::settle(ShelfDocument *root) const
+{
+    settle(root, root->origin());
+}
+
+// `target` is where the folder was to be.
+void ShelfPlan::Outcome::settle(ShelfDocument *folder, const QString &target) const
+{
+    const QList<ShelfDocument *> entries = folder->entries();
+    for (ShelfDocument *entry : entries) {
+        const QString to = target + QLatin1Char('/') + entry->name();
+        const QString beside = folder->origin() + QLatin1Char('/') + entry->name();
+        entry->setOrigin(places.value(to, beside));
+        if (entry->isFolder()) {
+            settle(entry, to);
+        }
+    }
 }
 
 } // namespace om::gallery

@@ -45,6 +45,12 @@ public:
         /// what has not been written.
         QHash<QString, QString> places;
         QStringList problems;
+
+        /// Tells the documents of a shelf where they are on disk now.
+        void settle(ShelfDocument *root) const;
+
+    private:
+        void settle(ShelfDocument *folder, const QString &target) const;
     };
 
     /// `known` are the documents that have been on disk, those included that are no longer on the
@@ -53,6 +59,8 @@ public:
                         const ShelfNotes &notes);
 
     const QVector<Step> &steps() const { return m_steps; }
+    /// What is to be read before it happens.
+    QStringList texts() const;
     /// What the notes will say.
     const ShelfNotes &notes() const { return m_notes; }
 
