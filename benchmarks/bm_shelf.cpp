@@ -16,6 +16,7 @@
 #include <QQuickWindow>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QUrl>
 
 #include <algorithm>
 #include <cstdio>
@@ -288,6 +289,22 @@ void thousands()
     work(100);
     printBound("5,000 files, selecting all: longest turn", 100, turns.stop());
 
+    QTemporaryDir elsewhere;
+    writeFiles(elsewhere.path(), 0, 500);
+    QList<QUrl> dropped;
+    const QStringList names = QDir(elsewhere.path()).entryList(QDir::Files);
+    for (const QString &name : names) {
+        dropped.append(QUrl::fromLocalFile(elsewhere.filePath(name)));
+    }
+    turns.start();
+    gallery.shelf->add(dropped, gallery.shelf->root(), -1);
+    waitFor([&] { return !gallery.shelf->isReading(); });
+    work(100);
+    gallery.shelf->history()->undo();
+    work(100);
+    printBound("5,000 files, 500 more dropped and taken back: longest turn", 100, turns.stop());
+
+    gallery.shelf->model()->selectAll();
     const QVariantList all = gallery.shelf->model()->selection();
     turns.start();
     gallery.shelf->move(all.mid(0, all.size() / 2), gallery.shelf->root(), -1);

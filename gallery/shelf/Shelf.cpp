@@ -352,17 +352,14 @@ void Shelf::addCopies(const QVector<ShelfCopy> &copies, ShelfDocument *folder,
     if (copies.isEmpty() || m_saving || !isOwn(folder)) {
         return;
     }
+    QStringList names;
+    for (const ShelfCopy &copy : copies) {
+        names.append(copy.entry.name);
+    }
+    names = ShelfRules::freeNames(folder, names);
     QList<ShelfDocument *> added;
     for (ShelfCopy copy : copies) {
-        copy.entry.name = ShelfRules::freeName(folder, copy.entry.name);
-        for (const ShelfDocument *other : qAsConst(added)) {
-            // Two of one name in one drop, from two folders.
-            if (other->name() == copy.entry.name) {
-                copy.entry.name =
-                    QStringLiteral("%1 of %2").arg(added.size() + 1).arg(copy.entry.name);
-                break;
-            }
-        }
+        copy.entry.name = names.at(added.size());
         added.append(documentFor(copy));
     }
     const int place = before ? folder->childDocuments().indexOf(before) : -1;

@@ -19,8 +19,8 @@ class ShelfDocument;
 class ShelfLists
 {
 public:
-    /// The documents go from where they are, which is nowhere for new ones, to before the one that is at `index` of `folder` now;
-    /// -1 is the end. Nothing changes when they are there already.
+    /// The documents go from where they are, which is nowhere for new ones, to before the one that
+    /// is at `index` of `folder` now; -1 is the end. Nothing changes when they are there already.
     static ShelfLists moving(const QList<ShelfDocument *> &documents, ShelfDocument *folder,
                              int index);
     /// The documents go from their folders.

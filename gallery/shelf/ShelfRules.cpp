@@ -75,15 +75,20 @@ QString moveProblem(const QList<ShelfDocument *> &documents, const ShelfDocument
     return {};
 }
 
-QString freeName(const ShelfDocument *folder, const QString &name)
+QStringList freeNames(const ShelfDocument *folder, const QStringList &names)
 {
-    const QSet<QString> names = namesIn(folder);
-    const int dot = name.lastIndexOf(QLatin1Char('.'));
-    const QString stem = dot > 0 ? name.left(dot) : name;
-    const QString suffix = dot > 0 ? name.mid(dot) : QString();
-    QString free = name;
-    for (int i = 2; names.contains(free); ++i) {
-        free = QStringLiteral("%1 %2%3").arg(stem).arg(i).arg(suffix);
+    QSet<QString> taken = namesIn(folder);
+    QStringList free;
+    for (const QString &name : names) {
+        const int dot = name.lastIndexOf(QLatin1Char('.'));
+        const QString stem = dot > 0 ? name.left(dot) : name;
+        const QString suffix = dot > 0 ? name.mid(dot) : QString();
+        QString other = name;
+        for (int i = 2; taken.contains(other); ++i) {
+            other = QStringLiteral("%1 %2%3").arg(stem).arg(i).arg(suffix);
+        }
+        taken.insert(other);
+        free.append(other);
     }
     return free;
 }

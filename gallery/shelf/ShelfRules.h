@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 namespace om::data {
 class Document;
@@ -24,8 +25,9 @@ QString nameProblem(const om::data::Document *document, const QString &name);
 /// Why the documents, all of one shelf, cannot be put into `folder`.
 QString moveProblem(const QList<ShelfDocument *> &documents, const ShelfDocument *folder);
 
-/// The name, or with the first number behind it that nothing in the folder has.
-QString freeName(const ShelfDocument *folder, const QString &name);
+/// The names, each with the first number behind it that makes it differ from the names before it
+/// and from those in the folder, if it does not so far.
+QStringList freeNames(const ShelfDocument *folder, const QStringList &names);
 
 } // namespace ShelfRules
 

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void openFolderThatGoesClosesItself();
     void labelsSeveralAtOnce();
     void copiesFilesIntoMemory();
+    void namesOfOneDropDiffer();
     void refusesWhatCannotBeCopied();
     void selectsAsFileManagersDo();
     void selectionFollowsItsDocuments();
@@ -340,6 +341,22 @@ void TestShelf::copiesFilesIntoMemory()
     QVERIFY(m_said.isEmpty());
     m_shelf->history()->undo();
     QCOMPARE(m_shelf->count(), 8);
+}
+
+void TestShelf::namesOfOneDropDiffer()
+{
+    QList<QUrl> urls;
+    QTemporaryDir elsewhere;
+    for (const char *name : {"one/notes.txt", "two/notes.txt", "one/new", "two/new"}) {
+        QVERIFY(QDir(elsewhere.path()).mkpath(QFileInfo(text(name)).path()));
+        QFile file(elsewhere.filePath(text(name)));
+        QVERIFY(file.open(QFile::WriteOnly));
+        urls.append(QUrl::fromLocalFile(file.fileName()));
+    }
+    m_shelf->add(urls, m_shelf->root(), -1);
+    QTRY_COMPARE(m_shelf->count(), 12);
+    QCOMPARE(names().mid(4),
+             QStringList({text("notes 2.txt"), text("notes 3.txt"), text("new"), text("new 2")}));
 }
 
 void TestShelf::refusesWhatCannotBeCopied()
