@@ -82,6 +82,7 @@ private:
     void setSelected(const QSet<ShelfDocument *> &selected);
     void reach(int row, bool add);
     void changeRows(const QList<ShelfDocument *> &documents);
+    void moveBlock(const QList<ShelfDocument *> &documents);
 
     QList<ShelfDocument *> m_documents;
     QSet<ShelfDocument *> m_selected;

@@ -46,6 +46,8 @@ private Q_SLOTS:
     void selectsAsFileManagersDo();
     void selectionFollowsItsDocuments();
     void rowsTellOfTheirChanges();
+    void blockMovesInOneStep_data();
+    void blockMovesInOneStep();
     void findsInAllFolders();
 };
 
@@ -456,6 +458,56 @@ void TestShelf::rowsTellOfTheirChanges()
     QCOMPARE(moved.count(), 1);
     QCOMPARE(reset.count(), 0);
     QCOMPARE(model->documentAt(0), document("tail.txt"));
+}
+
+void TestShelf::blockMovesInOneStep_data()
+{
+    QTest::addColumn<int>("first");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("place");
+    QTest::newRow("the first to the end") << 0 << 1 << 100;
+    QTest::newRow("the last to the beginning") << 99 << 1 << 0;
+    QTest::newRow("many down") << 10 << 40 << 90;
+    QTest::newRow("many up") << 50 << 40 << 5;
+}
+
+void TestShelf::blockMovesInOneStep()
+{
+    QFETCH(int, first);
+    QFETCH(int, count);
+    QFETCH(int, place);
+    for (int i = 0; i < 99; ++i) {
+        write(QStringLiteral("album/inner/page %1.txt").arg(i));
+    }
+    open();
+    m_shelf->setFolder(document("album/inner"));
+    om::gallery::ShelfModel *const model = m_shelf->model();
+    QCOMPARE(model->count(), 100);
+    const auto shown = [&] {
+        QStringList names;
+        for (int i = 0; i < model->count(); ++i) {
+            names.append(model->documentAt(i)->name());
+        }
+        return names;
+    };
+    const QStringList before = shown();
+    QSignalSpy moved(model, &QAbstractItemModel::rowsMoved);
+    QSignalSpy reset(model, &QAbstractItemModel::modelReset);
+    QVERIFY(m_shelf->move(list(document("album/inner")->entries().mid(first, count)),
+                          document("album/inner"), place));
+    QCOMPARE(reset.count(), 0);
+    QCOMPARE(moved.count(), 1);
+    QCOMPARE(shown(), names("album/inner"));
+    QVERIFY(shown() != before);
+    m_shelf->history()->undo();
+    QCOMPARE(moved.count(), 2);
+    QCOMPARE(shown(), before);
+    // Of a larger one the view hears at once, for it would move its rows one by one.
+    QVERIFY(m_shelf->move(list(document("album/inner")->entries().mid(0, 45)),
+                          document("album/inner"), 95));
+    QCOMPARE(moved.count(), 2);
+    QCOMPARE(reset.count(), 1);
+    QCOMPARE(shown(), names("album/inner"));
 }
 
 void TestShelf::findsInAllFolders()
