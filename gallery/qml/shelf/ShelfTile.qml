@@ -20,6 +20,7 @@ Item {
     // Whether all of it can be seen: a frame is drawn above everything, and would be elsewhere, too.
     property bool whole: true
     readonly property bool hovered: mouse.containsMouse
+    readonly property bool labelled: document !== null && document.label.a > 0
 
     signal pressed(var mouse)
     signal clicked(var mouse)
@@ -58,41 +59,49 @@ Item {
                 anchors.fill: parent
                 document: tile.document
             }
-            Label {
-                anchors { bottom: parent.bottom; bottomMargin: 8; horizontalCenter: parent.horizontalCenter }
-                visible: picture.problem !== ""
-                text: picture.problem
-                color: Theme.errorText
-                font.pixelSize: Theme.tiny
-            }
-            Chip {
-                anchors { right: parent.right; top: parent.top; margins: 4 }
-                visible: tile.document !== null && tile.document.foundInside > 0
-                text: visible ? tile.document.foundInside : ""
-                tone: Theme.positive
+        }
+        // Few tiles have any, and a tile costs what it is made of.
+        Loader {
+            anchors.fill: frame
+            active: picture.problem !== "" || (tile.document !== null && tile.document.foundInside > 0)
+            sourceComponent: Item {
+                Label {
+                    anchors { bottom: parent.bottom; bottomMargin: 8; horizontalCenter: parent.horizontalCenter }
+                    text: picture.problem
+                    color: Theme.errorText
+                    font.pixelSize: Theme.tiny
+                }
+                Chip {
+                    anchors { right: parent.right; top: parent.top; margins: 4 }
+                    visible: tile.document !== null && tile.document.foundInside > 0
+                    text: visible ? tile.document.foundInside : ""
+                    tone: Theme.positive
+                }
             }
         }
-        Row {
+        Label {
             id: caption
-            anchors { top: frame.bottom; topMargin: 8; horizontalCenter: parent.horizontalCenter }
-            spacing: 4
+            readonly property int room: tile.labelled ? 14 : 0
+            anchors { top: frame.bottom; topMargin: 8; horizontalCenter: parent.horizontalCenter; horizontalCenterOffset: room / 2 }
             visible: !tile.renaming
-            Rectangle {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: tile.document !== null && tile.document.label.a > 0
-                width: 10
-                height: 10
-                radius: 5
-                color: tile.document ? tile.document.label : "transparent"
-                border.width: 1
-                border.color: Theme.strongLine
-            }
-            Label {
-                width: Math.min(implicitWidth, frame.width - (tile.document && tile.document.label.a > 0 ? 15 : 0))
-                text: tile.document ? Theme.oneLine(tile.document.name) : ""
-                font.pixelSize: Theme.medium
-                elide: Text.ElideMiddle
-                color: tile.selected ? Theme.accentText : Theme.text
+            width: Math.min(implicitWidth, frame.width - room)
+            // What is left of a name may be narrower than its place.
+            horizontalAlignment: tile.labelled ? Text.AlignLeft : Text.AlignHCenter
+            text: tile.document ? Theme.oneLine(tile.document.name) : ""
+            font.pixelSize: Theme.medium
+            elide: Text.ElideMiddle
+            color: tile.selected ? Theme.accentText : Theme.text
+            Loader {
+                anchors { right: parent.left; rightMargin: 4; verticalCenter: parent.verticalCenter }
+                active: tile.labelled
+                sourceComponent: Rectangle {
+                    width: 10
+                    height: 10
+                    radius: 5
+                    color: tile.document ? tile.document.label : "transparent"
+                    border.width: 1
+                    border.color: Theme.strongLine
+                }
             }
         }
     }
