@@ -10,7 +10,9 @@ its lines have in common. Puts the widths of pictures there, too, and the first 
 reference's pages, a line a type, between
 
     <!-- types: Popup DialogItem -->
-    <!-- end -->"""
+    <!-- end -->
+
+and the same with the pictures of the demos after "demos:"."""
 
 import re
 import struct
@@ -18,6 +20,7 @@ import textwrap
 
 BLOCK = re.compile(r"(<!-- code: ([^ #]+)(?:#(\w+))? -->\n)(?:```.*?\n```\n)?", re.S)
 TYPES = re.compile(r"(<!-- types: ([\w ]+) -->\n).*?(<!-- end -->)", re.S)
+DEMOS = re.compile(r"(<!-- demos: ([\w ]+) -->\n).*?(<!-- end -->)", re.S)
 PICTURE = re.compile(r'<img src="([^"]+)" width="\d+"')
 MARK = re.compile(r" *//! \[(\w+)\]$")
 
@@ -46,18 +49,35 @@ def filled(text, path):
         return match[1] + "".join(line(path.parent / f"reference/{name}.md") for name in match[2].split()) \
             + match[3]
 
+    def demos(match):
+        return match[1] + "".join(demo(path.parent / f"reference/{name}.md") for name in match[2].split()) \
+            + match[3]
+
     def picture(match):
         file = path.parent / match[1]
         return f'<img src="{match[1]}" width="{width(file) if file.exists() else 320}"'
 
-    return PICTURE.sub(picture, TYPES.sub(types, BLOCK.sub(block, text)))
+    return PICTURE.sub(picture, DEMOS.sub(demos, TYPES.sub(types, BLOCK.sub(block, text))))
 
 
 def line(path):
     """What the index says of the page PATH: its first sentence."""
+    title, sentence = summary(path)
+    return f"- [{title}](reference/{path.name}): {sentence}\n"
+
+
+def demo(path):
+    """What the tour says and shows of the page PATH."""
+    title, sentence = summary(path)
+    return f"### {title}\n\n[{title}](reference/{path.name}): {sentence}.\n\n" \
+        f'<img src="images/gallery/{title}Demo.png" width="0" alt="The demo of {title}">\n\n'
+
+
+def summary(path):
+    """The title and the first sentence of the page PATH."""
     title, _, sentence = path.read_text().split("\n\n")[:3]
     sentence = re.match(r"(.*?\.)(?= |\n|$)", re.sub(r"\[([^]]*)\]\([^)]*\)", r"\1", sentence))[1]
-    return f"- [{title[2:]}](reference/{path.name}): {sentence.rstrip('.:')}\n"
+    return title[2:], sentence.rstrip(".:")
 
 
 def width(path):

@@ -5,12 +5,22 @@
 
 #include "tests/support/Screen.h"
 
+#include <QHash>
 #include <QQuickWindow>
 #include <QTest>
+#include <QVector>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace support {
+
+/// The greatest of the differences in red, green and blue.
+static int distance(QRgb a, QRgb b)
+{
+    return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                     std::abs(qBlue(a) - qBlue(b))});
+}
 
 bool similar(const QColor &a, const QColor &b, int tolerance)
 {
@@ -56,6 +66,79 @@ QString imageError(const QImage &actual, const QImage &expected, int tolerance)
         }
     }
     return {};
+}
+
+int coarseDifference(const QImage &a, const QImage &b)
+{
+    if (a.size() != b.size()) {
+        return 255;
+    }
+    const auto coarse = [](const QImage &image) {
+        return image.convertToFormat(QImage::Format_RGB32)
+            .scaled((image.size() + QSize(7, 7)) / 8, Qt::IgnoreAspectRatio,
+                    Qt::SmoothTransformation);
+    };
+    const QImage first = coarse(a);
+    const QImage second = coarse(b);
+    int worst = 0;
+    for (int y = 0; y < first.height(); ++y) {
+        for (int x = 0; x < first.width(); ++x) {
+            worst = std::max(worst, distance(first.pixel(x, y), second.pixel(x, y)));
+        }
+    }
+    return worst;
+}
+
+QImage withPalette(const QImage &image)
+{
+    const QImage pixels = image.convertToFormat(QImage::Format_RGB32);
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < pixels.height(); ++y) {
+        for (int x = 0; x < pixels.width(); ++x) {
+            ++counts[pixels.pixel(x, y)];
+        }
+    }
+    QVector<QRgb> colors = counts.keys().toVector();
+    // The most frequent first; the order of a hash differs from run to run.
+    std::sort(colors.begin(), colors.end(), [&counts](QRgb a, QRgb b) {
+        const int left = counts.value(a);
+        const int right = counts.value(b);
+        return left != right ? left > right : a < b;
+    });
+    constexpr int most = 256;
+    QVector<QRgb> palette;
+    QHash<QRgb, int> indices;
+    for (int step = 4; step <= 16 && indices.isEmpty(); step += 4) {
+        palette.clear();
+        for (int i = 0; i < colors.size() && palette.size() <= most; ++i) {
+            const QRgb color = colors.at(i);
+            const auto near = std::find_if(palette.begin(), palette.end(), [=](QRgb other) {
+                return distance(color, other) <= step;
+            });
+            // A ground keeps its own colour, however near it is to another ground's.
+            const bool ground = counts.value(color) > pixels.width() * pixels.height() / 100;
+            if (ground || near == palette.end()) {
+                indices.insert(color, palette.size());
+                palette.append(color);
+            } else {
+                indices.insert(color, int(near - palette.begin()));
+            }
+        }
+        if (palette.size() > most) {
+            indices.clear();
+        }
+    }
+    if (indices.isEmpty()) {
+        return pixels;
+    }
+    QImage packed(pixels.size(), QImage::Format_Indexed8);
+    packed.setColorTable(palette);
+    for (int y = 0; y < pixels.height(); ++y) {
+        for (int x = 0; x < pixels.width(); ++x) {
+            packed.setPixel(x, y, uint(indices.value(pixels.pixel(x, y))));
+        }
+    }
+    return packed;
 }
 
 QImage grab(QQuickWindow *window)

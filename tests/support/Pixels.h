@@ -26,6 +26,14 @@ QString pixelError(const QImage &image, const QPoint &point, const QColor &expec
 /// \a tolerance, else a sentence about the first difference.
 QString imageError(const QImage &actual, const QImage &expected, int tolerance = 2);
 
+/// How far two images are apart, 0 to 255, in the worst place: each is looked at in squares of
+/// 8 pixels, so that the edges of letters do not count. 255 when their sizes differ.
+int coarseDifference(const QImage &a, const QImage &b);
+
+/// \a image with a palette, so that its file is small: no colour is off by more than 16 in any
+/// part. The image itself where 256 colours are too few for that.
+QImage withPalette(const QImage &image);
+
 /// The pixels of \a window after everything that is pending has been rendered.
 QImage grab(QQuickWindow *window);
 

@@ -29,6 +29,9 @@ private Q_SLOTS:
     void pixelErrorRejectsEachChannel();
     void pixelErrorRejectsPointsOutside();
     void imageErrorRejectsSizeAndContent();
+    void coarseDifferenceSeesMoreThanAPixel();
+    void paletteKeepsColors();
+    void paletteIsRefusedWhereItIsTooSmall();
     void recorderKeepsOrderAndArguments();
     void recorderSeesWritesBetweenSignals();
     void itemsAreFoundByTypePropertyAndText();
@@ -84,6 +87,58 @@ void TestSupport::imageErrorRejectsSizeAndContent()
     other.setPixelColor(2, 1, Qt::blue);
     QVERIFY(!support::imageError(image, other).isEmpty());
     QVERIFY(!support::imageError(image, image.copy(0, 0, 2, 2)).isEmpty());
+}
+
+/// The comparison is coarse; this is what it still sees.
+void TestSupport::coarseDifferenceSeesMoreThanAPixel()
+{
+    QImage one(80, 80, QImage::Format_RGB32);
+    one.fill(Qt::white);
+    QCOMPARE(support::coarseDifference(one, one), 0);
+    QImage other = one;
+    other.setPixel(40, 40, qRgb(0, 0, 0));
+    QVERIFY(support::coarseDifference(one, other) <= 16);
+    for (int x = 40; x < 48; ++x) {
+        for (int y = 40; y < 48; ++y) {
+            other.setPixel(x, y, qRgb(200, 255, 255));
+        }
+    }
+    QVERIFY(support::coarseDifference(one, other) > 16);
+    QCOMPARE(support::coarseDifference(one, QImage(80, 81, QImage::Format_RGB32)), 255);
+    QCOMPARE(support::coarseDifference(one, QImage()), 255);
+}
+
+void TestSupport::paletteKeepsColors()
+{
+    // More colours than a palette has, most of them near another one.
+    QImage image(40, 40, QImage::Format_RGB32);
+    for (int x = 0; x < 40; ++x) {
+        for (int y = 0; y < 40; ++y) {
+            image.setPixel(x, y, qRgb(6 * x, 6 * x + y / 6, 100));
+        }
+    }
+    // Two grounds that are nearly alike stay two.
+    for (int x = 0; x < 40; ++x) {
+        image.setPixel(x, 0, qRgb(250, 250, 250));
+        image.setPixel(x, 1, qRgb(252, 252, 252));
+    }
+    const QImage packed = support::withPalette(image);
+    QCOMPARE(packed.pixel(5, 0), qRgb(250, 250, 250));
+    QCOMPARE(packed.pixel(5, 1), qRgb(252, 252, 252));
+    QCOMPARE(packed.format(), QImage::Format_Indexed8);
+    QCOMPARE(support::imageError(packed.convertToFormat(QImage::Format_RGB32), image, 16),
+             QString());
+}
+
+void TestSupport::paletteIsRefusedWhereItIsTooSmall()
+{
+    QImage image(60, 60, QImage::Format_RGB32);
+    for (int x = 0; x < 60; ++x) {
+        for (int y = 0; y < 60; ++y) {
+            image.setPixel(x, y, qRgb(4 * x, 4 * y, (37 * x + 91 * y) % 256));
+        }
+    }
+    QCOMPARE(support::withPalette(image), image);
 }
 
 void TestSupport::recorderKeepsOrderAndArguments()

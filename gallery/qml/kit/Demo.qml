@@ -14,7 +14,8 @@ Surface {
 
     property string title
     property string hint
-    readonly property string pictureName: title + "Demo"
+    // The name of its picture.
+    property string pictureName: title + "Demo"
     property list<Step> steps
     property int stageHeight: 240
     // Stages grow with the window, so that a large one shows more and not only further apart; not one

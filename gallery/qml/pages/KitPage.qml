@@ -289,6 +289,7 @@ Page {
             part: Component {
                 Demo {
                     title: "Demo"
+                    pictureName: ""
                     hint: "A stage, editors beside or below it, the last signals, and on request the QML."
                     stageHeight: 120
                     Label { anchors.centerIn: parent; text: "The stage" }
