@@ -43,6 +43,7 @@ private Q_SLOTS:
     void rateIsShownOnDemand();
     void everythingHasANameAndARole();
     void nothingIsLostOnAnotherPage();
+    void cardWithoutDocuments();
 };
 
 void TestShelfPage::theWholeStory()
@@ -589,6 +590,17 @@ void TestShelfPage::nothingIsLostOnAnotherPage()
                      + text("/gallery/qml/pages/ShelfPage.qml"));
     QTRY_VERIFY(name("draft.txt"));
     QVERIFY(m_shelf->isChanged());
+}
+
+/// What a drag carries can go while it is under way: the card that is left says nothing.
+void TestShelfPage::cardWithoutDocuments()
+{
+    QQmlComponent component(
+        m_view->engine(),
+        QUrl::fromLocalFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
+                            + text("/gallery/qml/shelf/ShelfDragCard.qml")));
+    const std::unique_ptr<QObject> card(component.create());
+    QVERIFY2(card, qPrintable(component.errorString()));
 }
 
 QTEST_MAIN(TestShelfPage)

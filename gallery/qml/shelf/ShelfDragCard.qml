@@ -21,7 +21,7 @@ Item {
     Behavior on opacity { NumberAnimation { duration: 120 } }
 
     Repeater {
-        model: Math.min(2, card.documents.length - 1)
+        model: Math.max(0, Math.min(2, card.documents.length - 1))
         Rectangle {
             x: 4 * (index + 1)
             y: 4 * (index + 1)
