@@ -7,6 +7,7 @@
 #include <QDrag>
 #include <QMetaMethod>
 #include <QQuickItem>
+#include <QScopeGuard>
 #include <QTest>
 #include <QTimer>
 
@@ -148,6 +149,11 @@ void Player::takeInput(const QString &what, const QJsonArray &step)
 
 void Player::takeDrag(const QString &what, const QJsonArray &step)
 {
+    if (m_deliversDrag) {
+        return; // Qt does not survive it: qt/nesteddragevents.cpp
+    }
+    m_deliversDrag = true;
+    const auto delivered = qScopeGuard([this] { m_deliversDrag = false; });
     const auto [window, place] = placeOf(step);
     if (what == QLatin1String("drag enter")) {
         m_foreign = std::make_unique<support::DragEvents>(window);

@@ -54,4 +54,5 @@ private:
     QSet<QString> m_heard; ///< Kinds of signals that hooks have met.
     support::Pointer m_pointer;
     std::unique_ptr<support::DragEvents> m_foreign;
+    bool m_deliversDrag = false;
 };
