@@ -216,7 +216,8 @@ void Player::act(const QString &action, const QString &name)
     } else if (action == QLatin1String("delete what is to be deleted")) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     } else if (action == QLatin1String("close")) {
-        m_scene.window(name.toInt())->close();
+        // Not from within a signal: qt/closedwhenhovered.cpp
+        QMetaObject::invokeMethod(m_scene.window(name.toInt()), "close", Qt::QueuedConnection);
     } else if (action == QLatin1String("show window")) {
         m_scene.window(name.toInt())->show();
     } else if (action == QLatin1String("release the scene graph")) {
