@@ -6,8 +6,8 @@
 // sanitizer would take each value that a setter writes and updatePaintNode() reads for a race. This
 // tells it what is so: the GUI thread waits in QWaitCondition::wait() while the render thread
 // synchronises, and so everything it did before has happened before; and what the render thread did
-// before it wakes the GUI thread has happened before that goes on. Likewise a slot is connected before
-// a signal calls it, which Qt's own lock of the connections sees to.
+// before it wakes the GUI thread has happened before that goes on. Likewise a slot is connected
+// before a signal calls it, which Qt's own lock of the connections sees to.
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -18,7 +18,8 @@ class ControlItem : public QQuickItem
 public:
     enum Mistake {
         None,
-        DrawsFromTheItem, ///< The node reads the item when it is drawn, not when it is synchronised.
+        DrawsFromTheItem, ///< The node reads the item when it is drawn, not when it is
+                          ///< synchronised.
         CountsWithAnInt, ///< Frames are counted on the render thread, in what the GUI thread reads.
         WritesWhileDrawing, ///< The render thread writes to the item when it draws.
     };

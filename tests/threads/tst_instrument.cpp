@@ -25,8 +25,8 @@ extern "C" __attribute__((visibility("default"))) const char *__tsan_default_opt
     return "exitcode=0";
 }
 
-/// What the thread sanitizer sees of items of pure Qt, which is what it would see of ours: nothing of
-/// a right one although Qt is not instrumented, and each mistake.
+/// What the thread sanitizer sees of items of pure Qt, which is what it would see of ours: nothing
+/// of a right one although Qt is not instrumented, and each mistake.
 class TestInstrument : public QObject
 {
     Q_OBJECT
