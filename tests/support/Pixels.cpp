@@ -92,6 +92,7 @@ int coarseDifference(const QImage &a, const QImage &b)
 QImage withPalette(const QImage &image)
 {
     const QImage pixels = image.convertToFormat(QImage::Format_RGB32);
+    const int area = pixels.width() * pixels.height();
     QHash<QRgb, int> counts;
     for (int y = 0; y < pixels.height(); ++y) {
         for (int x = 0; x < pixels.width(); ++x) {
@@ -110,21 +111,24 @@ QImage withPalette(const QImage &image)
     QHash<QRgb, int> indices;
     for (int step = 4; step <= 16 && indices.isEmpty(); step += 4) {
         palette.clear();
+        int off = 0;
         for (int i = 0; i < colors.size() && palette.size() <= most; ++i) {
             const QRgb color = colors.at(i);
             const auto near = std::find_if(palette.begin(), palette.end(), [=](QRgb other) {
                 return distance(color, other) <= step;
             });
             // A ground keeps its own colour, however near it is to another ground's.
-            const bool ground = counts.value(color) > pixels.width() * pixels.height() / 100;
+            const bool ground = counts.value(color) > area / 100;
             if (ground || near == palette.end()) {
                 indices.insert(color, palette.size());
                 palette.append(color);
             } else {
                 indices.insert(color, int(near - palette.begin()));
+                off += distance(color, *near) > 4 ? counts.value(color) : 0;
             }
         }
-        if (palette.size() > most) {
+        // Around letters nobody sees it; a gradient would have bands.
+        if (palette.size() > most || off > area / 100) {
             indices.clear();
         }
     }

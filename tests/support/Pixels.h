@@ -30,8 +30,9 @@ QString imageError(const QImage &actual, const QImage &expected, int tolerance =
 /// 8 pixels, so that the edges of letters do not count. 255 when their sizes differ.
 int coarseDifference(const QImage &a, const QImage &b);
 
-/// \a image with a palette, so that its file is small: no colour is off by more than 16 in any
-/// part. The image itself where 256 colours are too few for that.
+/// \a image with a palette, so that its file is small: no colour is off by more than 16 in
+/// any part, and nearly none by more than 4. The image itself where 256 colours are too few for
+/// that.
 QImage withPalette(const QImage &image);
 
 /// The pixels of \a window after everything that is pending has been rendered.
