@@ -79,7 +79,10 @@ QString leftovers()
     left += visibleThings();
     left += counted(QStringLiteral("an object"), livingObjects());
     left += counted(QStringLiteral("a texture"), livingTextures());
+    left += counted(QStringLiteral("a scene-graph node"), livingNodes());
     left += counted(QStringLiteral("an event filter"), eventFilters());
+    left += counted(QStringLiteral("a timer of"), activeTimers());
+    left += counted(QStringLiteral("a running animation"), runningAnimations());
     if (const int count = openDialogs()) {
         left.append(QStringLiteral("%1 open dialogs").arg(count));
     }

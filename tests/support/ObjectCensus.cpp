@@ -3,14 +3,19 @@
 
 #include "tests/support/ObjectCensus.h"
 
+#include <QAbstractAnimation>
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QHash>
+#include <QSGNode>
 #include <QTest>
 #include <QThread>
 #include <QtCore/private/qhooks_p.h>
 #include <QtCore/private/qobject_p.h>
 
+#include <cxxabi.h>
 #include <mutex>
+#include <typeinfo>
 
 namespace support {
 
@@ -33,6 +38,16 @@ public:
         const std::lock_guard<std::mutex> lock(m_lock);
         m_numbers.remove(object);
     }
+    void noteNode(QSGNode *node, bool lives)
+    {
+        const std::lock_guard<std::mutex> lock(m_lock);
+        if (lives) {
+            noticeNewTest();
+            m_nodes.insert(node, m_next++);
+        } else {
+            m_nodes.remove(node);
+        }
+    }
 
     /// What \a describe answers of each object, without the empty answers; its second argument says
     /// whether this test has made the object.
@@ -50,12 +65,35 @@ public:
         return found;
     }
 
+    QStringList listNodes()
+    {
+        const std::lock_guard<std::mutex> lock(m_lock);
+        noticeNewTest();
+        QStringList found;
+        for (auto it = m_nodes.cbegin(); it != m_nodes.cend(); ++it) {
+            if (it.value() >= m_firstOfTest) {
+                found.append(className(typeid(*it.key())));
+            }
+        }
+        found.sort();
+        return found;
+    }
+
     bool isOfThisTest(const QObject *object) const
     {
         return m_numbers.value(const_cast<QObject *>(object), 0) >= m_firstOfTest;
     }
 
 private:
+    static QString className(const std::type_info &type)
+    {
+        int status = 0;
+        char *const name = abi::__cxa_demangle(type.name(), nullptr, nullptr, &status);
+        const QString text = QString::fromLatin1(status == 0 ? name : type.name());
+        std::free(name);
+        return text;
+    }
+
     /// Qt Test says nothing when a test begins, but what it calls the test changes.
     void noticeNewTest()
     {
@@ -73,6 +111,7 @@ private:
 
     std::mutex m_lock;
     QHash<QObject *, quint64> m_numbers;
+    QHash<QSGNode *, quint64> m_nodes;
     quint64 m_next = 1;
     quint64 m_firstOfTest = 1;
     const Qt::HANDLE m_mainThread = QThread::currentThreadId();
@@ -89,6 +128,7 @@ Census &census()
 
 const bool hooked = [] {
     census();
+    watchNodes();
     const QHooks::AddQObjectCallback add = [](QObject *object) { census().add(object); };
     const QHooks::RemoveQObjectCallback remove = [](QObject *object) { census().remove(object); };
     qtHookData[QHooks::AddQObject] = reinterpret_cast<quintptr>(add);
@@ -144,6 +184,52 @@ QStringList livingTextures()
     return census().list([](const QObject *object) {
         return census().isOfThisTest(object) && isA(object, "QSGTexture") ? className(object)
                                                                           : QString();
+    });
+}
+
+QStringList livingNodes()
+{
+    return census().listNodes();
+}
+
+void noteNode(QSGNode *node, bool lives)
+{
+    census().noteNode(node, lives);
+}
+
+/// Whether what \a object does is for the test that runs now to end.
+static bool isOfInterest(const QObject *object)
+{
+    return object->thread() == QThread::currentThread()
+        && (isOurs(object) || census().isOfThisTest(object));
+}
+
+QStringList activeTimers()
+{
+    return census().list([](QObject *object) {
+        // Qt's own objects have theirs for caches, animations and what is made bit by bit.
+        const bool mayHaveOne = isOurs(object) || isA(object, "QQuickItem") || isA(object, "QTimer")
+            || isA(object, "QQmlTimer");
+        const auto *const dispatcher = QAbstractEventDispatcher::instance();
+        QStringList found;
+        if (dispatcher && mayHaveOne && isOfInterest(object)) {
+            const int count = dispatcher->registeredTimers(object).size();
+            for (int i = 0; i < count; ++i) {
+                found.append(className(object));
+            }
+        }
+        return found;
+    });
+}
+
+QStringList runningAnimations()
+{
+    return census().list([](const QObject *object) {
+        const auto *const animation = qobject_cast<const QAbstractAnimation *>(object);
+        const bool runs = animation
+            ? animation->state() == QAbstractAnimation::Running
+            : isA(object, "QQuickAbstractAnimation") && object->property("running").toBool();
+        return runs && isOfInterest(object) ? className(object) : QString();
     });
 }
 

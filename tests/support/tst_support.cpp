@@ -8,12 +8,15 @@
 #include "tests/support/QmlView.h"
 #include "tests/support/SignalRecorder.h"
 
+#include <QBasicTimer>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QSGTexture>
 #include <QTest>
+#include <QTimer>
+#include <QVariantAnimation>
 #include <QWindow>
 
 #include <memory>
@@ -39,7 +42,10 @@ private Q_SLOTS:
     void leftoversNameObjects();
     void leftoversNameObjectsOfTheLibrary();
     void leftoversNameTextures();
+    void leftoversNameNodes();
     void leftoversNameEventFilters();
+    void leftoversNameTimers();
+    void leftoversNameRunningAnimations();
     void leftoversCountOpenDialogs();
     void leftoversForgetEarlierTests_data();
     void leftoversForgetEarlierTests();
@@ -270,6 +276,57 @@ void TestSupport::leftoversNameTextures()
     texture.reset();
     view.close();
     QCOMPARE(support::leftovers(), QString());
+}
+
+void TestSupport::leftoversNameNodes()
+{
+    support::QmlView view;
+    view.load("Item { width: 40; height: 20; DashedBorder { width: 20; height: 20 }\n"
+              "Frame { x: 20; width: 20; height: 20 } Rectangle { width: 9; height: 9 } }");
+    view.show();
+    QVERIFY(!view.window()->grabWindow().isNull());
+    QCOMPARE(support::livingNodes().filter(QStringLiteral("om::controls::")),
+             support::livingNodes());
+    QVERIFY2(support::leftovers().contains(
+                 QStringLiteral("a scene-graph node om::controls::DashedGeometryNode")),
+             qPrintable(support::leftovers()));
+    view.close();
+    QCOMPARE(support::leftovers(), QString());
+}
+
+void TestSupport::leftoversNameTimers()
+{
+    QTimer timer;
+    timer.start(100000);
+    QCOMPARE(support::leftovers(), QStringLiteral("a timer of QTimer"));
+    timer.stop();
+    QCOMPARE(support::leftovers(), QString());
+    QBasicTimer basic;
+    auto receiver = std::make_unique<QQuickItem>();
+    basic.start(100000, receiver.get());
+    QCOMPARE(support::activeTimers(), QStringList{QStringLiteral("QQuickItem")});
+    receiver.reset();
+    QCOMPARE(support::leftovers(), QString());
+}
+
+void TestSupport::leftoversNameRunningAnimations()
+{
+    QVariantAnimation animation;
+    animation.setStartValue(0);
+    animation.setEndValue(1);
+    animation.setDuration(100000);
+    animation.start();
+    QVERIFY2(support::leftovers().contains(QStringLiteral("a running animation QVariantAnimation")),
+             qPrintable(support::leftovers()));
+    animation.stop();
+    QCOMPARE(support::leftovers(), QString());
+
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    component.setData("import QtQuick 2.12; NumberAnimation { running: true; duration: 100000 }",
+                      QUrl());
+    const std::unique_ptr<QObject> started(component.create());
+    QCOMPARE(support::runningAnimations(), QStringList{QStringLiteral("QQuickNumberAnimation")});
 }
 
 void TestSupport::leftoversNameEventFilters()
