@@ -140,6 +140,10 @@ void PopupAnchorItem::Private::createPopupItem()
     PopupIncubator incubator(q, anchor, &popupItem);
     popup->create(incubator, popup->creationContext());
     if (!self) {
+        // The object began to exist before it could be given to this item.
+        if (incubator.object() && !incubator.object()->parent()) {
+            incubator.object()->deleteLater();
+        }
         return;
     }
     if (!incubator.isReady() && popupItem) {

@@ -201,9 +201,11 @@ void TreeView::Private::createContent()
 
 void TreeView::Private::rebindContext()
 {
+    const QPointer<TreeView> alive(q);
     Document *first = roots.at(0);
     Context *current = first ? first->context() : nullptr;
-    if (current == context) {
+    // A document's context is the application's code.
+    if (!alive || current == context) {
         return;
     }
     if (context) {
@@ -240,7 +242,7 @@ void TreeView::Private::rebuild()
     const QPointer<TreeView> alive(q);
     rebindContext();
     if (!alive) {
-        return; // a document's context is the application's code
+        return;
     }
     if (contentHeight) {
         contentHeight->pause();

@@ -177,8 +177,12 @@ void TreeViewEntry::Private::followChildList()
 
 void TreeViewEntry::createRow(QQuickItem *content, QQuickItem *treeParent)
 {
+    QQmlContext *const viewContext = qmlContext(parent());
+    if (!viewContext || !viewContext->isValid()) {
+        return; // with the engine or the document of the view nothing is made any more
+    }
     QQmlComponent *component = d->host->component(EntryComponent);
-    d->context = new QQmlContext(qmlContext(parent()), this);
+    d->context = new QQmlContext(viewContext, this);
     d->context->setContextObject(this);
 
     const QPointer<TreeViewEntry> alive(this);
@@ -293,10 +297,10 @@ QObject *TreeViewEntry::createDelegateItem(int component, QQuickItem *parent)
 /// As createDelegateItem(), for items only: another object is left to the garbage collector.
 QQuickItem *TreeViewEntry::Private::createItem(int component, QQuickItem *place)
 {
-    QQmlEngine *engine = context->engine();
+    const QPointer<QQmlEngine> engine = context->engine();
     QObject *made = q->createDelegateItem(component, place);
     auto *madeItem = qobject_cast<QQuickItem *>(made);
-    if (made && !madeItem) {
+    if (engine && made && !madeItem) {
         engine->newQObject(made);
     }
     return madeItem;
@@ -337,7 +341,8 @@ void TreeViewEntry::populateRow(QQuickItem *row)
 }
 
 /// In C++, as the calls from the row's file into C++ and back would take a tenth of a rebuild. A
-/// delegate that completes may destroy the row and the entry.
+/// delegate that completes may destroy the row and the entry, the parts that were made before it,
+/// and with the engine all of them.
 void TreeViewEntry::Private::populate(QQuickItem *rowItem)
 {
     const QPointer<TreeViewEntry> alive(q);
@@ -348,16 +353,17 @@ void TreeViewEntry::Private::populate(QQuickItem *rowItem)
         QQuickItem *made = context && place ? createItem(component, place) : nullptr;
         return alive && guard ? made : nullptr;
     };
-    QQuickItem *background = create(BackgroundComponent, rowItem);
+    const QPointer<QQuickItem> background = create(BackgroundComponent, rowItem);
     if (background) {
         row.setBackgroundItem(background);
     }
-    QQuickItem *delegate = alive && guard ? create(DelegateComponent, rowItem) : nullptr;
+    const QPointer<QQuickItem> delegate =
+        alive && guard ? create(DelegateComponent, rowItem) : nullptr;
     if (delegate) {
         row.setDelegateItem(delegate);
     }
-    QQuickItem *marker = alive && guard ? row.collapseMarker() : nullptr;
-    QQuickItem *handle = marker ? create(BranchHandleComponent, marker) : nullptr;
+    const QPointer<QQuickItem> marker = alive && guard ? row.collapseMarker() : nullptr;
+    QPointer<QQuickItem> handle = marker ? create(BranchHandleComponent, marker) : nullptr;
     if (!handle && alive && guard && marker) {
         handle = createDefaultHandle(row.defaultBranchHandle(), marker);
     }
@@ -367,7 +373,7 @@ void TreeViewEntry::Private::populate(QQuickItem *rowItem)
     row.setBranchHandleItem(handle);
     followMarker(rowItem, handle);
     row.raisePressArea(pressArea);
-    if (background) {
+    if (background && alive && guard) {
         row.placeBackground(background);
     }
     if (delegate && alive && guard) {

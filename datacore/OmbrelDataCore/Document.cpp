@@ -3,10 +3,14 @@
 
 #include <OmbrelDataCore/Document.h>
 
+#include <QHash>
 #include <QPair>
 #include <QPointer>
 #include <QSet>
 #include <QVector>
+
+#include <limits>
+#include <vector>
 
 namespace om::data {
 
@@ -18,13 +22,17 @@ public:
     {
     }
 
-    const QList<Document *> &loadedChildren();
+    QList<Document *> loadedChildren();
     bool isAncestorOrSelf(const Document *document) const;
     void take(Document *child);
     void adopt(Document *child, int index);
     void own(Document *child);
     void clearChildren();
     void emitChildrenChanged();
+
+    using Documents = std::vector<QPointer<Document>>;
+    using Contexts = QHash<Document *, Context *>;
+    static void addContexts(const Documents &documents, Contexts *contexts);
 
     static void emitContextChanged(Document *top);
     static void emitContextChangedIfNot(Context *before, Document *top);
@@ -46,11 +54,19 @@ public:
     bool childrenLoaded = false;
 };
 
-const QList<Document *> &Document::Private::loadedChildren()
+// loadChildren() and context() are the application's code, which may destroy documents, this one
+// too, and change lists: after a call guards tell what still lives, and lists are read anew.
+
+// Empty when the document has been destroyed.
+QList<Document *> Document::Private::loadedChildren()
 {
     if (!childrenLoaded) {
         childrenLoaded = true;
+        const QPointer<Document> alive(q);
         const QList<Document *> loaded = q->loadChildren();
+        if (!alive) {
+            return {};
+        }
         for (Document *child : loaded) {
             const bool usable = child && !child->d->parentDocument && !isAncestorOrSelf(child);
             if (usable) {
@@ -102,25 +118,36 @@ void Document::Private::own(Document *child)
 
 void Document::Private::clearChildren()
 {
-    if (loadedChildren().isEmpty()) {
+    const QPointer<Document> self(q);
+    const QList<Document *> loaded = loadedChildren();
+    Contexts before;
+    addContexts(Documents(loaded.cbegin(), loaded.cend()), &before);
+    if (!self || children.isEmpty()) {
         return;
     }
 
-    QVector<QPointer<Document>> withoutContext;
-    const QList<Document *> taken = children;
+    const Documents taken(children.cbegin(), children.cend());
     children.clear();
-    for (Document *child : taken) {
-        Context *before = child->context();
+    for (const QPointer<Document> &child : taken) {
         child->d->parentDocument = nullptr;
-        if (child->context() != before) {
-            withoutContext.append(child);
-        }
     }
 
     emitChildrenChanged();
-    for (const QPointer<Document> &child : qAsConst(withoutContext)) {
+    for (const QPointer<Document> &child : taken) {
         if (child) {
-            emitContextChanged(child);
+            emitContextChangedIfNot(before.value(child), child);
+        }
+    }
+}
+
+// Asks each of the documents that still lives by then for its context.
+void Document::Private::addContexts(const Documents &documents, Contexts *contexts)
+{
+    for (const QPointer<Document> &document : documents) {
+        if (document) {
+            Document *const key = document;
+            Context *const context = document->context();
+            contexts->insert(key, context);
         }
     }
 }
@@ -156,7 +183,9 @@ void Document::Private::emitContextChanged(Document *top)
 
 void Document::Private::emitContextChangedIfNot(Context *before, Document *top)
 {
-    if (top->context() != before) {
+    const QPointer<Document> alive(top);
+    const bool isAnother = top->context() != before;
+    if (alive && isAnother) {
         emitContextChanged(top);
     }
 }
@@ -304,7 +333,12 @@ void Document::setContext(Context *newContext)
     if (d->ownContext == newContext) {
         return;
     }
+    const QPointer<Document> self(this);
+    const QPointer<Context> next(newContext);
     Context *const before = context();
+    if (!self || next != newContext) {
+        return;
+    }
     disconnect(d->ownContextDestroyed);
     d->ownContext = newContext;
     if (newContext) {
@@ -332,10 +366,20 @@ QList<Document *> Document::childDocuments() const
 
 void Document::setChildDocuments(const QList<Document *> &children)
 {
-    const QList<Document *> before = d->loadedChildren();
+    const QPointer<Document> self(this);
+    const Private::Documents wanted(children.cbegin(), children.cend());
+    const QList<Document *> loaded = d->loadedChildren();
+    Private::Contexts contexts;
+    Private::addContexts(Private::Documents(loaded.cbegin(), loaded.cend()), &contexts);
+    Private::addContexts(wanted, &contexts);
+    if (!self) {
+        return;
+    }
+
+    const QList<Document *> before = d->children;
     QList<Document *> after;
     QSet<Document *> kept;
-    for (Document *child : children) {
+    for (Document *child : wanted) {
         if (child && !kept.contains(child) && !d->isAncestorOrSelf(child)) {
             kept.insert(child);
             after.append(child);
@@ -352,7 +396,7 @@ void Document::setChildDocuments(const QList<Document *> &children)
         if (kept.contains(child)) {
             continue;
         }
-        movedFrom.append({child, child->context()});
+        movedFrom.append({child, contexts.value(child)});
         child->d->parentDocument = nullptr;
         if (child->parent() == this) {
             child->setParent(nullptr);
@@ -363,7 +407,7 @@ void Document::setChildDocuments(const QList<Document *> &children)
         if (oldParent == this) {
             continue;
         }
-        movedFrom.append({child, child->context()});
+        movedFrom.append({child, contexts.value(child)});
         if (oldParent) {
             oldParent->d->take(child);
             if (!robbed.contains(oldParent)) {
@@ -374,7 +418,6 @@ void Document::setChildDocuments(const QList<Document *> &children)
     }
     d->children = after;
 
-    const QPointer<Document> self(this);
     for (const QPointer<Document> &oldParent : qAsConst(robbed)) {
         if (oldParent) {
             oldParent->d->emitChildrenChanged();
@@ -397,11 +440,15 @@ Document *Document::parentDocument() const
 
 bool Document::insertChild(int index, Document *child)
 {
-    const QList<Document *> &children = d->loadedChildren();
-    if (!child || d->isAncestorOrSelf(child)) {
+    const QPointer<Document> self(this);
+    const QPointer<Document> inserted(child);
+    d->loadedChildren();
+    Context *const before = self && inserted ? child->context() : nullptr;
+    if (!self || !inserted || d->isAncestorOrSelf(child)) {
         return false;
     }
 
+    const QList<Document *> &children = d->children;
     const QPointer<Document> oldParent = child->d->parentDocument;
     if (oldParent == this) {
         const int from = children.indexOf(child);
@@ -413,14 +460,11 @@ bool Document::insertChild(int index, Document *child)
         return true;
     }
 
-    Context *const before = child->context();
     if (oldParent) {
         oldParent->d->take(child);
     }
     d->adopt(child, qBound(0, index, children.size()));
 
-    const QPointer<Document> self(this);
-    const QPointer<Document> inserted(child);
     if (oldParent) {
         oldParent->d->emitChildrenChanged();
     }
@@ -435,22 +479,26 @@ bool Document::insertChild(int index, Document *child)
 
 bool Document::appendChild(Document *child)
 {
-    return insertChild(d->loadedChildren().size(), child);
+    return insertChild(std::numeric_limits<int>::max(), child);
 }
 
 bool Document::removeChild(Document *child)
 {
+    const QPointer<Document> self(this);
+    const QPointer<Document> removed(child);
     if (!child || !d->loadedChildren().contains(child)) {
         return false;
     }
-
     Context *const before = child->context();
+    if (!self || !removed || !d->children.contains(child)) {
+        return false;
+    }
+
     d->take(child);
     if (child->parent() == this) {
         child->setParent(nullptr);
     }
 
-    const QPointer<Document> removed(child);
     d->emitChildrenChanged();
     if (removed) {
         Private::emitContextChangedIfNot(before, removed);
@@ -470,7 +518,9 @@ QList<Document *> Document::loadChildren()
 
 void Document::notifyContext()
 {
-    if (Context *const affected = context()) {
+    const QPointer<Document> alive(this);
+    Context *const affected = context();
+    if (alive && affected) {
         Q_EMIT affected->documentChanged(this);
     }
 }
