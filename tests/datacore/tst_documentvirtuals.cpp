@@ -144,7 +144,9 @@ const NamedDeeds &operations()
         {"removeChild from one not asked yet", [](Scene &s) { s.other->removeChild(s.child); }},
         {"setChildDocuments", [](Scene &s) { s.document->setChildDocuments({s.other}); }},
         {"setChildDocuments of one not asked yet",
-         [](Scene &s) { s.other->setChildDocuments({s.child, s.document}); }},
+         [](Scene &s) {
+             s.other->setChildDocuments({s.child, s.document});
+         }},
         {"clear", [](Scene &s) { QQmlListReference(s.document, "children").clear(); }},
         {"clear one not asked yet",
          [](Scene &s) { QQmlListReference(s.other, "children").clear(); }},
@@ -173,12 +175,14 @@ const NamedDeeds &abuses()
              delete s.context;
              delete s.otherContext;
          }},
-        {"the child is moved", [](Scene &s) {
+        {"the child is moved",
+         [](Scene &s) {
              if (s.other && s.child) {
                  s.other->appendChild(s.child);
              }
          }},
-        {"its children are cleared", [](Scene &s) {
+        {"its children are cleared",
+         [](Scene &s) {
              if (s.document) {
                  s.document->setChildDocuments({});
              }
@@ -214,8 +218,7 @@ void TestDocumentVirtuals::survives()
             run(scene);
         }
     };
-    const Deed deed =
-        size_t(abuse) < abuses().size() ? abuses().at(size_t(abuse)).second : again;
+    const Deed deed = size_t(abuse) < abuses().size() ? abuses().at(size_t(abuse)).second : again;
     bool isReached = true;
     for (int call = 0; isReached && call < 20; ++call) {
         isReached = false;

@@ -17,9 +17,9 @@
 extern "C" size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
-/// A document that uses every type, loaded over and over, and changed over and over: what lives, what
-/// is drawn with and the memory are as before. OMBREL_CENSUS_ROUNDS says how often; the default of 30
-/// takes seconds.
+/// A document that uses every type, loaded over and over, and changed over and over: what lives,
+/// what is drawn with and the memory are as before. OMBREL_CENSUS_ROUNDS says how often; the
+/// default of 30 takes seconds.
 class TestCensus : public QObject
 {
     Q_OBJECT
@@ -126,8 +126,8 @@ void addObjects(QObject *object, QObjectList *found)
 }
 
 /// How the memory grows. It goes up and down with what JavaScript has not collected yet, and with
-/// buffers that the driver takes and gives back: the least of the first half of the rounds is compared with the
-/// least of the second.
+/// buffers that the driver takes and gives back: the least of the first half of the rounds is
+/// compared with the least of the second.
 class Growth
 {
 public:

@@ -26,7 +26,7 @@ static Function functionOfQt(const char *name)
 void constructGeometryNode(QSGNode *node) OMBREL_EXPORTED_AS("_ZN15QSGGeometryNodeC2Ev");
 void destroyGeometryNode(QSGNode *node) OMBREL_EXPORTED_AS("_ZN15QSGGeometryNodeD2Ev");
 
-void support::watchNodes() {}
+void support::watchNodes() { }
 
 void constructGeometryNode(QSGNode *node)
 {
