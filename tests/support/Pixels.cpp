@@ -89,6 +89,26 @@ int coarseDifference(const QImage &a, const QImage &b)
     return worst;
 }
 
+/// Whether gradients of \a image fall into bands: a hundredth of it is like what is beside and
+/// above, and yet off by more than 4. Around letters, where colours change at once, nobody sees
+/// that.
+static bool hasBands(const QImage &image, const QVector<QRgb> &palette,
+                     const QHash<QRgb, int> &indices)
+{
+    int off = 0;
+    for (int y = 1; y < image.height(); ++y) {
+        for (int x = 1; x < image.width(); ++x) {
+            const QRgb color = image.pixel(x, y);
+            if (distance(color, palette.at(indices.value(color))) > 4
+                && distance(color, image.pixel(x - 1, y)) <= 4
+                && distance(color, image.pixel(x, y - 1)) <= 4) {
+                ++off;
+            }
+        }
+    }
+    return off > image.width() * image.height() / 100;
+}
+
 QImage withPalette(const QImage &image)
 {
     const QImage pixels = image.convertToFormat(QImage::Format_RGB32);
@@ -111,7 +131,6 @@ QImage withPalette(const QImage &image)
     QHash<QRgb, int> indices;
     for (int step = 4; step <= 16 && indices.isEmpty(); step += 4) {
         palette.clear();
-        int off = 0;
         for (int i = 0; i < colors.size() && palette.size() <= most; ++i) {
             const QRgb color = colors.at(i);
             const auto near = std::find_if(palette.begin(), palette.end(), [=](QRgb other) {
@@ -124,11 +143,9 @@ QImage withPalette(const QImage &image)
                 palette.append(color);
             } else {
                 indices.insert(color, int(near - palette.begin()));
-                off += distance(color, *near) > 4 ? counts.value(color) : 0;
             }
         }
-        // Around letters nobody sees it; a gradient would have bands.
-        if (palette.size() > most || off > area / 100) {
+        if (palette.size() > most || hasBands(pixels, palette, indices)) {
             indices.clear();
         }
     }

@@ -31,8 +31,7 @@ QString imageError(const QImage &actual, const QImage &expected, int tolerance =
 int coarseDifference(const QImage &a, const QImage &b);
 
 /// \a image with a palette, so that its file is small: no colour is off by more than 16 in
-/// any part, and nearly none by more than 4. The image itself where 256 colours are too few for
-/// that.
+/// any part, and none of a gradient by more than 4. The image itself where 256 colours are too few.
 QImage withPalette(const QImage &image);
 
 /// The pixels of \a window after everything that is pending has been rendered.

@@ -132,7 +132,7 @@ void TestSupport::paletteKeepsColors()
     QCOMPARE(packed.pixel(5, 0), qRgb(250, 250, 250));
     QCOMPARE(packed.pixel(5, 1), qRgb(252, 252, 252));
     QCOMPARE(packed.format(), QImage::Format_Indexed8);
-    QCOMPARE(support::imageError(packed.convertToFormat(QImage::Format_RGB32), image, 4),
+    QCOMPARE(support::imageError(packed.convertToFormat(QImage::Format_RGB32), image, 16),
              QString());
 }
 
