@@ -50,8 +50,7 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
-        color: Theme.ink
-        opacity: 0.3
+        color: Theme.veil
         MouseArea { anchors.fill: parent; hoverEnabled: true; onPressed: chooser.close(); onWheel: {} }
     }
     Surface {

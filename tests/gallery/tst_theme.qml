@@ -82,4 +82,15 @@ TestCase {
         const contrast = Theme.contrast(Theme[row.state], Theme[row.ground]);
         verify(contrast >= 3, contrast.toFixed(2) + " : 1");
     }
+
+    // What lies below a modal dialog steps back: it becomes darker, in the dark, too.
+    function test_veilDarkens_data() { return appearances.map(appearance => ({ tag: appearance.name, dark: appearance.dark })); }
+    function test_veilDarkens(row) {
+        Theme.dark = row.dark;
+        for (const ground of [Theme.window, Theme.panel, Theme.sunken]) {
+            const mix = part => ground[part] * (1 - Theme.veil.a) + Theme.veil[part] * Theme.veil.a;
+            const veiled = Theme.luminance(Qt.rgba(mix("r"), mix("g"), mix("b"), 1));
+            verify(veiled < 0.8 * Theme.luminance(ground), veiled + " of " + Theme.luminance(ground));
+        }
+    }
 }

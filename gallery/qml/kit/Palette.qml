@@ -42,6 +42,9 @@ QtObject {
     readonly property color off: dark ? "#85898B" : "#86857E"
     readonly property color focus: dark ? "#5FB7CF" : "#2A8098"
 
+    // Over what a modal dialog disables: darker than it in both.
+    readonly property color veil: dark ? "#80000000" : "#2E222222"
+
     // The same in both: for pictures that are made for a light or for a dark ground.
     readonly property color paper: "#FFFFFF"
     readonly property color ink: "#222222"

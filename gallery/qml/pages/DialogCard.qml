@@ -59,8 +59,7 @@ DialogItem {
         y: -dialog.y
         width: visible ? dialog.parent.width : 0
         height: visible ? dialog.parent.height : 0
-        color: Theme.ink
-        opacity: Theme.dark ? 0.5 : 0.18
+        color: Theme.veil
     }
     Surface {
         anchors.fill: parent

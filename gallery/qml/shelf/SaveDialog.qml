@@ -17,7 +17,7 @@ ShelfDialog {
     }
 
     width: parent ? Math.min(560, parent.width - 60) : 560
-    contentHeight: Math.min(list.contentHeight + 12, parent ? Math.max(80, Math.min(320, parent.height - 230)) : 320)
+    contentHeight: Math.min(list.contentHeight + 16, parent ? Math.max(80, Math.min(320, parent.height - 230)) : 320)
     title: "Save the shelf"
     text: steps.length === 0 ? "On disk everything is as the shelf shows it already."
         : (steps.length === 1 ? "This one thing" : "These " + steps.length + " things") + " will be done in “"

@@ -59,8 +59,7 @@ DialogItem {
         y: -dialog.y
         width: visible ? dialog.parent.width : 0
         height: visible ? dialog.parent.height : 0
-        color: Theme.text
-        opacity: 0.18
+        color: Theme.veil
     }
     Surface {
         anchors.fill: parent

@@ -95,7 +95,7 @@ Item {
                     id: tree
                     focus: true
                     x: 6
-                    width: parent.width - x
+                    width: parent.width - 2 * x
                     childProperty: "folders"
                     rootCanCollapse: true
                     rootDocuments: shelf.root ? [shelf.root] : []
