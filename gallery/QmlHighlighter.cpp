@@ -69,9 +69,10 @@ void QmlHighlighter::setCommentColor(const QColor &color)
 
 void QmlHighlighter::highlightBlock(const QString &text)
 {
-    // One alternative a kind; what a string or a comment holds is no type.
+    // One alternative a kind; what a string or a comment holds is no type, nor is a module's name.
     static const QRegularExpression words(QStringLiteral(
-        "(?<comment>//.*$)|(?<value>\"(?:[^\"\\\\]|\\\\.)*\"|\\b(?:true|false|null)\\b"
+        "(?<module>^\\s*import\\s+[A-Za-z][\\w.]*(?:\\s+[\\d.]+)?)|(?<comment>//.*$)"
+        "|(?<value>\"(?:[^\"\\\\]|\\\\.)*\"|\\b(?:true|false|null)\\b"
         "|(?<![\\w.])\\d+(?:\\.\\d+)?\\b)|(?<type>\\b[A-Z]\\w*)"
         "|(?<name>\\b(?:import|property|readonly|function|signal|const)\\b|\\b[a-z][\\w.]*(?=\\s*:)"
         ")"));

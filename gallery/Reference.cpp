@@ -87,8 +87,12 @@ QString Reference::page(const QString &type) const
 QString Reference::example(const QString &type) const
 {
     static const QRegularExpression licence(QStringLiteral("^(?:// SPDX-[^\\n]*\\n)+\\n*"));
+    // Pages take parts of an example by such marks.
+    static const QRegularExpression marks(QStringLiteral("^ *//! \\[[^\\n]*\\n"),
+                                          QRegularExpression::MultilineOption);
     return textOf(QStringLiteral(":/gallery/docs/snippets/%1Example.qml").arg(type))
-        .remove(licence);
+        .remove(licence)
+        .remove(marks);
 }
 
 void Reference::addSteps(const QString &type, const QUrl &demo)

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void copiedQmlMakesWhatIsOnTheStage_data();
     void copiedQmlMakesWhatIsOnTheStage();
     void codeIsShownAndCopied();
+    void codeAndReferenceFitTheirPanes();
     void linksOfTheReferenceLead();
     void resetPutsBack_data();
     void resetPutsBack();
@@ -294,6 +295,32 @@ void TestCode::codeIsShownAndCopied()
     m_window->resize(1240, 820);
 }
 
+void TestCode::codeAndReferenceFitTheirPanes()
+{
+    QQuickItem *demo = open("QRCode");
+    QVERIFY(demo);
+    click(support::itemWith(demo, "text", "QML"));
+    QTRY_COMPARE(support::itemsOf(demo, "TextPane").size(), 2);
+    const auto panes = support::itemsOf(demo, "TextPane");
+    for (QQuickItem *pane : panes) {
+        QTRY_VERIFY(pane->property("contentHeight").toReal() > 100);
+        QVERIFY2(pane->property("contentWidth").toReal() <= pane->width(),
+                 qPrintable(pane->property("name").toString()));
+        // No heading is larger than the page's own.
+        auto *edit = pane->property("edit").value<QQuickItem *>();
+        auto *document = qvariant_cast<QQuickTextDocument *>(edit->property("textDocument"));
+        for (QTextBlock block = document->textDocument()->firstBlock(); block.isValid();
+             block = block.next()) {
+            const auto formats = block.textFormats();
+            for (const QTextLayout::FormatRange &range : formats) {
+                QVERIFY2(range.format.font().pixelSize() <= 18,
+                         qPrintable(block.text() + ' '
+                                    + QString::number(range.format.font().pixelSize())));
+            }
+        }
+    }
+}
+
 void TestCode::linksOfTheReferenceLead()
 {
     QQuickItem *demo = open("Popup");
@@ -403,7 +430,10 @@ void TestCode::everyTypeHasAPageAndAnExample()
             QVERIFY2(html.contains("<h1>" + type), qPrintable(type));
             // What is for other readers of the page is no text.
             QVERIFY2(!html.contains("&lt;img") && !html.contains("&lt;!--"), qPrintable(type));
-            QVERIFY2(reference.example(type).contains(type), qPrintable(type));
+            const QString example = reference.example(type);
+            QVERIFY2(example.contains(type), qPrintable(type));
+            // The marks by which pages take a part of it are no line to hand out.
+            QVERIFY2(!example.contains("//!"), qPrintable(type));
             ++types;
         }
     }
@@ -469,6 +499,10 @@ void TestCode::highlighting_data()
                                << "tttt nnnn      ";
     QTest::newRow("a number in a name") << "a1: b2"
                                         << "nn    ";
+    QTest::newRow("a module") << "import ombrel.Controls 1.0 // A"
+                              << "nnnnnnnnnnnnnnnnnnnnnnnnnn cccc";
+    QTest::newRow("a folder") << "import \"../Kit\" as Kit"
+                              << "nnnnnn vvvvvvvv    ttt";
 }
 
 void TestCode::highlighting()

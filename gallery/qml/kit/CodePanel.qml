@@ -49,6 +49,7 @@ Item {
             name: "QML of " + panel.type
             edit.text: panel.code
             edit.textFormat: TextEdit.PlainText
+            edit.wrapMode: TextEdit.Wrap
             edit.font.family: Theme.monoFamily
             edit.font.pixelSize: Theme.small
             QmlHighlighter {
@@ -70,14 +71,19 @@ Item {
         sunken: true
 
         TextPane {
-            anchors { fill: parent; topMargin: 4; bottomMargin: 4 }
+            anchors { fill: parent; topMargin: 12; bottomMargin: 4 }
             name: "Reference of " + panel.type
             edit.textFormat: TextEdit.RichText
             edit.wrapMode: TextEdit.WordWrap
-            edit.text: "<style>h1 { font-size: 18px; font-weight: 600 } h2, h3 { font-size: 15px; font-weight: 600 }"
-                       + " code, pre { font-family: monospace; font-size: 12px } pre { white-space: pre-wrap }"
+            // Qt gives headings twice the size of the text, and no style changes that.
+            function withHeadings(html) {
+                const sizes = [Theme.large, 16, Theme.normal];
+                return html.replace(/<h([1-3])>/g, (all, level) => "<p style='font-size: " + sizes[level - 1] + "px; font-weight: 600'>")
+                           .replace(/<\/h[1-3]>/g, "</p>");
+            }
+            edit.text: "<style>code, pre { font-family: monospace; font-size: 12px } pre { white-space: pre-wrap }"
                        + " .head { color: " + Theme.faintText + " }"
-                       + " a { color: " + Theme.accentText + " }</style>" + reference.page(panel.type)
+                       + " a { color: " + Theme.accentText + " }</style>" + withHeadings(reference.page(panel.type))
             onLinked: panel.linked(address)
         }
     }
