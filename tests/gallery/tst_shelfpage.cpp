@@ -598,10 +598,9 @@ void TestShelfPage::nothingIsLostOnAnotherPage()
 /// What a drag carries can go while it is under way: the card that is left says nothing.
 void TestShelfPage::cardWithoutDocuments()
 {
-    QQmlComponent component(
-        m_view->engine(),
-        QUrl::fromLocalFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
-                            + text("/gallery/qml/shelf/ShelfDragCard.qml")));
+    QQmlComponent component(m_view->engine(),
+                            QUrl::fromLocalFile(qEnvironmentVariable("OMBREL_SOURCE_DIR")
+                                                + text("/gallery/qml/shelf/ShelfDragCard.qml")));
     const std::unique_ptr<QObject> card(component.create());
     QVERIFY2(card, qPrintable(component.errorString()));
 }
