@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-// The pointer comes to an item, whose slot closes the window and gives another item the pointer. What
-// comes next lets Qt's basic render loop (QSG_RENDER_LOOP=basic) render without a current OpenGL
-// context. Only Qt's own MouseArea takes part.
+// The pointer comes to an item, whose slot closes the window and gives another item the pointer.
+// What comes next lets Qt's basic render loop (QSG_RENDER_LOOP=basic) render without a current
+// OpenGL context. Only Qt's own MouseArea takes part.
 
 #include <QGuiApplication>
 #include <QQmlComponent>
