@@ -53,11 +53,12 @@ void RandomHand::pressKey(Qt::Key key, Qt::Key modifier)
 void RandomHand::typeSomething()
 {
     static constexpr Qt::Key plain[] = {
-        Qt::Key_Left, Qt::Key_Right, Qt::Key_Up,     Qt::Key_Down,      Qt::Key_Home,   Qt::Key_End,
-        Qt::Key_F2,   Qt::Key_F3,    Qt::Key_Return, Qt::Key_Backspace, Qt::Key_Escape, Qt::Key_Escape,
-        Qt::Key_A,    Qt::Key_B,     Qt::Key_C,      Qt::Key_Delete};
-    static constexpr Qt::Key held[] = {Qt::Key_Z, Qt::Key_Z, Qt::Key_Y, Qt::Key_A,
-                                       Qt::Key_L, Qt::Key_S};
+        Qt::Key_Left,   Qt::Key_Right,     Qt::Key_Up,     Qt::Key_Down,
+        Qt::Key_Home,   Qt::Key_End,       Qt::Key_F2,     Qt::Key_F3,
+        Qt::Key_Return, Qt::Key_Backspace, Qt::Key_Escape, Qt::Key_Escape,
+        Qt::Key_A,      Qt::Key_B,         Qt::Key_C,      Qt::Key_Delete};
+    static constexpr Qt::Key held[] = {Qt::Key_Z, Qt::Key_Z, Qt::Key_Y,
+                                       Qt::Key_A, Qt::Key_L, Qt::Key_S};
     if (pick(4) == 0) {
         pressKey(held[pick(6)], Qt::Key_Control);
     } else {

@@ -11,8 +11,8 @@
 
 #include <random>
 
-/// Presses, drags, turns the wheel and types at random in the area of an item, with the X server's own
-/// pointer and keyboard, at the pace of a hurried hand.
+/// Presses, drags, turns the wheel and types at random in the area of an item, with the X server's
+/// own pointer and keyboard, at the pace of a hurried hand.
 class RandomHand : public QObject
 {
 public:

@@ -41,9 +41,8 @@ void Sandbox::keep(Shelf *shelf)
 {
     m_shelf = shelf;
     // Later: the shelf is not done yet when it says so. To save takes several steps of a person.
-    connect(shelf, &Shelf::rootChanged, this, [this] {
-        QTimer::singleShot(0, this, [this] { leadBack(); });
-    });
+    connect(shelf, &Shelf::rootChanged, this,
+            [this] { QTimer::singleShot(0, this, [this] { leadBack(); }); });
 }
 
 void Sandbox::leadBack()

@@ -7,8 +7,8 @@
 
 #include <QTemporaryDir>
 
-/// A folder that Shelf may do anything to: a copy of the gallery's samples. Shelf is led back when it
-/// opens another one.
+/// A folder that Shelf may do anything to: a copy of the gallery's samples. Shelf is led back when
+/// it opens another one.
 class Sandbox : public QObject
 {
 public:

@@ -41,8 +41,9 @@ int complaints = 0;
 void note(QtMsgType, const QMessageLogContext &, const QString &message)
 {
     // What the library says by its documentation, and what a bare X server does.
-    static const QRegularExpression known(QStringLiteral(
-        "Registering types of Controls plugin|^discard$|QStandardPaths: |XCB error: [0-9]+ \\(Bad(Window|Match)\\)"));
+    static const QRegularExpression known(
+        QStringLiteral("Registering types of Controls plugin|^discard$|QStandardPaths: |XCB error: "
+                       "[0-9]+ \\(Bad(Window|Match)\\)"));
     if (!known.match(message).hasMatch()) {
         ++complaints;
         std::printf("logged: %s\n", qPrintable(message));
@@ -123,9 +124,8 @@ int main(int argc, char *argv[])
     om::gallery::prepareEngine(&engine, &tree);
     qInstallMessageHandler(note);
     QQuickWindow *const window = openGalleryWindow(&engine);
-    auto *const shelf = engine.rootContext()
-                            ->contextProperty(QStringLiteral("shelf"))
-                            .value<Shelf *>();
+    auto *const shelf =
+        engine.rootContext()->contextProperty(QStringLiteral("shelf")).value<Shelf *>();
     if (!window || !shelf) {
         qFatal("The gallery does not open");
     }

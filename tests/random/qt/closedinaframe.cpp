@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-// A slot of beforeSynchronizing closes the window. Qt's basic render loop (QSG_RENDER_LOOP=basic) goes
-// on with the frame, without a current OpenGL context.
+// A slot of beforeSynchronizing closes the window. Qt's basic render loop (QSG_RENDER_LOOP=basic)
+// goes on with the frame, without a current OpenGL context.
 
 #include <QGuiApplication>
 #include <QQuickItem>
