@@ -13,6 +13,14 @@
 
 namespace support {
 
+/// Not to a receiver that the events before have destroyed.
+static void send(QObject *receiver, QEvent *event)
+{
+    if (receiver) {
+        QCoreApplication::sendEvent(receiver, event);
+    }
+}
+
 static constexpr Qt::DropActions allActions = Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
 
 DragEvents::DragEvents(QObject *receiver)
@@ -37,7 +45,7 @@ bool DragEvents::enter(const QPointF &position)
 {
     QDragEnterEvent event(position.toPoint(), allActions, m_mimeData.get(), Qt::LeftButton,
                           Qt::NoModifier);
-    QCoreApplication::sendEvent(m_receiver, &event);
+    send(m_receiver, &event);
     return event.isAccepted();
 }
 
@@ -46,7 +54,7 @@ bool DragEvents::move(const QPointF &position, bool accepted)
     QDragMoveEvent event(position.toPoint(), allActions, m_mimeData.get(), Qt::LeftButton,
                          Qt::NoModifier);
     event.setAccepted(accepted);
-    QCoreApplication::sendEvent(m_receiver, &event);
+    send(m_receiver, &event);
     return event.isAccepted();
 }
 
@@ -54,14 +62,14 @@ bool DragEvents::drop(const QPointF &position, bool accepted)
 {
     QDropEvent event(position, allActions, m_mimeData.get(), Qt::LeftButton, Qt::NoModifier);
     event.setAccepted(accepted);
-    QCoreApplication::sendEvent(m_receiver, &event);
+    send(m_receiver, &event);
     return event.isAccepted();
 }
 
 void DragEvents::leave()
 {
     QDragLeaveEvent event;
-    QCoreApplication::sendEvent(m_receiver, &event);
+    send(m_receiver, &event);
 }
 
 void withDragFrom(QObject *source, const std::function<void(QDrag *drag)> &body)

@@ -75,6 +75,13 @@ QVariantList valuesOf(int id, const Stage &stage)
     return {};
 }
 
+/// Whether \a value points to an object, which may be gone.
+bool isObject(const QVariant &value)
+{
+    return QMetaType::typeFlags(value.userType()).testFlag(QMetaType::PointerToQObject)
+        && *static_cast<QObject *const *>(value.constData());
+}
+
 QVariantList valuesOf(const QMetaProperty &property, const Stage &stage)
 {
     QVariantList values;
@@ -138,7 +145,9 @@ public:
         }
         const bool hasEvents =
             m_stage.subject()->inherits("EventItem") || m_stage.subject()->inherits("FilterItem");
-        if (!::isOfLibrary(m_stage.subject()) && !hasEvents) {
+        if (m_stage.subject()->inherits("MakerItem")) {
+            addCallsOfTheMaker();
+        } else if (!::isOfLibrary(m_stage.subject()) && !hasEvents) {
             addCallsOfQt();
         } else if (m_stage.subjectItem()) {
             addPointer();
@@ -150,6 +159,8 @@ public:
             addDrags();
         }
         addDocuments();
+        add(QStringLiteral("declare it anew"), [](Stage &stage) { stage.remake(); });
+        m_found.back().makesTheScene = true;
         if (m_stage.subject()->inherits("om::controls::FpsCounter")) {
             addFrames();
         }
@@ -181,8 +192,14 @@ private:
                         const QVariantList values = target
                             ? valuesOf(target->metaObject()->property(index), stage)
                             : QVariantList();
+                        // A handler of the first may destroy the others.
+                        std::vector<std::pair<QVariant, QPointer<QObject>>> living;
                         for (const QVariant &value : values) {
-                            if (target) {
+                            living.emplace_back(value, value.value<QObject *>());
+                        }
+                        for (const auto &[value, element] : living) {
+                            const bool isGone = isObject(value) && !element;
+                            if (target && !isGone) {
                                 target->metaObject()->property(index).write(target, value);
                             }
                             stage.settle();
@@ -308,6 +325,19 @@ private:
             });
             stage.settle();
         });
+        m_found.back().isApart = true;
+    }
+
+    void addCallsOfTheMaker()
+    {
+        for (const char *function : {"make", "makeBitByBit"}) {
+            add(QString::fromLatin1(function), [function](Stage &stage) {
+                if (stage.subject()) {
+                    QMetaObject::invokeMethod(stage.subject(), function);
+                }
+                stage.settle();
+            });
+        }
     }
 
     void addPointer()
@@ -426,7 +456,11 @@ private:
                     component.setData("import ombrel.data.Core 1.0\nDocument {}", QUrl());
                     QObject *const child = component.create();
                     child->setParent(document);
+                    const QPointer<QObject> listed = child;
                     QQmlListReference(document, "children", stage.engine()).append(child);
+                    if (document && listed) {
+                        QQmlListReference(document, "listed", stage.engine()).append(listed);
+                    }
                 }
                 stage.settle();
                 if (document) {
@@ -475,7 +509,8 @@ std::vector<Provocation> provocationsFor(Stage &stage)
                                      before(s);
                                  }
                              },
-                             found.at(i).run, found.at(i).isOfQt});
+                             found.at(i).run, found.at(i).isOfQt, found.at(i).isApart,
+                             found.at(i).makesTheScene});
         }
     }
     return found;

@@ -20,6 +20,12 @@ struct Provocation
     /// Whether it only calls functions of Qt's own types: what the subject and what it is in then
     /// say about themselves is Qt's affair.
     bool isOfQt = false;
+    /// What is done in each signal once is done in this provocation's, too, whatever others have
+    /// done: it makes them fire in a situation of its own.
+    bool isApart = false;
+    /// Whether it makes the scene: only what is made from components in it counts then, as all else
+    /// is in the midst of being made by Qt.
+    bool makesTheScene = false;
 };
 
 /// What can be done to the scene that \a stage shows: a write for each writable property, a call of

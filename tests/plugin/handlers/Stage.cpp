@@ -3,14 +3,16 @@
 
 #include "tests/plugin/handlers/Stage.h"
 
+#include "tests/plugin/handlers/AskedDocument.h"
 #include "tests/plugin/handlers/EventItem.h"
+#include "tests/plugin/handlers/MakerItem.h"
+#include "tests/plugin/handlers/ToldItem.h"
 #include "tests/support/DragEvents.h"
 
 #include <QAbstractAnimation>
 #include <QCoreApplication>
 #include <QDrag>
 #include <QFile>
-#include <QQmlContext>
 #include <QQmlListReference>
 #include <QRegularExpression>
 #include <QTest>
@@ -48,9 +50,9 @@ void collect(QObject *object, QList<QObject *> *found)
     }
 }
 
-std::unique_ptr<QQuickWindow> makeWindow(int x)
+QQuickWindow *makeWindow(int x)
 {
-    auto window = std::make_unique<QQuickWindow>();
+    auto *const window = new QQuickWindow;
     window->setFlag(Qt::FramelessWindowHint);
     window->setGeometry(x, 100, 200, 200);
     return window;
@@ -80,47 +82,83 @@ QString plainClassName(const QObject *object)
 }
 
 Stage::Stage()
-    : m_window(makeWindow(100))
-    , m_second(makeWindow(400))
+    : m_second(makeWindow(400))
 {
+    qmlRegisterType<AskedDocument>("handlers", 1, 0, "AskedDocument");
     qmlRegisterType<EventItem>("handlers", 1, 0, "EventItem");
+    qmlRegisterType<MakerItem>("handlers", 1, 0, "MakerItem");
+    qmlRegisterType<ToldItem>("handlers", 1, 0, "ToldItem");
     qmlRegisterType<FilterItem>("handlers", 1, 0, "FilterItem");
     m_dragDriver.setInterval(1);
     QObject::connect(&m_dragDriver, &QTimer::timeout, [this] { driveDrag(); });
-    // Connected first, told first; under the threaded loop both arrive after the fact, one after
-    // the other.
-    QObject::connect(m_window.get(), &QQuickWindow::beforeSynchronizing, &m_dragDriver,
-                     [this] { m_synchronizing = true; });
-    QObject::connect(m_window.get(), &QQuickWindow::afterSynchronizing, &m_dragDriver,
-                     [this] { m_synchronizing = false; });
     showWindows();
 }
 
-Stage::~Stage() = default;
+Stage::~Stage()
+{
+    m_held.reset();
+    delete m_context;
+    m_components.clear();
+    delete m_engine;
+    delete m_window;
+}
+
+QQuickWindow *Stage::window()
+{
+    if (!m_window) {
+        m_window = makeWindow(100);
+        m_synchronizing = false;
+        // Connected first, told first; under the threaded loop both arrive after the fact, one
+        // after the other.
+        QObject::connect(m_window, &QQuickWindow::beforeSynchronizing, &m_dragDriver,
+                         [this] { m_synchronizing = true; });
+        QObject::connect(m_window, &QQuickWindow::afterSynchronizing, &m_dragDriver,
+                         [this] { m_synchronizing = false; });
+    }
+    return m_window;
+}
+
+QQmlEngine *Stage::engine()
+{
+    if (!m_engine) {
+        // Without their engine they make nothing any more.
+        m_components.clear();
+        m_engine = new QQmlEngine;
+        ++m_engineCount;
+    }
+    return m_engine;
+}
+
+bool Stage::isOfWindow(const QObject *object) const
+{
+    return object == m_second->contentItem() || (m_window && object == m_window->contentItem());
+}
 
 void Stage::showWindows()
 {
-    for (QQuickWindow *window : {m_second.get(), m_window.get()}) {
-        if (!window->isVisible()) {
-            window->show();
-            if (!QTest::qWaitForWindowExposed(window)) {
+    for (QQuickWindow *shown : {m_second.get(), window()}) {
+        if (!shown->isVisible()) {
+            shown->show();
+            if (!QTest::qWaitForWindowExposed(shown)) {
                 qFatal("The window is not shown");
             }
         }
     }
     if (!m_window->isActive()) {
         m_window->requestActivate();
-        if (!QTest::qWaitForWindowActive(m_window.get())) {
+        if (!QTest::qWaitForWindowActive(m_window)) {
             qFatal("The window is not active");
         }
     }
 }
 
-bool Stage::load(const QString &type)
+std::shared_ptr<QQmlComponent> Stage::componentOf(const QString &type)
 {
+    // First, as a new engine clears the list.
+    QQmlEngine *const maker = engine();
     auto &component = m_components[type];
     if (!component) {
-        component = std::make_shared<QQmlComponent>(&m_engine);
+        component = std::make_shared<QQmlComponent>(maker);
         const QUrl place = QUrl::fromLocalFile(dataFile(QStringLiteral("generated")));
         if (QFile::exists(dataFile(type))) {
             component->loadUrl(QUrl::fromLocalFile(dataFile(type)));
@@ -133,25 +171,52 @@ bool Stage::load(const QString &type)
             } else if (probe && probe->inherits("om::controls::DropHandler")) {
                 object = "DropZone { x: 20; y: 20; width: 80; height: 80; " + object + " }";
             }
-            component = std::make_shared<QQmlComponent>(&m_engine);
+            component = std::make_shared<QQmlComponent>(maker);
             component->setData(imports + "Stock { " + object + " }", place);
         }
     }
-    m_dragStep = 0;
-    m_dragDriver.start();
-    m_root = component->beginCreate(m_engine.rootContext());
+    return component;
+}
+
+void Stage::make()
+{
+    const std::shared_ptr<QQmlComponent> component = componentOf(m_type);
+    m_context = new QQmlContext(engine());
+    m_root = component->beginCreate(m_context);
     m_held.reset(m_root);
-    if (auto *item = qobject_cast<QQuickItem *>(m_root)) {
-        item->setParentItem(m_window->contentItem());
+    if (auto *item = qobject_cast<QQuickItem *>(m_root.data())) {
+        item->setParentItem(window()->contentItem());
         component->completeCreate();
     }
     m_subject = m_root ? m_root->findChild<QObject *>(QStringLiteral("subject")) : nullptr;
+    if (!m_root) {
+        m_held.release();
+    }
+}
+
+bool Stage::load(const QString &type)
+{
+    m_type = type;
+    m_dragStep = 0;
+    m_dragDriver.start();
+    make();
     if (!m_subject) {
-        qWarning("%s", qPrintable(component->errorString()));
+        qWarning("%s", qPrintable(componentOf(type)->errorString()));
         return false;
     }
     settle();
     return true;
+}
+
+void Stage::remake()
+{
+    if (m_root) {
+        m_held.reset();
+    } else {
+        m_held.release();
+    }
+    delete m_context;
+    make();
 }
 
 void Stage::clear()
@@ -164,13 +229,14 @@ void Stage::clear()
     } else {
         m_held.release();
     }
-    QTest::mouseRelease(m_window.get(), Qt::LeftButton, {}, {199, 199});
+    delete m_context;
+    QTest::mouseRelease(window(), Qt::LeftButton, {}, {199, 199});
     // What an action has moved here, and a drag visual that wants to stay.
-    for (QQuickWindow *window : {m_window.get(), m_second.get()}) {
+    for (QQuickWindow *shown : {window(), m_second.get()}) {
         QList<QPointer<QQuickItem>> items;
-        const auto found = window->contentItem()->childItems()
-            + window->contentItem()->findChildren<QQuickItem *>(QString(),
-                                                                Qt::FindDirectChildrenOnly);
+        const auto found = shown->contentItem()->childItems()
+            + shown->contentItem()->findChildren<QQuickItem *>(QString(),
+                                                               Qt::FindDirectChildrenOnly);
         for (QQuickItem *item : found) {
             items.append(item);
         }
@@ -200,23 +266,30 @@ QObjectList Stage::stock(const char *property) const
     return found;
 }
 
-QMap<QString, QObject *> Stage::senders() const
+QObjectList Stage::documents() const
+{
+    QList<om::data::Document *> found;
+    if (m_root) {
+        found = m_root->findChildren<om::data::Document *>();
+    }
+    return {found.cbegin(), found.cend()};
+}
+
+QMap<QString, QObject *> Stage::senders()
 {
     QList<QObject *> objects;
     if (m_root) {
         collect(m_root, &objects);
     }
-    collect(m_window->contentItem(), &objects);
+    collect(window()->contentItem(), &objects);
     collect(m_second->contentItem(), &objects);
     QMap<QString, QObject *> named;
     for (QObject *object : qAsConst(objects)) {
-        const bool isWindows =
-            object == m_window->contentItem() || object == m_second->contentItem();
         // The insides of the library's own QML files are nobody else's to touch.
         const QQmlContext *const context = qmlContext(object);
         const bool isInside = context
             && context->baseUrl().toString().startsWith(QLatin1String("qrc:/controls/private/"));
-        if (isWindows || isInside
+        if (isOfWindow(object) || isInside
             || (!isOfLibrary(object) && !qobject_cast<QQuickItem *>(object))) {
             continue;
         }
@@ -242,7 +315,7 @@ void Stage::settle()
             whenChanged();
         }
         if (m_root) {
-            const auto animations = m_window->contentItem()->findChildren<QAbstractAnimation *>()
+            const auto animations = window()->contentItem()->findChildren<QAbstractAnimation *>()
                 + m_root->findChildren<QAbstractAnimation *>();
             for (const QPointer<QAbstractAnimation> animation : animations) {
                 if (animation && animation->state() == QAbstractAnimation::Running) {
@@ -251,7 +324,7 @@ void Stage::settle()
             }
         }
     }
-    if (m_window->isVisible()) {
+    if (window()->isVisible()) {
         m_window->grabWindow();
         QCoreApplication::processEvents();
     }
@@ -262,7 +335,7 @@ void Stage::settle()
 void Stage::driveDrag()
 {
     // A Draggable takes its drag along into another window.
-    const QObjectList places = {m_root, m_window->contentItem(), m_second->contentItem()};
+    const QObjectList places = {m_root, window()->contentItem(), m_second->contentItem()};
     const bool running = std::any_of(places.cbegin(), places.cend(), [](const QObject *place) {
         return place && place->findChild<QDrag *>();
     });
@@ -276,7 +349,7 @@ void Stage::driveDrag()
     if (whenChanged) {
         whenChanged();
     }
-    support::DragEvents events(m_window.get());
+    support::DragEvents events(window());
     switch (++m_dragStep) {
     case 1:
         events.enter({150, 150});

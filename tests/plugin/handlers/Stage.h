@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QQmlComponent>
+#include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -28,24 +29,35 @@ public:
 
     /// Makes the scene of \a type; false, with a message, when that is not possible.
     bool load(const QString &type);
+    /// Destroys the scene and makes it anew.
+    void remake();
     /// Destroys the scene, closes what is left of a drag, and shows both windows again.
     void clear();
 
     QObject *subject() const { return m_subject; }
     QQuickItem *subjectItem() const { return qobject_cast<QQuickItem *>(m_subject); }
     QObject *root() const { return m_root; }
-    QQuickWindow *window() const { return m_window.get(); }
+    /// A new one, not shown before clear(), when the last has been destroyed; so with the engine.
+    QQuickWindow *window();
     QQuickWindow *second() const { return m_second.get(); }
-    QQmlEngine *engine() { return &m_engine; }
+    QQmlEngine *engine();
+    /// How many engines there have been.
+    int engineCount() const { return m_engineCount; }
+    /// That of the scene's document.
+    QQmlContext *context() const { return m_context; }
+    /// Whether \a object is a window's own item.
+    bool isOfWindow(const QObject *object) const;
 
     /// What the property \a property of the stock holds, one object or a list: components, items
     /// and documents to write into properties and to pass to functions.
     QObjectList stock(const char *property) const;
+    /// All documents of the scene.
+    QObjectList documents() const;
 
     /// The objects that may be senders, by a name that is the same whenever the scene is made:
     /// objects of the library and items. Among objects of one class without a name only the first
     /// two are listed.
-    QMap<QString, QObject *> senders() const;
+    QMap<QString, QObject *> senders();
 
     /// Called whenever new objects may have been made.
     std::function<void()> whenChanged;
@@ -58,18 +70,24 @@ public:
     void settle();
 
 private:
+    std::shared_ptr<QQmlComponent> componentOf(const QString &type);
+    void make();
     void showWindows();
     void driveDrag();
 
-    QQmlEngine m_engine;
-    std::unique_ptr<QQuickWindow> m_window;
+    // What an action may destroy.
+    QPointer<QQmlEngine> m_engine;
+    QPointer<QQuickWindow> m_window;
+    QPointer<QQmlContext> m_context;
     std::unique_ptr<QQuickWindow> m_second;
+    QString m_type;
     std::unique_ptr<QObject> m_held;
     QPointer<QObject> m_root;
     QPointer<QObject> m_subject;
     QMap<QString, std::shared_ptr<QQmlComponent>> m_components;
     QTimer m_dragDriver;
     int m_dragStep = 0;
+    int m_engineCount = 0;
     bool m_synchronizing = false;
 };
 

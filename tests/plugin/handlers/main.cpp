@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-// Runs the rows of tst_handlers: for each provocation of a type, each signal that it makes fire,
-// and each action, the action inside the signal. A row may end the process; its name has been
-// written before.
+// Runs the rows of tst_handlers: for each provocation of a type, each signal and each moment (see
+// Moment.h) that it brings about, and each action, the action inside of it. A row may end the
+// process; its name has been written before.
 //
 //   handler_rows --types              writes the names of the types
+//   handler_rows --actions            writes the names of the actions
 //   handler_rows --attached           destroys an object that the engine has attached
 //   handler_rows                      reads commands from standard input:
 //     list TYPE                       which signals fire; no rows are run
@@ -14,15 +15,19 @@
 //     row TYPE <tab> STEP <tab> ROW       row ROW of provocation number STEP alone
 //     withhold DEED                   no row does it from now on: "signal: action" or "provocation:
 //                                     action"
+//     known EMISSION                  what is done in each signal once has been done in this one
 //
 // Each line of output is a word and a text, parted by a tab: "class" and "declared" (a signal that
-// the class has), "row", "fired", "while" (when the row before acts: "synchronizing", "binding"),
-// "said" and "left" (what is wrong with it), "done".
+// the class has, a property that holds a component), "row", "fired", "once" (the number of the
+// provocation that has the rows which an emission gets once, and the emission), "while" (when the
+// row before acts: "synchronizing", "binding"), "said" and "left" (what is wrong with it), "done".
 
 #include "tests/plugin/handlers/Action.h"
+#include "tests/plugin/handlers/Moment.h"
 #include "tests/plugin/handlers/Provocation.h"
 #include "tests/plugin/handlers/SignalHook.h"
 #include "tests/plugin/handlers/Stage.h"
+#include "tests/plugin/handlers/ToldItem.h"
 #include "tests/support/ObjectCensus.h"
 #include "tests/support/RegisteredTypes.h"
 
@@ -52,6 +57,7 @@ bool isAnnounced(const QString &text)
         "^Module size must be between|^Slider delegate must be|^Crosshair delegate must be"
         "|^Destroyed Draggable during drag!|^Drop handlers changed during drag operation"
         "|^No delegate present - TreeView cannot render tree"
+        "|^QQmlComponent: Cannot create a component in an invalid context"
         "|^QXcbConnection: XCB error: [0-9]+ \\(Bad(Window|Match)\\)|^QStandardPaths: "));
     return text.contains(announced);
 }
@@ -67,12 +73,14 @@ void report(QtMsgType type, const QMessageLogContext &, const QString &text)
     }
 }
 
-/// A signal of one of the objects of a scene.
+/// A signal of one of the objects of a scene, or a moment of one.
 struct Emission
 {
     QString sender;
     QByteArray signature;
     bool isOfLibrary;
+    bool isMoment;
+    QString name() const { return sender + QLatin1Char('.') + QString::fromLatin1(signature); }
     bool operator<(const Emission &other) const
     {
         return std::tie(sender, signature) < std::tie(other.sender, other.signature);
@@ -113,12 +121,19 @@ const QMetaObject *declarerOf(const QMetaObject *meta, int method)
     return meta;
 }
 
+/// Whether a property of \a meta holds a component.
+bool isComponent(const QMetaObject *meta, int property)
+{
+    return qstrcmp(meta->property(property).typeName(), "QQmlComponent*") == 0;
+}
+
 class Rows
 {
 public:
-    Rows(const QString &type, const QSet<QString> &withheld)
+    Rows(const QString &type, const QSet<QString> &withheld, const QSet<QString> &known)
         : m_type(type)
         , m_withheld(withheld)
+        , m_known(known)
     {
     }
 
@@ -128,10 +143,20 @@ public:
             return false;
         }
         m_provocations = provocationsFor(m_stage);
+        const QMetaObject *const meta = m_stage.subject()->metaObject();
+        for (int i = 0; i < meta->propertyCount(); ++i) {
+            if (isComponent(meta, i)) {
+                const QMetaProperty property = meta->property(i);
+                const QString name = QString::fromLatin1(property.name());
+                m_componentProperties.insert(
+                    name,
+                    QString::fromLatin1(property.enclosingMetaObject()->className())
+                        + QLatin1Char(' ') + name);
+            }
+        }
         m_seen.clear();
         m_stage.clear();
-        // What the first rows leave for good, such as caches, is none of a row's.
-        m_living = support::livingObjects();
+        takeStock();
         return true;
     }
 
@@ -169,42 +194,46 @@ private:
         write("row", QStringLiteral("%1\t%2: only looked at").arg(step).arg(provocation.name));
         m_rows.clear();
         std::set<Emission> emissions;
-        provoke(provocation, [&](const QString &sender, QObject *object, int index) {
-            const QMetaMethod method = object->metaObject()->method(index);
-            const QString declarer =
-                QString::fromLatin1(declarerOf(object->metaObject(), index)->className());
-            return [&emissions,
-                    emission = Emission{sender, method.methodSignature(),
-                                        declarer.startsWith(QLatin1String("om::"))},
-                    declarer] {
-                if (emissions.insert(emission).second) {
-                    write("fired",
-                          declarer + QLatin1Char(' ') + QString::fromLatin1(emission.signature));
-                }
-            };
-        });
+        provoke(provocation,
+                [&](const Emission &emission, const QString &declarer, QObject *, bool) {
+                    return [&emissions, emission, declarer] {
+                        if (emissions.insert(emission).second) {
+                            write("fired",
+                                  declarer + QLatin1Char(' ')
+                                      + QString::fromLatin1(emission.signature));
+                        }
+                    };
+                });
         finish();
         QStringList names;
         for (const Emission &emission : emissions) {
             if (isQts(provocation, emission)) {
                 continue;
             }
+            const bool isNew =
+                isForOnce(emission) && (provocation.isApart || !m_known.contains(emission.name()));
+            if (isNew && !provocation.isApart) {
+                m_known.insert(emission.name());
+                write("once", QStringLiteral("%1\t%2").arg(step).arg(emission.name()));
+            }
             for (const Action &action : actions()) {
                 for (const bool subject : {false, true}) {
-                    if (listOnly || (subject && !action.isForSubject)) {
+                    if (listOnly || (subject && !action.isForSubject)
+                        || ((action.isOnce || emission.isMoment) && !isNew)) {
                         continue;
                     }
                     const QString signal = QString::fromLatin1(emission.signature);
+                    const char *const target = action.target == Action::Surroundings ? ""
+                        : subject ? " the subject"
+                                  : " the sender";
                     const QString deed =
-                        QStringLiteral(": %1 the %2")
-                            .arg(action.name,
-                                 subject ? QStringLiteral("subject") : QStringLiteral("sender"));
+                        QStringLiteral(": %1%2").arg(action.name, QLatin1String(target));
                     if (m_withheld.contains(signal + deed)
                         || m_withheld.contains(provocation.name + deed)) {
                         continue;
                     }
-                    names.append(QStringLiteral("%1: in %2.%3%4")
-                                     .arg(provocation.name, emission.sender, signal, deed));
+                    names.append(
+                        QStringLiteral("%1: in %2%3").arg(provocation.name, emission.name(), deed));
                     m_rows.push_back([this, &provocation, emission, &action, subject] {
                         runRow(provocation, emission, action, subject);
                     });
@@ -216,17 +245,37 @@ private:
 
     /// Whether no code of the library has to do with an emission: the scene's root hears of each
     /// child that comes and goes, and Qt tells it in the middle of its own work.
-    static bool isQts(const Provocation &provocation, const Emission &emission)
+    bool isQts(const Provocation &provocation, const Emission &emission) const
     {
+        if (provocation.makesTheScene) {
+            return !emission.sender.startsWith(madeName());
+        }
+        if (emission.isMoment) {
+            return false;
+        }
         static const QList<QByteArray> aboutChildren = {
             "childrenChanged()", "visibleChildrenChanged()", "childrenRectChanged(QRectF)"};
-        return aboutChildren.contains(emission.signature)
+        return aboutChildren.contains(emission.signature) || m_type == QLatin1String("MakerItem")
             || (provocation.isOfQt && !emission.isOfLibrary
                 && (emission.sender == QLatin1String("subject")
                     || emission.sender == QLatin1String("stock")));
     }
 
-    using HookMaker = std::function<SignalHook::Function(const QString &, QObject *, int)>;
+    /// Whether what is done once in each signal, and all that is done in a moment, is done in this
+    /// one: only when it is asked for, as it takes as long again as all else. What an item of Qt
+    /// says beside the subject it says in every scene.
+    static bool isForOnce(const Emission &emission)
+    {
+        static const bool isAsked = qEnvironmentVariableIsSet("OMBREL_HANDLERS_ALL");
+        return isAsked
+            && (emission.isOfLibrary || emission.isMoment
+                || emission.sender == QLatin1String("subject"));
+    }
+
+    /// What is to be called in an emission of an object, that is in its destructor or not; the text
+    /// names who has declared the signal.
+    using HookMaker =
+        std::function<SignalHook::Function(const Emission &, const QString &, QObject *, bool)>;
 
     void provoke(const Provocation &provocation, const HookMaker &makeHook)
     {
@@ -240,11 +289,39 @@ private:
         m_hook = std::make_unique<SignalHook>();
         m_hooked.clear();
         m_stage.whenChanged = [this, makeHook] { hookNewObjects(makeHook); };
+        handleMoments([this, makeHook](const Moment &moment) {
+            const Emission emission{nameOf(moment.object), moment.name.toLatin1(), true, true};
+            if (const auto hook =
+                    makeHook(emission, declarerOf(moment), moment.object, moment.isEnd)) {
+                hook();
+            }
+        });
         hookNewObjects(makeHook);
         provocation.run(m_stage);
         m_stage.settle();
         m_hook.reset();
+        handleMoments({});
         m_stage.clear();
+    }
+
+    static QString madeName() { return QStringLiteral("what is made"); }
+
+    static QString nameOf(const QObject *object)
+    {
+        if (const auto *const told = qobject_cast<const ToldItem *>(object)) {
+            // One that begins has no properties yet.
+            return QStringLiteral("%1 %2").arg(madeName(), told->role()).trimmed();
+        }
+        return object->objectName().isEmpty() ? plainClassName(object) : object->objectName();
+    }
+
+    /// "virtual" of what a document is asked; of an item that is made, the property that holds its
+    /// component, with the class that has the property.
+    QString declarerOf(const Moment &moment) const
+    {
+        const auto *const told = qobject_cast<const ToldItem *>(moment.object);
+        return told ? m_componentProperties.value(told->role(), QStringLiteral("other"))
+                    : QStringLiteral("virtual");
     }
 
     void hookNewObjects(const HookMaker &makeHook)
@@ -259,8 +336,13 @@ private:
             const QMetaObject *const meta = known->metaObject();
             declare(meta);
             for (int i = 0; i < meta->methodCount(); ++i) {
-                if (isWatched(meta->method(i))) {
-                    if (auto hook = makeHook(it.key(), known, i)) {
+                const QMetaMethod method = meta->method(i);
+                if (isWatched(method)) {
+                    const QString declarer =
+                        QString::fromLatin1(::declarerOf(meta, i)->className());
+                    const Emission emission{it.key(), method.methodSignature(),
+                                            declarer.startsWith(QLatin1String("om::")), false};
+                    if (auto hook = makeHook(emission, declarer, known, false)) {
                         m_hook->connectTo(known, i, std::move(hook));
                     }
                 }
@@ -268,7 +350,8 @@ private:
         }
     }
 
-    /// Writes the signals that classes of the library have, once a class.
+    /// Writes the signals that classes of the library have, and the moments of what is made from
+    /// their components, once a class.
     void declare(const QMetaObject *meta)
     {
         for (; meta; meta = meta->superClass()) {
@@ -285,6 +368,16 @@ private:
                               + QString::fromLatin1(meta->method(i).methodSignature()));
                 }
             }
+            for (int i = meta->propertyOffset(); i < meta->propertyCount(); ++i) {
+                for (const char *moment : {"completes", "onCompleted", "onDestruction"}) {
+                    if (isComponent(meta, i)) {
+                        write("declared",
+                              QStringLiteral("%1 %2 %3")
+                                  .arg(name, QLatin1String(meta->property(i).name()),
+                                       QLatin1String(moment)));
+                    }
+                }
+            }
         }
     }
 
@@ -292,41 +385,55 @@ private:
                 bool atSubject)
     {
         bool done = false;
-        provoke(provocation,
-                [&](const QString &sender, QObject *object, int index) -> SignalHook::Function {
-                    if (sender != emission.sender
-                        || object->metaObject()->method(index).methodSignature()
-                            != emission.signature) {
-                        return {};
+        provoke(
+            provocation,
+            [&](const Emission &found, const QString &declarer, QObject *object,
+                bool isEnding) -> SignalHook::Function {
+                if (found.name() != emission.name()) {
+                    return {};
+                }
+                // A property that QML has declared changes while its binding is evaluated.
+                const bool isBinding = declarer.contains(QLatin1String("_QML"));
+                return [&, isBinding, isEnding, guarded = QPointer<QObject>(object),
+                        type = &typeid(*object)] {
+                    const QObject *const emitter = guarded;
+                    QObject *const target = atSubject ? m_stage.subject() : guarded.data();
+                    // Qt also emits from destructors, where the object is less than it was.
+                    if (done || !target || !emitter || *type != typeid(*emitter)
+                        || (action.target == Action::Item && !qobject_cast<QQuickItem *>(target))
+                        || (action.isEnd && isEnding && target == emitter)
+                        || (action.isEnd && plainClassName(target).endsWith(attached))) {
+                        return;
                     }
-                    // A property that QML has declared changes while its binding is evaluated.
-                    const bool isBinding =
-                        QByteArray(declarerOf(object->metaObject(), index)->className())
-                            .contains("_QML");
-                    return [&, isBinding, guarded = QPointer<QObject>(object),
-                            type = &typeid(*object)] {
-                        const QObject *const emitter = guarded;
-                        QObject *const target = atSubject ? m_stage.subject() : guarded.data();
-                        // Qt also emits from destructors, where the object is less than it was.
-                        if (done || !target || !emitter || *type != typeid(*emitter)
-                            || (action.needsItem && !qobject_cast<QQuickItem *>(target))
-                            || (action.isEnd && plainClassName(target).endsWith(attached))) {
-                            return;
-                        }
-                        done = true;
-                        if (m_stage.isSynchronizing()) {
-                            write("while", QStringLiteral("synchronizing"));
-                        } else if (isBinding) {
-                            write("while", QStringLiteral("binding"));
-                        }
-                        action.run(m_stage, target, provocation);
-                    };
-                });
+                    done = true;
+                    if (m_stage.isSynchronizing()) {
+                        write("while", QStringLiteral("synchronizing"));
+                    } else if (isBinding) {
+                        write("while", QStringLiteral("binding"));
+                    }
+                    action.run(m_stage, target, provocation);
+                };
+            });
+    }
+
+    /// Notes what lives between the rows. What the first ones leave for good, such as caches, is
+    /// none of a row's.
+    void takeStock()
+    {
+        m_living = support::livingObjects();
+        m_engineCount = m_stage.engineCount();
     }
 
     /// Names what a row left behind.
     void finish()
     {
+        m_stage.engine();
+        if (m_stage.engineCount() != m_engineCount) {
+            // The next engine has to have its caches, too.
+            m_stage.load(m_type);
+            m_stage.clear();
+            m_engineCount = m_stage.engineCount();
+        }
         // What JavaScript holds goes in rounds: each round lets go of what holds the next.
         for (int round = 0; round < 4 && support::livingObjects() != m_living; ++round) {
             m_stage.engine()->collectGarbage();
@@ -358,6 +465,10 @@ private:
     QMap<QString, QPointer<QObject>> m_hooked;
     QStringList m_living;
     QSet<QString> m_seen;
+    QSet<QString> m_known;
+    /// By their names, with their classes.
+    QHash<QString, QString> m_componentProperties;
+    int m_engineCount = 0;
 };
 
 } // namespace
@@ -367,6 +478,12 @@ int main(int argc, char **argv)
     if (argc > 1 && qstrcmp(argv[1], "--types") == 0) {
         for (const QString &type : support::registeredTypes()) {
             write("type", type);
+        }
+        return 0;
+    }
+    if (argc > 1 && qstrcmp(argv[1], "--actions") == 0) {
+        for (const Action &action : actions()) {
+            write("action", action.name);
         }
         return 0;
     }
@@ -381,6 +498,7 @@ int main(int argc, char **argv)
         return 1;
     }
     QSet<QString> withheld;
+    QSet<QString> known;
     for (;;) {
         const QString line = QString::fromUtf8(input.readLine()).trimmed();
         if (line.isEmpty()) {
@@ -392,7 +510,11 @@ int main(int argc, char **argv)
             withheld.insert(words.value(0));
             continue;
         }
-        Rows rows(words.value(0), withheld);
+        if (command == QLatin1String("known")) {
+            known.insert(words.value(0));
+            continue;
+        }
+        Rows rows(words.value(0), withheld, known);
         if (!rows.prepare()) {
             return 1;
         }

@@ -13,10 +13,9 @@ Stock {
         width: 80
         height: 80
         dragDocuments: scene.documents
-        dragDelegate: Item {
+        dragDelegate: Told {
             objectName: "visual"
-            width: 10
-            height: 10
+            role: "dragDelegate"
             // It asks to stay, and lets go as soon as it may.
             readonly property bool dropped: DragArea.isDropped
             Component.onCompleted: DragArea.delayRemove = true

@@ -12,8 +12,9 @@ Stock {
         y: 20
         width: 80
         height: 80
-        sliderDelegate: Rectangle {
+        sliderDelegate: Told {
             objectName: "marker"
+            role: "sliderDelegate"
             width: 4
             height: 4
         }

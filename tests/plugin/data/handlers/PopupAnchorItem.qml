@@ -11,8 +11,9 @@ Stock {
         y: 20
         width: 80
         height: 80
-        Rectangle {
+        Told {
             objectName: "popup"
+            role: "popup"
             width: 30
             height: 30
         }

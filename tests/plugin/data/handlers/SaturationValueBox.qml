@@ -12,8 +12,9 @@ Stock {
         y: 20
         width: 80
         height: 80
-        crossHairDelegate: Rectangle {
+        crossHairDelegate: Told {
             objectName: "marker"
+            role: "crossHairDelegate"
             width: 4
             height: 4
         }

@@ -4,6 +4,7 @@
 import QtQuick 2.12
 import ombrel.Controls 1.0
 import ombrel.data.Core 1.0
+import handlers 1.0
 
 // What the scenes are in, and what is written into the properties of their subjects.
 Item {
@@ -13,15 +14,15 @@ Item {
     height: 200
 
     property list<Component> components: [
-        Component { Rectangle { objectName: "made"; width: 10; height: 10 } },
+        Component { Told { objectName: "made" } },
         Component { Item { objectName: "madeToo" } }
     ]
     property list<Item> items: [
         Item { objectName: "other"; parent: stock; x: 120; width: 50; height: 50 }
     ]
     property list<Document> documents: [
-        Document { documentId: "one"; types: ["", "text"] },
-        Document { documentId: "two"; types: ["", "text"] }
+        AskedDocument { objectName: "one"; documentId: "one"; types: ["", "text"] },
+        AskedDocument { objectName: "two"; documentId: "two"; types: ["", "text"] }
     ]
     property list<DropHandler> handlers: [FileDropHandler { }]
     property QtObject textDocuments: edit ? edit.textDocument : null

@@ -4,6 +4,7 @@
 import QtQuick 2.12
 import ombrel.Controls 1.0
 import ombrel.data.Core 1.0
+import handlers 1.0
 
 Stock {
     id: scene
@@ -12,18 +13,21 @@ Stock {
         x: 20
         y: 20
         width: 100
-        childProperty: "children"
+        childProperty: "listed"
         rootCanCollapse: true
         rootDocuments: [scene.documents[0], parentDocument]
-        delegate: Text {
+        delegate: Told {
             readonly property var row: TreeView
-            text: document.documentId
+            role: "delegate"
         }
-        backgroundDelegate: Item { }
+        backgroundDelegate: Told { role: "backgroundDelegate" }
+        branchHandleDelegate: Told { role: "branchHandleDelegate" }
     }
-    Document {
+    AskedDocument {
         id: parentDocument
+        objectName: "parent"
         documentId: "parent"
-        Document { documentId: "child" }
+        context: Context { objectName: "context" }
+        listed: [AskedDocument { objectName: "child"; documentId: "child" }]
     }
 }
