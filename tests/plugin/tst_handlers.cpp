@@ -107,7 +107,10 @@ QProcessEnvironment environment(bool namesPlaces = false)
 {
     auto environment = QProcessEnvironment::systemEnvironment();
     const QString options = QStringLiteral("ASAN_OPTIONS");
-    QString value = environment.value(options) + QStringLiteral(":detect_leaks=0");
+    // A row frees little. The quarter of a gigabyte that freed memory is kept in otherwise is pages
+    // that the kernel has to clear, a fifth of a row's time.
+    QString value =
+        environment.value(options) + QStringLiteral(":detect_leaks=0:quarantine_size_mb=24");
     if (!namesPlaces) {
         value += QStringLiteral(":symbolize=0");
     }
