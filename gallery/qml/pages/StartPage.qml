@@ -28,7 +28,7 @@ Page {
                 { file: "LiveDelegate.qml", type: "DragZone", text: "Drags carry a live item" },
                 { file: "TurningPopup.qml", type: "PopupAnchorItem", text: "Popups turn along" },
                 { file: "TreeByDocument.qml", type: "TreeView", text: "Rows go by their document" },
-                { file: "Recolour.qml", type: "QRCode", text: "Codes change colour for nothing" },
+                { file: "Recolour.qml", type: "QRCode", text: "Codes change colour at no cost" },
                 { file: "DialogStack.qml", type: "DialogItem", text: "Dialogs lie on one another" }
             ]
             StartCard {
