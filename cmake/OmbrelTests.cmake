@@ -11,7 +11,8 @@
 #   INTERNAL   links the controls' inner library instead of loading the plugin (never both)
 #   OFFSCREEN  needs neither pixels nor a window system
 #   ONE_LOOP   has a window, but nothing of it depends on the render loop
-#   LONG       takes half a minute or more: it begins first, lest it run alone at the end
+#   LONG       takes some twenty seconds or more: it begins first, lest it run alone at the end, and
+#              has the label "long"
 #   LIBRARIES  further targets that each C++ test of the folder links
 #
 # A name that no file has stops the configuration; tst_x.qml is called tst_x_qml.
@@ -51,7 +52,7 @@ function(ombrel_test_entry name loop offscreen)
     add_test(NAME "${name}" COMMAND ${runner} ${ARGN})
     set_tests_properties("${name}" PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
     if(test IN_LIST arg_LONG)
-        set_tests_properties("${name}" PROPERTIES COST 1000)
+        set_tests_properties("${name}" PROPERTIES COST 1000 LABELS long)
     endif()
 endfunction()
 
