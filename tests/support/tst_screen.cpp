@@ -15,14 +15,19 @@ using namespace support;
 
 namespace {
 
-/// Shows one colour, and a new one only when it is asked to.
+/// Shows one colour, and a new one when it is painted again.
 class Sheet : public QRasterWindow
 {
 public:
     QColor color = Qt::red;
+    int paints = 0;
 
 protected:
-    void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(0, 0, 50, 50, color); }
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter(this).fillRect(0, 0, 50, 50, color);
+        ++paints;
+    }
 };
 
 /// Takes a new colour over only when it is told to mark its node.
@@ -78,9 +83,19 @@ void TestScreen::screenShowsOnlyWhatWasPainted()
     QVERIFY(QTest::qWaitForWindowExposed(&sheet));
     QTRY_COMPARE(pixelError(screenPixels(&sheet), {25, 25}, Qt::red), QString());
     QCOMPARE(screenPixels(&sheet).size(), QSize(50, 50));
+    // The platform may ask for the sheet once more, which shows the colour of that moment. A
+    // picture tells something only if nothing was painted since the colour before it.
+    QString difference;
+    int paints = -1;
+    for (int hue = 0; paints != sheet.paints; hue += 30) {
+        QVERIFY(hue < 180);
+        sheet.color = QColor::fromHsv(hue + 60, 255, 255);
+        paints = sheet.paints;
+        QTest::qWait(50);
+        difference = pixelError(screenPixels(&sheet), {25, 25}, sheet.color);
+    }
+    QVERIFY(!difference.isEmpty());
     sheet.color = Qt::blue;
-    QCoreApplication::processEvents();
-    QVERIFY(!pixelError(screenPixels(&sheet), {25, 25}, Qt::blue).isEmpty());
     sheet.update();
     QTRY_COMPARE(pixelError(screenPixels(&sheet), {25, 25}, Qt::blue), QString());
 }
