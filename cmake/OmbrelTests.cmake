@@ -1,17 +1,18 @@
 # SPDX-FileCopyrightText: 2026 The Ombrel developers
 # SPDX-License-Identifier: MIT
 #
-# ombrel_add_tests([INTERNAL <tst>...] [OFFSCREEN <tst>...] [ONE_LOOP <tst>...] [LONG <tst>...]
-#                  [LIBRARIES <target>...])
+# ombrel_add_tests([INTERNAL <tst>...] [PLAIN <tst>...] [OFFSCREEN <tst>...] [ONE_LOOP <tst>...]
+#                  [LONG <tst>...] [LIBRARIES <target>...])
 #
 # Turns every tst_*.cpp and tst_*.qml of the calling folder into tests. Files are found, not
 # listed: a test that exists runs. By default a test loads the plugin through an engine, as an
 # application does, and runs on an X server of its own, once under each render loop.
 #
 #   INTERNAL   links the controls' inner library instead of loading the plugin (never both)
+#   PLAIN      needs nothing of the controls, and no help of tests/support
 #   OFFSCREEN  needs neither pixels nor a window system
 #   ONE_LOOP   has a window, but nothing of it depends on the render loop
-#   LONG       takes some twenty seconds or more: it begins first, lest it run alone at the end, and
+#   LONG       takes some fifteen seconds or more: it begins first, lest it run alone at the end, and
 #              has the label "long"
 #   LIBRARIES  further targets that each C++ test of the folder links
 #
@@ -79,7 +80,8 @@ function(ombrel_check_test_names)
         get_filename_component(test "${file}" NAME_WE)
         list(APPEND tests "${test}_qml")
     endforeach()
-    foreach(name IN LISTS arg_UNPARSED_ARGUMENTS arg_INTERNAL arg_OFFSCREEN arg_ONE_LOOP arg_LONG)
+    foreach(name IN LISTS arg_UNPARSED_ARGUMENTS arg_INTERNAL arg_PLAIN arg_OFFSCREEN arg_ONE_LOOP
+                          arg_LONG)
         if(NOT name IN_LIST tests)
             message(FATAL_ERROR "ombrel_add_tests: ${CMAKE_CURRENT_SOURCE_DIR} has no test ${name}")
         endif()
@@ -87,7 +89,7 @@ function(ombrel_check_test_names)
 endfunction()
 
 function(ombrel_add_tests)
-    cmake_parse_arguments(arg "" "" "INTERNAL;OFFSCREEN;ONE_LOOP;LONG;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(arg "" "" "INTERNAL;PLAIN;OFFSCREEN;ONE_LOOP;LONG;LIBRARIES" ${ARGN})
     get_filename_component(folder "${CMAKE_CURRENT_SOURCE_DIR}" NAME)
 
     file(GLOB sources CONFIGURE_DEPENDS "tst_*.cpp")
@@ -100,12 +102,15 @@ function(ombrel_add_tests)
         set(moc "${CMAKE_CURRENT_BINARY_DIR}/${test}.moc")
         qt5_generate_moc("${source}" "${moc}" TARGET ${folder}_${test})
         add_executable(${folder}_${test} "${source}" "${moc}")
-        target_link_libraries(${folder}_${test} PRIVATE ombrel_test_support ${arg_LIBRARIES})
-        target_precompile_headers(${folder}_${test} REUSE_FROM ombrel_precompiled_tests)
+        target_link_libraries(${folder}_${test} PRIVATE Qt5::Test ${arg_LIBRARIES})
+        if(NOT test IN_LIST arg_PLAIN)
+            target_link_libraries(${folder}_${test} PRIVATE ombrel_test_support)
+            target_precompile_headers(${folder}_${test} REUSE_FROM ombrel_precompiled_tests)
+        endif()
         if(test IN_LIST arg_INTERNAL)
             target_link_libraries(${folder}_${test} PRIVATE ombrel_controls ombrel_logging
                                   ombrel_resources)
-        else()
+        elseif(NOT test IN_LIST arg_PLAIN)
             add_dependencies(${folder}_${test} ombrelcontrolsplugin)
         endif()
         target_include_directories(${folder}_${test} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")
