@@ -4,11 +4,13 @@
 #include "controls/input/FpsCounter.h"
 
 #include "controls/input/FrameRateMeter.h"
+#include "controls/support/QueuedCalls.h"
 
 #include <QDateTime>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTimer>
+#include <QVector>
 
 namespace om::controls {
 
@@ -28,6 +30,7 @@ public:
 
     FpsCounter *const q;
     FrameRateMeter meter{QDateTime::currentMSecsSinceEpoch()};
+    QVector<QMetaObject::Connection> watches; // of the windows' frames
 };
 
 FpsCounter::FpsCounter(QObject *parent)
@@ -36,7 +39,13 @@ FpsCounter::FpsCounter(QObject *parent)
 {
 }
 
-FpsCounter::~FpsCounter() = default;
+FpsCounter::~FpsCounter()
+{
+    for (const QMetaObject::Connection &watch : qAsConst(d->watches)) {
+        disconnect(watch);
+    }
+    dropQueuedCalls(this);
+}
 
 int FpsCounter::currentFps() const
 {
@@ -69,7 +78,8 @@ void FpsCounter::findWindow()
         // then counted several times at one time, and the meter ignores intervals of 0 ms. A signal
         // from the render thread is queued (automatic connection), so that only the counter's
         // thread uses the meter.
-        connect(item->window(), &QQuickWindow::frameSwapped, this, &FpsCounter::updateFps);
+        d->watches.append(
+            connect(item->window(), &QQuickWindow::frameSwapped, this, &FpsCounter::updateFps));
         found = true;
     }
     if (!found) {

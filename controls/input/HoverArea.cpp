@@ -3,6 +3,8 @@
 
 #include "controls/input/HoverArea.h"
 
+#include "controls/support/QueuedCalls.h"
+
 namespace om::controls {
 
 class HoverArea::Private
@@ -62,6 +64,7 @@ HoverArea::~HoverArea()
     // Leaving the item tree runs handlers, which may read properties that the record holds: done
     // here, as the base class's destructor does it after the record is destroyed.
     setParentItem(nullptr);
+    dropQueuedCalls(this);
 }
 
 bool HoverArea::isHovered() const

@@ -4,6 +4,7 @@
 #include "controls/popups/Popup.h"
 
 #include "controls/popups/Dependence.h"
+#include "controls/support/QueuedCalls.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -191,6 +192,7 @@ Popup::~Popup()
     QObject::disconnect(d->attachedItemDestroyed);
     d->followFrames(nullptr);
     d->filterEvents(nullptr);
+    dropQueuedCalls(this);
 }
 
 bool Popup::isOpen() const

@@ -6,6 +6,7 @@
 #include "controls/popups/Dependence.h"
 #include "controls/popups/PopupAnchor.h"
 #include "controls/popups/PopupIncubator.h"
+#include "controls/support/QueuedCalls.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -228,6 +229,7 @@ PopupAnchorItem::~PopupAnchorItem()
     // here, as the base class's destructor does it after the record is destroyed.
     setParentItem(nullptr);
     d->watch(nullptr);
+    dropQueuedCalls(this);
 }
 
 QQmlComponent *PopupAnchorItem::popup() const

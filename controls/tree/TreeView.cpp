@@ -5,6 +5,7 @@
 
 #include "controls/support/ListElement.h"
 #include "controls/support/QmlPlace.h"
+#include "controls/support/QueuedCalls.h"
 #include "controls/tree/ContentHeight.h"
 #include "controls/tree/RootDocuments.h"
 #include "controls/tree/TreeRows.h"
@@ -338,6 +339,10 @@ TreeView::~TreeView()
     } else {
         delete d->contentItem;
     }
+    if (d->context) {
+        disconnect(d->context, nullptr, this, nullptr);
+    }
+    dropQueuedCalls(this);
 }
 
 QObject *TreeView::qmlAttachedProperties(QObject *object)

@@ -3,6 +3,7 @@
 
 #include "controls/visuals/Frame.h"
 
+#include "controls/support/QueuedCalls.h"
 #include "controls/visuals/FrameItem.h"
 
 #include <QPointer>
@@ -61,7 +62,13 @@ Frame::Frame(QQuickItem *parent)
 {
 }
 
-Frame::~Frame() = default;
+Frame::~Frame()
+{
+    if (d->window) {
+        disconnect(d->window, &QQuickWindow::beforeSynchronizing, this, &Frame::updateGeometry);
+    }
+    dropQueuedCalls(this);
+}
 
 int Frame::frameWidth() const
 {
