@@ -72,7 +72,8 @@ public:
         QStringList found;
         for (auto it = m_nodes.cbegin(); it != m_nodes.cend(); ++it) {
             if (it.value() >= m_firstOfTest) {
-                found.append(className(typeid(*it.key())));
+                const QSGNode &node = *it.key();
+                found.append(className(typeid(node)));
             }
         }
         found.sort();
