@@ -145,8 +145,7 @@ void TestQueuedCalls::framesArriveNowhere_data()
 
     QTest::newRow("Frame") << QByteArray("Frame {}");
     QTest::newRow("FpsCounter") << QByteArray("FpsCounter {}");
-    QTest::newRow("Popup") << QByteArray(
-        "Popup { open: true; attachedItem: root }");
+    QTest::newRow("Popup") << QByteArray("Popup { open: true; attachedItem: root }");
     QTest::newRow("PopupAnchorItem")
         << QByteArray("PopupAnchorItem { popup: Component { Item { width: 20; height: 20 } } "
                       "Component.onCompleted: show() }");

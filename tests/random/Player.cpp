@@ -8,6 +8,7 @@
 #include <QMetaMethod>
 #include <QQuickItem>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QTest>
 #include <QTimer>
 
@@ -81,6 +82,9 @@ void Player::take(const QJsonArray &step)
 {
     const QString what = step.at(0).toString();
     const QString first = step.at(1).toString();
+    const bool isInput = what != QLatin1String("make") && what != QLatin1String("evaluate")
+        && what != QLatin1String("act");
+    const QScopedValueRollback<bool> turning(m_mayTurnLoop, !isInput);
     if (what == QLatin1String("make")) {
         m_lastDocument = step.at(2).toString().toUtf8();
         m_scene.make(m_lastDocument, m_scene.object(first));
@@ -225,8 +229,9 @@ void Player::act(const QString &action, const QString &name)
     } else if (action == QLatin1String("cancel the drag")) {
         QDrag::cancel();
     } else if (action == QLatin1String("turn the event loop")) {
-        // Items that go in there are still in Qt's hands: qt/loopinpress.cpp, qt/loopindrag.cpp
-        if (!m_scene.isDelivering()) {
+        // Not within the delivery of an event: qt/loopinpress.cpp, qt/loopindrag.cpp
+        if (m_mayTurnLoop) {
+            const QScopedValueRollback<bool> others(m_mayTurnLoop, false);
             QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
         }
     } else if (!object) {

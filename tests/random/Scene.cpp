@@ -8,38 +8,6 @@
 #include <QQuickItem>
 #include <QTest>
 
-class Scene::Window : public QQuickWindow
-{
-public:
-    bool isDelivering() const { return m_depth > 0; }
-
-protected:
-    bool event(QEvent *event) override
-    {
-        switch (event->type()) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseMove:
-        case QEvent::Wheel:
-        case QEvent::DragEnter:
-        case QEvent::DragMove:
-        case QEvent::DragLeave:
-        case QEvent::Drop: {
-            ++m_depth;
-            const bool handled = QQuickWindow::event(event);
-            --m_depth;
-            return handled;
-        }
-        default:
-            return QQuickWindow::event(event);
-        }
-    }
-
-private:
-    int m_depth = 0;
-};
-
 Scene::Scene()
     : m_engine(std::make_unique<QQmlEngine>())
     , m_all(std::make_unique<QQmlPropertyMap>())
@@ -47,7 +15,7 @@ Scene::Scene()
     m_engine->rootContext()->setContextProperty(QStringLiteral("scene"), this);
     m_engine->rootContext()->setContextProperty(QStringLiteral("all"), m_all.get());
     for (int index = 0; index < 2; ++index) {
-        m_windows[index] = std::make_unique<Window>();
+        m_windows[index] = std::make_unique<QQuickWindow>();
         QQuickWindow *const window = m_windows[index].get();
         window->setFlag(Qt::FramelessWindowHint);
         window->setGeometry(20 + 520 * index, 20, 480, 360);
@@ -60,16 +28,6 @@ Scene::Scene()
 }
 
 Scene::~Scene() = default;
-
-QQuickWindow *Scene::window(int index) const
-{
-    return m_windows[index & 1].get();
-}
-
-bool Scene::isDelivering() const
-{
-    return m_windows[0]->isDelivering() || m_windows[1]->isDelivering();
-}
 
 QQuickItem *Scene::item(const QString &name) const
 {

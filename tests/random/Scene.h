@@ -40,22 +40,18 @@ public:
 
     QObject *object(const QString &name) const { return m_named.value(name); }
     QQuickItem *item(const QString &name) const;
-    QQuickWindow *window(int index) const;
-    /// Whether a window delivers an event of the pointer or of a drag to its items just now.
-    bool isDelivering() const;
+    QQuickWindow *window(int index) const { return m_windows[index & 1].get(); }
     QQmlEngine *engine() { return m_engine.get(); }
 
     /// Ends everything; an odd \a order destroys the windows before the objects.
     void tearDown(int order);
 
 private:
-    class Window;
-
     void destroyRoots();
 
     std::unique_ptr<QQmlEngine> m_engine;
     std::unique_ptr<QQmlPropertyMap> m_all;
-    std::unique_ptr<Window> m_windows[2];
+    std::unique_ptr<QQuickWindow> m_windows[2];
     std::vector<QPointer<QObject>> m_roots;
     std::vector<std::unique_ptr<QQmlComponent>> m_components;
     QHash<QString, QPointer<QObject>> m_named;

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
-// A slot of containsDragChanged turns the event loop, in which the item goes: it was to be deleted later,
-// and that is now. Only Qt's own DropArea takes part: Qt Quick goes on with the event that it
-// delivers.
+// A slot of containsDragChanged turns the event loop, in which the item goes: it was to be deleted
+// later, and that is now. Only Qt's own DropArea takes part: Qt Quick goes on with the event that
+// it delivers.
 
 #include <QDragEnterEvent>
 #include <QGuiApplication>

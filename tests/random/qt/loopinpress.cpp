@@ -55,7 +55,7 @@ int main(int argc, char *argv[])
         area->setParentItem(window.contentItem());
     }
     receiver.below = areas[0];
-    QObject::connect(areas[1], SIGNAL(pressed(QQuickMouseEvent*)), &receiver, SLOT(turn()));
+    QObject::connect(areas[1], SIGNAL(pressed(QQuickMouseEvent *)), &receiver, SLOT(turn()));
     QTest::mousePress(&window, Qt::LeftButton, {}, {50, 50});
     qInfo("Qt survives this");
     return 0;
