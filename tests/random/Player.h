@@ -55,6 +55,5 @@ private:
     support::Pointer m_pointer;
     std::unique_ptr<support::DragEvents> m_foreign;
     bool m_deliversDrag = false;
-    bool m_mayTurnLoop =
-        false; ///< What runs now is a step's own doing, not an event's.
+    bool m_mayTurnLoop = false; ///< What runs now is a step's own doing, not an event's.
 };
