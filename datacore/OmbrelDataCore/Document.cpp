@@ -245,6 +245,8 @@ Document::~Document()
             }
         }
     }
+    // A slot of destroyed() may destroy the context, when this is no document any more.
+    disconnect(d->ownContextDestroyed);
 }
 
 QString Document::documentId() const

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/datacore/DocumentLog.h"
+#include "tests/support/Leftovers.h"
 
 #include <OmbrelDataCore/Context.h>
 #include <OmbrelDataCore/Document.h>
 
+#include <QSignalSpy>
 #include <QTest>
 
 using om::data::Context;
@@ -34,6 +36,7 @@ class TestDocumentContext : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void ownContextBeforeInherited();
     void contextSurvivesItsDeletion();
     void contextSignalReachesOnlyWhatInheritsIt();
@@ -41,6 +44,7 @@ private Q_SLOTS:
     void movedBetweenContexts();
     void inheritedContextIsToldOfChanges();
     void documentChangedArrivesQueued();
+    void contextGoesInDestroyed();
 };
 
 void TestDocumentContext::ownContextBeforeInherited()
@@ -201,6 +205,22 @@ void TestDocumentContext::documentChangedArrivesQueued()
     document.setName("a");
     QVERIFY(receiver.received.isEmpty());
     QTRY_COMPARE(receiver.received, Documents{&document});
+}
+
+void TestDocumentContext::contextGoesInDestroyed()
+{
+    auto *const context = new Context;
+    auto *const document = new Document;
+    document->setContext(context);
+    QSignalSpy changes(document, &Document::contextChanged);
+    bool destroyed = false;
+    connect(document, &QObject::destroyed, context, [context, &destroyed] {
+        delete context;
+        destroyed = true;
+    });
+    delete document;
+    QVERIFY(destroyed);
+    QCOMPARE(changes.size(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestDocumentContext)
