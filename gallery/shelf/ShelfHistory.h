@@ -27,7 +27,8 @@ public:
     ~ShelfHistory() override;
 
     /// Does `redo`, and keeps it with the action that takes it back. What had been undone before is
-    /// forgotten.
+    /// forgotten. A step that is asked for while another is done, undone or done again comes after
+    /// that: a list that moves may end the editing of a name.
     void run(const QString &text, Action redo, Action undo);
     void clear();
 
@@ -36,7 +37,7 @@ public:
     QString undoText() const;
     QString redoText() const;
 
-    /// Without anything to undo or to do again they do nothing.
+    /// Without anything to undo or to do again, or while a step is done, they do nothing.
     Q_INVOKABLE void undo();
     Q_INVOKABLE void redo();
 
@@ -51,7 +52,13 @@ private:
         Action redo;
         Action undo;
     };
+    /// Whether the history is still there after the \a action, and has not been cleared by it.
+    bool perform(const Action &action);
+    void runWaiting();
+
     std::vector<Step> m_steps;
+    std::vector<Step> m_waiting;
+    bool m_performing = false;
     size_t m_done = 0;
 };
 

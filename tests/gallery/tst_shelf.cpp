@@ -26,6 +26,7 @@ private Q_SLOTS:
 
     void historyTakesBackAndDoesAgain();
     void historyForgetsWhatAnotherStepReplaces();
+    void historyKeepsStepsApart();
     void opensAllThatIsThere();
     void saysWhatCannotBeRead();
     void opensAnotherFolder();
@@ -100,6 +101,31 @@ void TestShelf::historyForgetsWhatAnotherStepReplaces()
     history.undo();
     QCOMPARE(value, 0);
     QCOMPARE(history.redoText(), text("other"));
+}
+
+void TestShelf::historyKeepsStepsApart()
+{
+    ShelfHistory history;
+    QStringList done;
+    history.run(
+        text("outer"),
+        [&] {
+            history.run(
+                text("inner"), [&] { done.append(text("inner")); },
+                [&] { done.append(text("inner undone")); });
+            history.undo();
+            done.append(text("outer"));
+        },
+        [&] { done.append(text("outer undone")); });
+    QCOMPARE(done, QStringList({text("outer"), text("inner")}));
+    QCOMPARE(history.undoText(), text("inner"));
+    history.undo();
+    history.undo();
+    QCOMPARE(done.mid(2), QStringList({text("inner undone"), text("outer undone")}));
+
+    history.run(
+        text("clearing"), [&] { history.clear(); }, [] {});
+    QVERIFY(!history.canUndo() && !history.canRedo());
 }
 
 void TestShelf::opensAllThatIsThere()

@@ -34,6 +34,8 @@ private Q_SLOTS:
     void menuOpensInsideTheWindow_data();
     void menuOpensInsideTheWindow();
     void escapeInTheNameLeavesIt();
+    void rowsThatMoveKeepTheTypedName();
+    void anotherNameFieldEndsTheFirst();
     void badNameIsSaidAndNotTaken();
     void onlyTheKeyboard();
     void deletingIsAskedFirst();
@@ -316,6 +318,39 @@ void TestShelfPage::escapeInTheNameLeavesIt()
     QVERIFY(document("plan.txt"));
     QVERIFY(!m_shelf->isChanged());
     QTRY_VERIFY(itemsOf(root(), "QQuickGridView").value(0)->hasActiveFocus());
+}
+
+/// The view takes the focus away from the field, in the midst of the move.
+void TestShelfPage::rowsThatMoveKeepTheTypedName()
+{
+    choose("plan.txt");
+    key(
+        Qt::Key_F2, [&] { return !itemsOf(root(), "ShelfNameField").isEmpty(); }, "the field");
+    type("draft");
+    QVERIFY(m_shelf->move({QVariant::fromValue(document("tail.txt"))}, m_shelf->root(), 0));
+    QTRY_COMPARE(names().first(), text("tail.txt"));
+    QVERIFY(document("draft.txt"));
+    m_shelf->history()->undo();
+    m_shelf->history()->undo();
+    QCOMPARE(names().last(), text("tail.txt"));
+    QVERIFY(document("plan.txt"));
+}
+
+void TestShelfPage::anotherNameFieldEndsTheFirst()
+{
+    choose("plan.txt");
+    key(
+        Qt::Key_F2, [&] { return !itemsOf(root(), "ShelfNameField").isEmpty(); }, "the field");
+    type("draft");
+    QObject *const model = m_shelf->property("model").value<QObject *>();
+    QVERIFY(QMetaObject::invokeMethod(model, "press", Q_ARG(int, names().indexOf(text("red.png"))),
+                                      Q_ARG(int, 0)));
+    QVERIFY(QMetaObject::invokeMethod(itemsOf(root(), "ShelfGrid").value(0), "renameCurrent"));
+    QVERIFY(document("draft.txt"));
+    QTRY_COMPARE(itemsOf(root(), "ShelfNameField").size(), 1);
+    type("blue");
+    key(
+        Qt::Key_Return, [&] { return document("blue.png"); }, "the second name");
 }
 
 void TestShelfPage::badNameIsSaidAndNotTaken()

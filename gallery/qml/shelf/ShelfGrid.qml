@@ -13,26 +13,29 @@ Item {
 
     property var view
     readonly property alias grid: grid
-    // The row whose name is edited, -1 without.
-    property int renaming: -1
+    // The document whose name is edited: its row may change meanwhile.
+    property QtObject renaming: null
     // What a drop would do now: the folder it goes into, the place before which it lands, and why
     // nothing can be put there.
     property var target: null
 
     function renameCurrent() {
+        // The field of another one ends here, and not while the bindings of its tile are evaluated.
+        if (renaming !== shelf.model.currentDocument)
+            settleName();
         if (shelf.model.currentRow >= 0 && !shelf.saving) {
             showRow(shelf.model.currentRow);
-            renaming = shelf.model.currentRow;
+            renaming = shelf.model.currentDocument;
         }
     }
     // A press elsewhere ends it. The view is a focus scope: it keeps the focus in the field.
     function settleName() {
-        const item = renaming >= 0 ? Window.activeFocusItem : null;
+        const item = renaming ? Window.activeFocusItem : null;
         if (item && item.finish)
             item.finish(true);
     }
     function stopRenaming() {
-        renaming = -1;
+        renaming = null;
         grid.forceActiveFocus();
     }
     function showRow(row) { grid.positionViewAtIndex(row, GridView.Contain); }
@@ -77,7 +80,7 @@ Item {
     DragZone {
         id: source
         anchors.fill: parent
-        dragEnabled: !shelf.saving && place.renaming < 0
+        dragEnabled: !shelf.saving && place.renaming === null
         dragDelegate: place.view.dragCard
         onDragActiveChanged: place.view.dragging(dragActive, source)
 
@@ -131,7 +134,7 @@ Item {
                 current: grid.activeFocus && index === shelf.model.currentRow
                 entered: place.target !== null && place.target.into === index && place.target.problem === ""
                 dimmed: source.dragActive && selected || place.view.cut.indexOf(model.document) >= 0
-                renaming: index >= 0 && place.renaming === index
+                renaming: document !== null && place.renaming === document
                 whole: place.view.framesShown && y >= grid.contentY - 1 && y + height <= grid.contentY + grid.height + 1
                 z: renaming ? 1 : 0
                 onPressed: {
@@ -173,7 +176,7 @@ Item {
     onCurrentRowChanged: if (currentRow >= 0 && !source.dragActive) showRow(currentRow)
     readonly property QtObject folder: shelf.folder
     onFolderChanged: {
-        renaming = -1;
+        renaming = null;
         grid.positionViewAtBeginning();
     }
 

@@ -121,7 +121,7 @@ FocusScope {
     onMessageChanged: if (message !== "") fading.restart()
     Timer { id: fading; interval: 8000; onTriggered: shelf.say("") }
     readonly property bool saving: shelf.saving
-    onSavingChanged: thumbnails.renaming = -1
+    onSavingChanged: thumbnails.renaming = null
 
     Shortcut { sequence: "Ctrl+Z"; enabled: !page.asking && !shelf.saving; onActivated: shelf.history.undo() }
     Shortcut { sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]; enabled: !page.asking && !shelf.saving; onActivated: shelf.history.redo() }
