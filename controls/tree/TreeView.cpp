@@ -333,6 +333,7 @@ TreeView::~TreeView()
     d->rows.destroy();
     if (d->rebuilding && d->contentItem) {
         // Not deleted here: the view may be destroyed while Qt Quick adds a child to the content.
+        disconnect(d->contentItem, nullptr, this, nullptr);
         d->contentItem->setParentItem(nullptr);
         d->contentItem->setParent(nullptr);
         d->contentItem->deleteLater();
