@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/datacore/DocumentLog.h"
+#include "tests/support/Leftovers.h"
 
 #include <OmbrelDataCore/Context.h>
 #include <OmbrelDataCore/Document.h>
@@ -71,6 +72,7 @@ class TestDocument : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void defaults();
     void documentIdIsNullUntilSet();
     void propertyRows_data();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/datacore/DocumentLog.h"
+#include "tests/support/Leftovers.h"
 
 #include <OmbrelDataCore/Context.h>
 #include <OmbrelDataCore/Document.h>
@@ -44,6 +45,7 @@ class TestDocumentChildren : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void insertClampsItsIndex_data();
     void insertClampsItsIndex();
     void insertedElsewhereLeavesTheOldParent();

@@ -3,6 +3,7 @@
 
 #include "controls/drag/DocumentsPayload.h"
 #include "controls/drag/DraggablePayload.h"
+#include "tests/support/Leftovers.h"
 
 #include <QMimeData>
 #include <QTest>
@@ -17,6 +18,7 @@ class TestPayload : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void documentIdsFollowOneAnother();
     void noDocumentsNoBytes();
     void readsWhatWasWritten();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/drop/RecordingHandler.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/Pointer.h"
 
 #include <QDrag>
@@ -18,6 +19,7 @@ class TestDropDispatch : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void init() { happened.clear(); }
 
     void firstTakerGetsTheDrag();

@@ -5,6 +5,7 @@
 #include "controls/drop/DropHandler.h"
 #include "controls/drop/DropZone.h"
 #include "tests/drop/RecordingHandler.h"
+#include "tests/support/Leftovers.h"
 
 #include <QMetaMethod>
 #include <QQuickWindow>
@@ -18,6 +19,7 @@ class TestDropZone : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void init() { happened.clear(); }
 
     void freshZone();

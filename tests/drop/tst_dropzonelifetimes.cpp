@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/drop/RecordingHandler.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/Pointer.h"
 
 #include <QDrag>
@@ -89,6 +90,7 @@ class TestDropZoneLifetimes : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void init() { happened.clear(); }
 
     void sourceThatDiesDuringTheDrag();

@@ -5,6 +5,7 @@
 #include "controls/drop/FileDropHandler.h"
 #include "controls/drop/ImageDropHandler.h"
 #include "controls/drop/VideoDropHandler.h"
+#include "tests/support/Leftovers.h"
 
 #include <QElapsedTimer>
 #include <QImageReader>
@@ -41,6 +42,7 @@ class TestFileDropHandler : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void freshHandler();
     void withoutSuffixesEveryUrlIsTaken();
     void filter_data();

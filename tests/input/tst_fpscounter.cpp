@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controls/input/FpsCounter.h"
+#include "tests/support/Leftovers.h"
 
 #include <QQmlParserStatus>
 #include <QQuickItem>
@@ -41,6 +42,7 @@ class TestFpsCounter : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void isAPlainObject();
     void oneConnectionForEachAncestorInAWindow();
     void ancestorsInTwoWindows();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controls/input/HoverArea.h"
+#include "tests/support/Leftovers.h"
 
 #include <QMouseEvent>
 #include <QPointer>
@@ -96,6 +97,7 @@ class TestHoverArea : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void properties();
     void enterAndLeave();
     void onlyChangesAreSignalled();

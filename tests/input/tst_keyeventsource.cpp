@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controls/input/KeyEventSource.h"
+#include "tests/support/Leftovers.h"
 
 #include <QKeyEvent>
 #include <QPointer>
@@ -109,6 +110,7 @@ class TestKeyEventSource : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void pressAndReleaseReachTheFocusItem();
     void ignoredPressGetsNoRelease();
     void aTargetSilencesTheSource();

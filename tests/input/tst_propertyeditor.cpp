@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controls/input/PropertyEditor.h"
+#include "tests/support/Leftovers.h"
 
 #include <QKeyEvent>
 #include <QMetaMethod>
@@ -177,6 +178,7 @@ class TestPropertyEditor : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void signalsInOrder();
     void construction();
     void documentAndProperty();

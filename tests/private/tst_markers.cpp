@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Leftovers.h"
 #include "tests/support/QmlView.h"
 #include "tests/support/SignalRecorder.h"
 
@@ -17,6 +18,11 @@ class TestMarkers : public QObject
 
 private Q_SLOTS:
     void init();
+    void cleanup()
+    {
+        m_view.reset();
+        QCOMPARE(leftovers(), QString());
+    }
     void everyStepOfThePlacement_data();
     void everyStepOfThePlacement();
     void sliderWhoseStepChangesTheHue();

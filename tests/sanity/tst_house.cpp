@@ -84,12 +84,12 @@ void TestHouse::includesFollowTheArrows_data()
     row("controls/drop", {QStringLiteral("controls/drop/"), support});
     row("controls/drag",
         {QStringLiteral("controls/drag/"), QStringLiteral("controls/drop/"), support});
-    row("controls/popups", {QStringLiteral("controls/popups/")});
+    row("controls/popups", {QStringLiteral("controls/popups/"), support});
     row("controls/tree", {QStringLiteral("controls/tree/"), support});
     row("controls/visuals",
         {QStringLiteral("controls/visuals/"), scenegraph, support,
          QStringLiteral("qr/QrEncoder.h")});
-    row("controls/input", {QStringLiteral("controls/input/")});
+    row("controls/input", {QStringLiteral("controls/input/"), support});
     row("plugin", {QStringLiteral("plugin/"), QStringLiteral("controls/")});
     row("datacore", {QStringLiteral("datacore/")});
     row("gallery", {QStringLiteral("gallery/")});

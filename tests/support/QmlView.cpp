@@ -80,7 +80,14 @@ void QmlView::show()
 {
     m_view->show();
     m_view->requestActivate();
-    if (!QTest::qWaitForWindowExposed(m_view.get()) || !QTest::qWaitForWindowActive(m_view.get())) {
+    bool shown = QTest::qWaitForWindowExposed(m_view.get())
+        && QTest::qWaitForWindowActive(m_view.get(), 1000);
+    // Another program that has just begun may have taken the focus.
+    for (int attempt = 0; attempt < 10 && !shown; ++attempt) {
+        m_view->requestActivate();
+        shown = QTest::qWaitForWindowActive(m_view.get(), 1000);
+    }
+    if (!shown) {
         qFatal("The window is not shown");
     }
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/Destroyer.h"
+#include "tests/support/Leftovers.h"
 #include "tests/tree/TreeFixture.h"
 
 #include <OmbrelDataCore/Context.h>
@@ -48,6 +49,7 @@ class TestTreeAbuse : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void documentsDeletedWhileShown();
     void rootsDeleted();
     void otherObjectsPushedAsRoots();

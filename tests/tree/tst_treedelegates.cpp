@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Leftovers.h"
 #include "tests/support/Pixels.h"
 #include "tests/tree/TreeFixture.h"
 
@@ -15,6 +16,7 @@ class TestTreeDelegates : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void attachedObjectFollowsTheContextChain();
     void delegatesOfAllKinds();
     void markerIsAsLargeAsItsChildren();

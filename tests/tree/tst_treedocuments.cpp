@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Leftovers.h"
 #include "tests/tree/TreeFixture.h"
 
 #include <OmbrelDataCore/Context.h>
@@ -35,6 +36,7 @@ class TestTreeDocuments : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void contextsAreRebound();
     void addedChildWithContextIsRebuiltTwice();
     void documentReachableTwice();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/Destroyer.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/SignalRecorder.h"
 #include "tests/tree/TreeFixture.h"
 
@@ -21,6 +22,7 @@ class TestTreeLifetimes : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void rowsOfEveryOriginAreFilled();
     void rowLoadedInADelegateIsFilled();
     void extraRowFollowsTheChildCount();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Leftovers.h"
 #include "tests/support/SignalRecorder.h"
 #include "tests/tree/TreeFixture.h"
 
@@ -16,6 +17,7 @@ class TestTreeView : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void properties_data();
     void properties();
     void componentTypes();

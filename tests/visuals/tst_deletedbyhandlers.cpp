@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Ombrel developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Leftovers.h"
+
 #include <QDir>
 #include <QMetaProperty>
 #include <QPointer>
@@ -18,6 +20,7 @@ class TestDeletedByHandlers : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void fromItsOwnSignal_data();
     void fromItsOwnSignal();
     void fromAGeometrySignal_data();

@@ -9,6 +9,7 @@
 #include "controls/scenegraph/DashedLineShader.h"
 #include "controls/visuals/DashedBorder.h"
 #include "controls/visuals/FrameItem.h"
+#include "tests/support/Leftovers.h"
 
 #include <QSGFlatColorMaterial>
 #include <QSGGeometryNode>
@@ -27,6 +28,7 @@ class TestNodes : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void dashedBorder();
     void dashedBorderHasANewMaterialAtEachUpdate();
     void frameItem();

@@ -4,6 +4,7 @@
 #include "controls/scenegraph/QRCodeNode.h"
 #include "controls/visuals/QRCode.h"
 #include "qr/QrEncoder.h"
+#include "tests/support/Leftovers.h"
 #include "tests/support/Pixels.h"
 
 #include <QAtomicInt>
@@ -80,6 +81,7 @@ class TestQRCodeWork : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(support::leftovers(), QString()); }
     void sourceRectangle();
     void samplingRadius();
     void comparesStates_data();
