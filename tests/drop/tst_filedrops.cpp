@@ -241,7 +241,7 @@ void TestFileDrops::filesFromAnotherProgram()
         })
         .move(over)
         .release()
-        .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
+        .until([&] { return source.count(text("finished")) > 0; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
     QCOMPARE(root->property("drops").toInt(), 1);
     QCOMPARE(root->property("exits").toInt(), 0);
@@ -348,13 +348,10 @@ void TestFileDrops::hundredThousandFilesFromAnotherProgram()
     gesture
         .drag(
             source.geometry().center(), over,
-            [&] {
-                return view.root()->property("moves").toInt() > 0
-                    && source.count(text("action")) > 0;
-            },
+            [&] { return view.root()->property("moves").toInt() > 0 && source.mayDrop(); },
             "the drag")
         .release()
-        .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
+        .until([&] { return source.count(text("finished")) > 0; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
     QCOMPARE(view.root()->property("drops").toInt(), 1);
     QCOMPARE(view.root()->property("took").toString(), text("images"));
@@ -378,13 +375,10 @@ void TestFileDrops::oddUrlsFromAnotherProgram()
     gesture
         .drag(
             source.geometry().center(), over,
-            [&] {
-                return view.root()->property("moves").toInt() > 0
-                    && source.count(text("action")) > 0;
-            },
+            [&] { return view.root()->property("moves").toInt() > 0 && source.mayDrop(); },
             "the drag")
         .release()
-        .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
+        .until([&] { return source.count(text("finished")) > 0; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
     QCOMPARE(view.root()->property("took").toString(), text("pdf"));
     QCOMPARE(view.root()->property("count").toInt(), 1);

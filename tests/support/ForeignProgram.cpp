@@ -58,6 +58,12 @@ QStringList ForeignProgram::lines(const QString &word) const
     return found;
 }
 
+bool ForeignProgram::mayDrop() const
+{
+    const QStringList answers = lines(QStringLiteral("action"));
+    return !answers.isEmpty() && answers.last() != QLatin1String("0");
+}
+
 void ForeignProgram::read()
 {
     m_pending += m_process.readAllStandardOutput();

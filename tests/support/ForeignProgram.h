@@ -16,8 +16,10 @@ namespace support {
 ///     --url URL, --mime FORMAT=HEX   what it drags (repeatable)
 ///     --many N                       N file URLs
 ///     --actions copy,move,link       what it offers (default: all)
-///     prints "ready X Y WIDTH HEIGHT", "drag", and "result ACTION" (0 none, 1 copy, 2 move, 4
-///     link)
+///     prints "ready X Y WIDTH HEIGHT", "drag", "action ACTION" for each answer of a target that
+///     differs from the one before (0 none, 1 copy, 2 move, 4 link), "result ACTION" once the
+///     button is up, which Qt does not delay until the target has read the drop, and "finished"
+///     once the target has
 /// plain_xdnd_source
 ///              the same without Qt in it: the bare protocol, one answer at a time
 ///     --url URL                      what it drags (repeatable), as text/uri-list
@@ -48,6 +50,9 @@ public:
     QStringList lines(const QString &word) const;
     /// How often it printed the word \a word first on a line.
     int count(const QString &word) const { return lines(word).size(); }
+    /// Whether the last answer that xdnd_source told of would take the drop. What a zone shows is
+    /// not enough to let go by: its answer may be on its way still.
+    bool mayDrop() const;
 
 private:
     void read();

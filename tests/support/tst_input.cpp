@@ -262,7 +262,7 @@ void TestInput::dragFromAnotherProgram()
         .hoverUntil(
             window.center(), [&] { return window.seen.count(QEvent::DragMove) > 2; }, "the drag")
         .release()
-        .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
+        .until([&] { return source.count(text("finished")) > 0; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
     QCOMPARE(window.seen.last(), QEvent::Drop);
     QCOMPARE(window.urls, (QList<QUrl>{QUrl(text("file:///b.png")), QUrl(text("file:///c.png"))}));
@@ -285,7 +285,7 @@ void TestInput::manyUrlsFromAnotherProgram()
             source.geometry().center(), window.center(),
             [&] { return window.seen.contains(QEvent::DragMove); }, "the drag")
         .release()
-        .until([&] { return source.count(text("result")) > 0; }, "the end of the drag");
+        .until([&] { return source.count(text("finished")) > 0; }, "the end of the drag");
     QVERIFY2(gesture.run(), gesture.error());
     QCOMPARE(window.urls.size(), 1000);
     QCOMPARE(window.urls.last(), QUrl(text("file:///many/999.png")));

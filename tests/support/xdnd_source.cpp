@@ -66,6 +66,8 @@ void SourceWindow::drag()
     // A release before the target's answer has come would cancel the drag.
     connect(drag, &QDrag::actionChanged, this,
             [](Qt::DropAction action) { say("action " + QByteArray::number(int(action))); });
+    // The platform keeps the drag until the target has finished with it.
+    connect(drag, &QObject::destroyed, qGuiApp, [] { say("finished"); });
     const Qt::DropAction action = drag->exec(actions);
     say("result " + QByteArray::number(int(action)));
 }
