@@ -9,8 +9,12 @@ namespace om::controls {
 
 std::array<QSGGeometry::Point2D, 10> frameVertices(double width, double height, int frameWidth)
 {
-    const float W = vertexCoordinate(width);
-    const float H = vertexCoordinate(height);
+    // With one extent as 0 the sides of the other would be drawn as a bar.
+    if (!isVertexCoordinate(width) || !isVertexCoordinate(height)) {
+        return {};
+    }
+    const float W = static_cast<float>(width);
+    const float H = static_cast<float>(height);
     const float w = static_cast<float>(frameWidth);
     // Outer and inner corners in turn, clockwise; the first pair again closes the ring.
     return {{{0, 0},

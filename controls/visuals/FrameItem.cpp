@@ -20,16 +20,22 @@ enum DirtyFlag {
     DirtyAll = DirtyGeometry | DirtyColor
 };
 
-bool isFinite(const QRectF &rect)
+bool hasNaN(const QRectF &rect)
 {
-    return std::isfinite(rect.x()) && std::isfinite(rect.y()) && std::isfinite(rect.width())
-        && std::isfinite(rect.height());
+    return std::isnan(rect.x()) || std::isnan(rect.y()) || std::isnan(rect.width())
+        || std::isnan(rect.height());
+}
+
+/// Infinite values have no difference that qFuzzyCompare() could weigh.
+bool isSame(qreal a, qreal b)
+{
+    return a == b || qFuzzyCompare(a, b);
 }
 
 bool isSame(const QRectF &a, const QRectF &b)
 {
-    return qFuzzyCompare(a.x(), b.x()) && qFuzzyCompare(a.y(), b.y())
-        && qFuzzyCompare(a.width(), b.width()) && qFuzzyCompare(a.height(), b.height());
+    return isSame(a.x(), b.x()) && isSame(a.y(), b.y()) && isSame(a.width(), b.width())
+        && isSame(a.height(), b.height());
 }
 
 } // namespace
@@ -80,8 +86,7 @@ void FrameItem::setColor(const QColor &color)
 void FrameItem::setRect(const QRectF &rect)
 {
     // A rectangle with NaN differs from itself: taking it would request a frame with every frame.
-    // Infinite ones cannot be drawn.
-    if (!isFinite(rect) || isSame(rect, d->rect)) {
+    if (hasNaN(rect) || isSame(rect, d->rect)) {
         return;
     }
     d->rect = rect;

@@ -28,7 +28,7 @@ public:
     void setColor(const QColor &color);
 
     /// Where the outer edge of the ring is, in scene coordinates. Does nothing when \a rect differs
-    /// from the present one by no more than rounding, or is not finite.
+    /// from the present one by no more than rounding, or has NaN in it.
     void setRect(const QRectF &rect);
 
 protected:

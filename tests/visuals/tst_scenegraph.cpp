@@ -42,6 +42,8 @@ private Q_SLOTS:
     void framesWindowClosedFirst();
     void frameLeavesOtherConnectionsAlone();
     void frameWithNaNPlaceRequestsNoFrames();
+    void frameOutOfSightTakesItsRingAlong_data();
+    void frameOutOfSightTakesItsRingAlong();
 
 private:
     QQuickItem *make(QQuickWindow *window, const char *qml);
@@ -515,6 +517,44 @@ void TestSceneGraph::frameWithNaNPlaceRequestsNoFrames()
         frame->setScale(place);
         QCOMPARE(framesWhileIdle(&window, 100), 0);
     }
+}
+
+void TestSceneGraph::frameOutOfSightTakesItsRingAlong_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<double>("value");
+    QTest::newRow("x") << QByteArray("x") << qInf();
+    QTest::newRow("y") << QByteArray("y") << -qInf();
+    QTest::newRow("width") << QByteArray("width") << qInf();
+    QTest::newRow("height, beyond float") << QByteArray("height") << 1e300;
+}
+
+void TestSceneGraph::frameOutOfSightTakesItsRingAlong()
+{
+    QFETCH(QByteArray, property);
+    QFETCH(double, value);
+    QQuickWindow window;
+    show(window);
+    make(&window, "Rectangle { x: 150; y: 100; width: 20; height: 20; color: 'blue' }");
+    QQuickItem *frame = make(&window, frameQml);
+    framesWhileIdle(&window, 0);
+    const QImage before = grab(&window);
+    QCOMPARE(pixelError(before, {38, 50}, Qt::red), QString());
+    const QVariant old = frame->property(property);
+
+    frame->setProperty(property, value);
+    QCOMPARE(framesWhileIdle(&window, 100), 0);
+    const QImage image = grab(&window);
+    for (int y = 0; y < image.height(); y += 2) {
+        for (int x = 0; x < image.width(); x += 2) {
+            const bool inside = x >= 150 && x < 170 && y >= 100 && y < 120;
+            QCOMPARE(pixelError(image, {x, y}, inside ? Qt::blue : Qt::black), QString());
+        }
+    }
+
+    frame->setProperty(property, old);
+    framesWhileIdle(&window, 0);
+    QCOMPARE(imageError(grab(&window), before), QString());
 }
 
 QTEST_MAIN(TestSceneGraph)

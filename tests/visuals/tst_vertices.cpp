@@ -166,7 +166,8 @@ void TestVertices::extentsBeyondFloatBecomeZero()
     QCOMPARE(text(dashedBorderVertices(extent, 7)), QStringLiteral("0,0 0,0 0,7 0,7"));
     QCOMPARE(text(checkerVertices(7, extent)), QStringLiteral("0,0 7,0 0,0 7,0"));
     QCOMPARE(text(saturationValueVertices(3, extent, extent)), QStringLiteral("0,0 0,0 0,0 0,0"));
-    QCOMPARE(text(frameVertices(extent, extent, 0)), text(frameVertices(0, 0, 0)));
+    QCOMPARE(text(frameVertices(extent, 7, 4)), text(frameVertices(0, 0, 0)));
+    QCOMPARE(text(frameVertices(7, extent, 4)), text(frameVertices(0, 0, 0)));
     QSGGeometry::ColoredPoint2D vertices[hueVertexCount];
     setHuePositions(vertices, extent, extent);
     for (const auto &vertex : vertices) {
