@@ -12,6 +12,7 @@
 #include "tests/random/Player.h"
 #include "tests/support/Leftovers.h"
 
+#include <QClipboard>
 #include <QDrag>
 #include <QFile>
 #include <QGuiApplication>
@@ -85,6 +86,9 @@ int main(int argc, char *argv[])
         qFatal("There is no such file");
     }
     play(QJsonDocument::fromJson(file.readAll()).array(), arguments.value(2).toInt());
+    // What was copied lives until something else is.
+    QGuiApplication::clipboard()->clear(QClipboard::Clipboard);
+    QGuiApplication::clipboard()->clear(QClipboard::Selection);
     // The platform's own timer, by which it follows the focus, runs on after the last window.
     QString left;
     if (!QTest::qWaitFor([&left] { return (left = support::leftovers()).isEmpty(); }, 2000)) {
