@@ -59,8 +59,8 @@ public:
     QPointF offset;
     QPropertyAnimation *const animation;
     QMetaObject::Connection frames;
-    /// The popup did not stay where the last frame moved it.
-    bool wasPutBack = false;
+    /// Where the last frame moved the popup and it did not stay.
+    std::optional<QPointF> putBackFrom;
     /// The window that the filter is installed on; the item may have left it since.
     QPointer<QQuickWindow> filteredWindow;
 };
@@ -121,17 +121,19 @@ bool Popup::Private::moveTo(const QPointF &place)
 }
 
 /// Called for each frame. Where something puts the popup back at once, as anchors do, both moves
-/// ask for a frame, which therefore makes no new attempt: an idle window would render for ever.
+/// ask for a frame, which therefore makes no new attempt at the same place: an idle window would
+/// render for ever.
 void Popup::Private::follow()
 {
-    if (std::exchange(wasPutBack, false)) {
+    const std::optional<QPointF> refused = std::exchange(putBackFrom, {});
+    const std::optional<QPointF> next = place();
+    if (!next || next == refused) {
         return;
     }
     const QPointer<Popup> self(q);
-    const std::optional<QPointF> next = place();
-    const bool arrived = !next || moveTo(*next);
-    if (self) {
-        wasPutBack = !arrived;
+    const bool arrived = moveTo(*next);
+    if (self && !arrived) {
+        putBackFrom = next;
     }
 }
 

@@ -46,6 +46,8 @@ private Q_SLOTS:
     void placesThatAreNotFinite_data();
     void placesThatAreNotFinite();
     void anchorsWinWithoutFrames();
+    void putBackItFollowsTheNextMove_data();
+    void putBackItFollowsTheNextMove();
 };
 
 void TestPopupPosition::cleanup()
@@ -329,6 +331,52 @@ void TestPopupPosition::anchorsWinWithoutFrames()
     support::grab(view.window());
     QTRY_COMPARE(popup->position(), QPointF(17, 60));
     QCOMPARE(support::framesWhileIdle(view.window()), 0);
+}
+
+void TestPopupPosition::putBackItFollowsTheNextMove_data()
+{
+    QTest::addColumn<QByteArray>("puttingBack");
+    QTest::addColumn<int>("moves");
+    for (const int moves : {2, 3}) {
+        QTest::addRow("by an anchor, %d moves", moves)
+            << QByteArray("anchors.left: parent.left") << moves;
+        QTest::addRow("by a handler, %d moves", moves)
+            << QByteArray("onXChanged: if (x > 0) x = 0") << moves;
+    }
+}
+
+/// One move in each of successive frames; none causes another frame after the last.
+void TestPopupPosition::putBackItFollowsTheNextMove()
+{
+    QFETCH(QByteArray, puttingBack);
+    QFETCH(int, moves);
+    QmlView view;
+    view.load("Item { width: 300; height: 300\n"
+              "Item { objectName: 'box'; width: 50; height: 50; Popup { objectName: 'popup'\n"
+              "width: 20; height: 20; offset: Qt.point(17, 30); "
+              + puttingBack + "} } }");
+    view.show();
+    auto *const box = view.item("box");
+    auto *const popup =
+        view.window()->contentItem()->findChild<QQuickItem *>(QStringLiteral("popup"));
+    popup->setParentItem(view.root());
+    popup->setProperty("attachedItem", QVariant::fromValue(box));
+    popup->setProperty("open", true);
+    QTRY_VERIFY(fadeOf(popup)->state() == QAbstractAnimation::Stopped);
+    QCOMPARE(support::framesWhileIdle(view.window(), 100), 0);
+
+    int left = moves;
+    const auto move = [&left, box] {
+        if (left > 0) {
+            --left;
+            box->setY(box->y() + 20);
+        }
+    };
+    connect(view.window(), &QQuickWindow::frameSwapped, box, move);
+    move();
+    QTRY_COMPARE(left, 0);
+    QTRY_COMPARE(popup->position(), QPointF(0, 20 * moves + 30));
+    QCOMPARE(support::framesWhileIdle(view.window(), 100), 0);
 }
 
 QTEST_MAIN(TestPopupPosition)
