@@ -46,6 +46,7 @@ private Q_SLOTS:
     void closedStaysVisibleWhileItFades();
     void reopeningTurnsTheFadeRound();
     void animationFinishedBothWays();
+    void closedAsItsFadeEndsItIsHiddenAtOnce();
     void aboveEverythingElse();
     void opensWithinOneFrame();
 };
@@ -386,6 +387,24 @@ void TestPopup::reopeningTurnsTheFadeRound()
     QTRY_COMPARE(finished.count(), 1);
     QCOMPARE(popup->opacity(), 1.0);
     QCOMPARE(visibleChanged.count(), 0);
+}
+
+void TestPopup::closedAsItsFadeEndsItIsHiddenAtOnce()
+{
+    QmlView view;
+    view.loadFile(QStringLiteral("data/popup.qml"));
+    view.show();
+    QQuickItem *popup = view.item<>("popup");
+    evaluate(popup, QStringLiteral("animationFinished.connect(() => popup.open = false)"));
+    qreal opacityWhenHidden = 0;
+    connect(popup, &QQuickItem::visibleChanged, popup, [popup, &opacityWhenHidden] {
+        if (!popup->isVisible()) {
+            opacityWhenHidden = popup->opacity();
+        }
+    });
+    popup->setProperty("open", true);
+    QTRY_COMPARE(opacityWhenHidden, 1.0);
+    QCOMPARE(popup->property("open"), QVariant(false));
 }
 
 void TestPopup::animationFinishedBothWays()

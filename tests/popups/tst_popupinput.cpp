@@ -27,6 +27,7 @@ private Q_SLOTS:
     void cleanup();
 
     void pressOutsideIsConsumed();
+    void doubleClickAfterTheConsumedPressPasses();
     void pressOutsideWithoutAttachedItem();
     void pressInTheAttachedItemPasses();
     void pressInThePopupPasses();
@@ -68,6 +69,22 @@ void TestPopupInput::pressOutsideIsConsumed()
     press(view.window(), outside);
     QCOMPARE(recorder.take(), QStringList());
     QCOMPARE(view.root()->property("pressedBelow"), QVariant(2));
+}
+
+/// Of a double click the window sees press, release, press, double click, release: the popup opens
+/// at the first press, and the second one closes it.
+void TestPopupInput::doubleClickAfterTheConsumedPressPasses()
+{
+    QmlView view;
+    view.load("Item { width: 200; height: 200; property int doubleClicks: 0\n"
+              "MouseArea { anchors.fill: parent; onPressed: popup.open = true\n"
+              "onDoubleClicked: ++parent.doubleClicks }\n"
+              "Popup { id: popup; objectName: 'popup'; width: 20; height: 20 } }");
+    view.show();
+    const QQuickItem *popup = view.item<>("popup");
+    QTest::mouseDClick(view.window(), Qt::LeftButton, {}, {100, 100});
+    QCOMPARE(popup->property("open"), QVariant(false));
+    QCOMPARE(view.root()->property("doubleClicks"), QVariant(1));
 }
 
 void TestPopupInput::pressOutsideWithoutAttachedItem()
