@@ -7,6 +7,7 @@
 #include "controls/support/QmlPlace.h"
 
 #include <QQmlEngine>
+#include <QQmlIncubator>
 
 namespace om::controls {
 
@@ -47,10 +48,12 @@ bool Marker::create(QQmlComponent *delegate, const char *warning)
         return false;
     }
     const QPointer<QQuickItem> box(m_box);
-    QObject *const object = delegate->create(qmlContext(m_box));
-    const QPointer<QQuickItem> item(qobject_cast<QQuickItem *>(object));
+    // Completing, the object may destroy the component, which an incubator does not need any more.
+    QQmlIncubator incubator(QQmlIncubator::Synchronous);
+    delegate->create(incubator, qmlContext(m_box));
+    const QPointer<QQuickItem> item(qobject_cast<QQuickItem *>(incubator.object()));
     if (!item) {
-        delete object;
+        delete incubator.object();
         QmlPlace(box).log().warning(lcControls(), "%s", warning);
         return false;
     }

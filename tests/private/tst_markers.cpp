@@ -7,9 +7,32 @@
 
 #include <QPointer>
 #include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
 #include <QTest>
 
 using namespace support;
+
+namespace {
+
+/// An item that destroys its component at the end of its making.
+class LastItem : public QQuickItem
+{
+    Q_OBJECT
+
+public:
+    void componentComplete() override
+    {
+        QQuickItem::componentComplete();
+        delete s_component;
+    }
+
+    static QPointer<QQmlComponent> s_component;
+};
+
+QPointer<QQmlComponent> LastItem::s_component;
+
+} // namespace
 
 /// The markers of the picker's boxes: the order in which they are placed, and how they go.
 class TestMarkers : public QObject
@@ -31,6 +54,8 @@ private Q_SLOTS:
     void oneMarkerWhenTheDelegateComesBack();
     void removedAfterItsComponent_data();
     void removedAfterItsComponent();
+    void componentDestroyedAsItsItemCompletes_data();
+    void componentDestroyedAsItsItemCompletes();
     void nullWithoutAMarkerIsNoChange_data();
     void nullWithoutAMarkerIsNoChange();
 
@@ -161,6 +186,27 @@ void TestMarkers::removedAfterItsComponent()
     QCOMPARE(recorder.take().size(), 1);
     evaluate(item, QString::fromLatin1(property) + QStringLiteral(" = null"));
     QCOMPARE(recorder.take().size(), 0);
+}
+
+void TestMarkers::componentDestroyedAsItsItemCompletes_data()
+{
+    boxRows();
+}
+
+void TestMarkers::componentDestroyedAsItsItemCompletes()
+{
+    QFETCH(QString, box);
+    QFETCH(QByteArray, property);
+    qmlRegisterType<LastItem>("tests", 1, 0, "LastItem");
+    QQuickItem *const item = m_view->item(box.toLatin1());
+    const int children = item->childItems().size();
+    LastItem::s_component = new QQmlComponent(m_view->engine());
+    LastItem::s_component->setData("import tests 1.0\nLastItem { }", QUrl());
+    item->setProperty(property, QVariant::fromValue(LastItem::s_component.data()));
+    QVERIFY(!LastItem::s_component);
+    // Without a component there is no marker.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(item->childItems().size(), children);
 }
 
 void TestMarkers::nullWithoutAMarkerIsNoChange_data()
