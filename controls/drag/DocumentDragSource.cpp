@@ -4,6 +4,7 @@
 #include "controls/drag/DocumentDragSource.h"
 
 #include "controls/drag/DocumentsPayload.h"
+#include "controls/drag/DragLoop.h"
 #include "controls/drag/DragVisualState.h"
 #include "controls/support/ListElement.h"
 #include "controls/support/QmlPlace.h"
@@ -180,9 +181,7 @@ void DocumentDragSource::runDrag()
     const QPointer<QQuickItem> alive(source);
     if (m_drag && m_state == Dragging) {
         m_loopRunning = true;
-        // Qt schedules the drag for deletion: at the end of its loop, or once another process has
-        // fetched what was dropped on it.
-        m_drag->exec(Qt::MoveAction);
+        runDragLoop(m_drag, Qt::MoveAction);
         if (!alive) {
             return;
         }

@@ -3,6 +3,7 @@
 
 #include "controls/drag/Draggable.h"
 
+#include "controls/drag/DragLoop.h"
 #include "controls/drag/DraggablePayload.h"
 #include "controls/support/QmlPlace.h"
 
@@ -325,8 +326,7 @@ void Draggable::drag()
     auto *const mimeData = new QMimeData;
     mimeData->setData(draggablepayload::format(), draggablepayload::write(d->dragData));
     drag->setMimeData(mimeData);
-    // Qt deletes the drag: now, or once another process has fetched what was dropped on it.
-    drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction);
+    runDragLoop(drag, Qt::CopyAction | Qt::MoveAction | Qt::LinkAction);
     if (!alive) {
         return;
     }
