@@ -145,7 +145,7 @@ void PropertyEditor::setProperty(const QString &property)
 void PropertyEditor::setLineHeight(QQuickTextDocument *textDocument, double height)
 {
     const QPointer<QTextDocument> document(textDocument ? textDocument->textDocument() : nullptr);
-    if (!document || std::isnan(height)) {
+    if (!document || document->isEmpty() || std::isnan(height)) {
         return;
     }
     const double percent =

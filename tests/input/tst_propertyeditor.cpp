@@ -613,14 +613,18 @@ void TestPropertyEditor::lineHeightOfNothing()
 {
     PropertyEditor editor;
     editor.setLineHeight(nullptr, 1.5);
-    // An emptied text is one empty paragraph.
+    // An emptied text is one empty paragraph, which keeps its height.
     Text text;
     text.item->setProperty("text", QString());
     editor.setLineHeight(text.document, 1.5);
-    QCOMPARE(text.heights(), QList<qreal>({150}));
+    QCOMPARE(text.heights(), QList<qreal>({0}));
+    // Two empty paragraphs are a text.
+    text.item->setProperty("text", "\n");
+    editor.setLineHeight(text.document, 1.5);
+    QCOMPARE(text.heights(), QList<qreal>({150, 150}));
     // NaN changes nothing.
     editor.setLineHeight(text.document, qQNaN());
-    QCOMPARE(text.heights(), QList<qreal>({150}));
+    QCOMPARE(text.heights(), QList<qreal>({150, 150}));
 }
 
 QTEST_MAIN(TestPropertyEditor)
