@@ -209,7 +209,8 @@ void RowItemAccess::fitMarker()
     QQuickItem *marker = collapseMarker();
     auto *handle = qobject_cast<QQuickItem *>(readObject(m_item, m_numbers.branchHandleItem));
     if (handle && handle->parentItem() == marker && marker->childItems().size() == 1) {
-        marker->setSize(handle->size());
+        // As childrenRect, which has no negative size.
+        marker->setSize(handle->size().expandedTo(QSizeF(0, 0)));
     }
 }
 

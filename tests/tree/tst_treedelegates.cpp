@@ -77,6 +77,13 @@ void TestTreeDelegates::markerIsAsLargeAsItsChildren()
     handle->setX(3);
     QCOMPARE(marker->size(), QSizeF(11, 8));
     QCOMPARE(row->property("markerIndent").toInt(), 11);
+    // A rectangle around children has no negative size, whatever size they have.
+    handle->setSize(QSizeF(-5, 8));
+    QCOMPARE(marker->size(), QSizeF(0, 8));
+    QCOMPARE(row->property("markerIndent").toInt(), 0);
+    handle->setSize(QSizeF(11, -1));
+    QCOMPARE(marker->size(), QSizeF(11, 0));
+    handle->setSize(QSizeF(11, 8));
     auto *component = f.tree->property("sibling").value<QQmlComponent *>();
     std::unique_ptr<QQuickItem> sibling(qobject_cast<QQuickItem *>(component->create()));
     sibling->setParentItem(marker);
