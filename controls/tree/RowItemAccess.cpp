@@ -5,6 +5,7 @@
 
 #include <QMetaMethod>
 #include <QMetaProperty>
+#include <QPointer>
 #include <QQmlComponent>
 #include <QQmlProperty>
 #include <QQuickItem>
@@ -236,14 +237,21 @@ void RowItemAccess::raisePressArea(QQuickItem *area)
 
 void RowItemAccess::placeBackground(QQuickItem *item)
 {
-    item->setZ(-1);
+    const QPointer<QQuickItem> background(item);
     writeObject(readObject(item, m_numbers.anchors), m_numbers.anchorFill, m_item);
+    if (background) {
+        item->setZ(-1);
+    }
 }
 
 void RowItemAccess::placeDelegate(QQuickItem *item)
 {
+    const QPointer<QQuickItem> row(m_item);
+    const QPointer<QQuickItem> delegate(item);
     anchor(item, m_numbers.anchorRight, m_item, m_numbers.right);
-    call(m_item, m_numbers.bindDelegateWidth);
+    if (row && delegate) {
+        call(m_item, m_numbers.bindDelegateWidth);
+    }
 }
 
 } // namespace om::controls

@@ -355,6 +355,9 @@ void TreeViewEntry::Private::populate(QQuickItem *rowItem)
     };
     const QPointer<QQuickItem> background = create(BackgroundComponent, rowItem);
     if (background) {
+        row.placeBackground(background);
+    }
+    if (background && alive && guard) {
         row.setBackgroundItem(background);
     }
     const QPointer<QQuickItem> delegate =
@@ -371,10 +374,11 @@ void TreeViewEntry::Private::populate(QQuickItem *rowItem)
         return;
     }
     row.setBranchHandleItem(handle);
-    followMarker(rowItem, handle);
-    row.raisePressArea(pressArea);
-    if (background && alive && guard) {
-        row.placeBackground(background);
+    if (alive && guard) {
+        followMarker(rowItem, handle);
+    }
+    if (alive && guard) {
+        row.raisePressArea(pressArea);
     }
     if (delegate && alive && guard) {
         row.placeDelegate(delegate);
@@ -409,9 +413,10 @@ void TreeViewEntry::Private::followMarker(QQuickItem *rowItem, QQuickItem *handl
     }
     QMetaObject::connect(marker, childrenChanged, q, measure);
     if (handle) {
-        row.fitMarker();
         QMetaObject::connect(handle, widthChanged, q, fit);
         QMetaObject::connect(handle, heightChanged, q, fit);
+        // At the end: the marker's signals run the application's code.
+        row.fitMarker();
     }
 }
 

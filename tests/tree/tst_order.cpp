@@ -148,9 +148,9 @@ void TestTreeOrder::childPropertyIsToldBeforeAnUpdateIsAskedFor()
                    "view.indexRebuilt"));
 }
 
-/// The parts of a row are made in their order and come into the row when they are complete. When
-/// all rows are there, each gets its predecessor; then one is active; then they are laid out; and
-/// only then the rebuild is told.
+/// The parts of a row are made in their order and come into the row when they are complete, the
+/// background also into its place before the delegate is made. When all rows are there, each gets
+/// its predecessor; then one is active; then they are laid out; and only then the rebuild is told.
 void TestTreeOrder::rowsAreMadeOneAfterTheOther()
 {
     support::QmlView view;
@@ -171,9 +171,11 @@ void TestTreeOrder::rowsAreMadeOneAfterTheOther()
     QTRY_VERIFY(isRebuilt());
     const QString upToTheEnd = text("log.slice(0, log.indexOf('rebuilt') + 1).join(', ')");
     QCOMPARE(support::evaluate(view.root(), upToTheEnd).toString().split(text(", ")),
-             lines("background of b, background in its row, delegate of b, delegate in its row, "
+             lines("background of b, background in its row, it fills 100, it goes below, "
+                   "it is named, delegate of b, delegate in its row, "
                    "handle of b, handle in its row, "
-                   "background of a, background in its row, delegate of a, delegate in its row, "
+                   "background of a, background in its row, it fills 100, it goes below, "
+                   "it is named, delegate of a, delegate in its row, "
                    "handle of a, handle in its row, "
                    "a follows, active row 0, b laid out, a laid out, rebuilt"));
 }

@@ -386,7 +386,8 @@ void TestTreeLifetimes::viewDestroyedWhileARowIsMade_data()
     for (const char *name :
          {"pageDelegate", "pageBackground", "pageHandle", "handleThatIsNoItem", "ownDelegate",
           "ownBackground", "ownHandle", "delegateGetsItsRow", "handleGetsItsMarker",
-          "delegateGetsItsWidth", "backgroundGetsItsSize", "rowOfARowCompletes"}) {
+          "delegateGetsItsWidth", "delegateGetsItsPlace", "backgroundGetsItsSize",
+          "backgroundGetsItsDepth", "rowGetsItsHandle", "rowOfARowCompletes"}) {
         QTest::newRow(name) << QByteArray(name);
     }
 }

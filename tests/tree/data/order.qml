@@ -5,8 +5,9 @@ import QtQuick 2.12
 import ombrel.Controls 1.0
 import ombrel.data.Core 1.0
 
-// A tree whose parts write down when they are complete and when they come into their row; with the
-// delegate, which comes when the row is there, the row's own signals are written down, too.
+// A tree whose parts write down when they are complete and when they come into their row, and the
+// background when it gets its place; with the delegate, which comes when the row is there, the
+// row's own signals are written down, too.
 Item {
     id: page
     width: 100; height: 100
@@ -21,7 +22,14 @@ Item {
         rootDocuments: [Document { documentId: "a" }, Document { documentId: "b" }]
         backgroundDelegate: Item {
             Component.onCompleted: page.note("background of " + document.documentId)
-            onParentChanged: if (parent) page.note("background in its row")
+            onParentChanged: {
+                if (!parent)
+                    return;
+                page.note("background in its row");
+                parent.backgroundItemChanged.connect(function() { page.note("it is named"); });
+            }
+            onWidthChanged: page.note("it fills " + width)
+            onZChanged: page.note("it goes below")
         }
         delegate: Item {
             height: 20

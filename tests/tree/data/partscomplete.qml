@@ -82,6 +82,30 @@ Item {
             onWidthChanged: destroyer.act()
         }
     }
+    property Component delegateGetsItsPlace: TreeView {
+        width: 50
+        childProperty: "children"
+        delegate: Item {
+            onXChanged: destroyer.act()
+        }
+    }
+    property Component rowGetsItsHandle: TreeView {
+        childProperty: "children"
+        delegate: Item {
+            onParentChanged: {
+                if (parent)
+                    parent.branchHandleItemChanged.connect(function() { destroyer.act(); });
+            }
+        }
+    }
+    property Component backgroundGetsItsDepth: TreeView {
+        width: 50
+        childProperty: "children"
+        delegate: Item {}
+        backgroundDelegate: Item {
+            onZChanged: destroyer.act()
+        }
+    }
     property Component backgroundGetsItsSize: TreeView {
         width: 50
         childProperty: "children"
