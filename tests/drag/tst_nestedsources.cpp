@@ -12,7 +12,8 @@
 using support::positionIn;
 using support::text;
 
-/// Both sources begin with the same press; Qt runs the drag of the one and refuses that of the other.
+/// Both sources begin with the same press; Qt runs the drag of the one and refuses that of the
+/// other.
 class TestNestedSources : public QObject
 {
     Q_OBJECT

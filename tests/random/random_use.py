@@ -142,6 +142,13 @@ class Composer:
             return self.pick(STRINGS + USUAL + [self.reference(), "[1, 2]"])
         return self.pick(["0", "1", "2", "-1", "99"])
 
+    def written(self, prop, kind, depth):
+        """An expression for the property prop. A mask has none itself: Qt follows a circle of them for ever."""
+        value = self.value(kind, depth)
+        if prop == "containmentMask" and "all." in value:
+            return "Rectangle { width: 20; height: 20 }" if depth < 9 else "null"
+        return value
+
     # Documents ---------------------------------------------------------------------------------
 
     def named(self, kind):
@@ -180,7 +187,7 @@ class Composer:
         for prop in sorted(properties):
             interesting = prop in self.own.get(kind, ())
             if prop not in used and self.chance(0.35 if interesting else 0.04):
-                lines.append("%s: %s" % (prop, self.value(properties[prop], depth)))
+                lines.append("%s: %s" % (prop, self.written(prop, properties[prop], depth)))
         lines += self.contents(kind, depth)
         if kind in self.catalog and self.chance(0.2):
             signal = self.pick(self.catalog[kind]["signals"])
@@ -265,7 +272,7 @@ class Composer:
             return []
         ours = [prop for prop in properties if prop in self.own.get(self.made[name], ())]
         prop = prop or self.pick(sorted(ours) if ours and self.chance(0.7) else sorted(properties))
-        value = self.value(properties[prop], 9)
+        value = self.written(prop, properties[prop], 9)
         if value.startswith("Component"):
             value = "null"
         if self.chance(0.2):

@@ -7,7 +7,25 @@
 #include <QFile>
 
 #include <cstdio>
+#include <malloc.h>
 #include <unistd.h>
+
+namespace {
+
+constexpr double megabyte = 1024 * 1024;
+
+/// What the C library has given out, of its heap and beside it.
+double allocatedMegabytes()
+{
+#if __GLIBC_PREREQ(2, 33)
+    const auto info = mallinfo2();
+#else
+    const auto info = mallinfo();
+#endif
+    return double(info.uordblks + info.hblkhd) / megabyte;
+}
+
+} // namespace
 
 void Memory::sample()
 {
@@ -15,11 +33,14 @@ void Memory::sample()
     if (!file.open(QFile::ReadOnly)) {
         qFatal("The memory cannot be read");
     }
-    const double pages = file.readAll().split(' ').value(1).toDouble();
-    const Sample sample{double(m_clock.elapsed()) / 1000,
-                        pages * double(sysconf(_SC_PAGESIZE)) / (1024 * 1024)};
+    const auto words = file.readAll().split(' ');
+    const double page = double(sysconf(_SC_PAGESIZE)) / megabyte;
+    const Sample sample{double(m_clock.elapsed()) / 1000, words.value(1).toDouble() * page};
     m_samples.append(sample);
-    std::printf("%.0f s: %.2f MB\n", sample.seconds, sample.megabytes);
+    // Beside what counts, what tells a leak from code that is read for the first time and from what
+    // the heap keeps.
+    std::printf("%.0f s: %.2f MB, %.2f of files, %.2f allocated\n", sample.seconds,
+                sample.megabytes, words.value(2).toDouble() * page, allocatedMegabytes());
     std::fflush(stdout);
 }
 
