@@ -166,7 +166,7 @@ void PropertyEditor::setLineHeight(QQuickTextDocument *textDocument, double heig
 
 bool PropertyEditor::eventFilter(QObject *watched, QEvent *event)
 {
-    Q_UNUSED(watched)
+    const QPointer<QObject> receiver(watched);
     switch (event->type()) {
     case QEvent::KeyPress:
         d->keyPressed(static_cast<QKeyEvent *>(event));
@@ -177,8 +177,8 @@ bool PropertyEditor::eventFilter(QObject *watched, QEvent *event)
     default:
         break;
     }
-    // No event is consumed.
-    return false;
+    // No event is consumed, but a window that a handler has destroyed cannot get it any more.
+    return receiver.isNull();
 }
 
 void PropertyEditor::handleFocusChange(bool focus)
