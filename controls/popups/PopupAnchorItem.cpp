@@ -321,13 +321,14 @@ bool PopupAnchorItem::eventFilter(QObject *watched, QEvent *event)
     if (watched != d->watchedWindow) {
         return QQuickItem::eventFilter(watched, event);
     }
+    const QPointer<QObject> receiver(watched);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         if (!d->persistent && d->isOutside(static_cast<QMouseEvent *>(event))) {
-            // The press goes on to what is under the cursor.
             hide();
         }
-        return false;
+        // The press goes on to what is under the cursor, unless a handler has destroyed the window.
+        return receiver.isNull();
     case QEvent::KeyPress:
         if (!d->persistent && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
             hide();
@@ -336,7 +337,7 @@ bool PopupAnchorItem::eventFilter(QObject *watched, QEvent *event)
         return false;
     case QEvent::Close:
         hide();
-        return false;
+        return receiver.isNull();
     default:
         return false;
     }

@@ -42,6 +42,8 @@ private Q_SLOTS:
     void destroyedWhileShown();
     void destroyedInsideItsEventFilter_data();
     void destroyedInsideItsEventFilter();
+    void windowDestroyedInsideItsEventFilter_data();
+    void windowDestroyedInsideItsEventFilter();
     void destroyedInsideASignal_data();
     void destroyedInsideASignal();
     void deletedInEverySignal_data();
@@ -274,6 +276,32 @@ void TestPopupAnchorLifetime::destroyedInsideItsEventFilter()
     } else {
         scene.window->close();
     }
+    QVERIFY(!scene.anchorItem);
+}
+
+void TestPopupAnchorLifetime::windowDestroyedInsideItsEventFilter_data()
+{
+    QTest::addColumn<QEvent::Type>("type");
+    QTest::newRow("press") << QEvent::MouseButtonPress;
+    QTest::newRow("close") << QEvent::Close;
+}
+
+/// The event ends with its window: it is not handed on to what is gone.
+void TestPopupAnchorLifetime::windowDestroyedInsideItsEventFilter()
+{
+    QFETCH(QEvent::Type, type);
+    AnchorScene scene;
+    scene.run(QStringLiteral("anchor.show()"));
+    const SignalTrap trap(scene.anchorItem, "popupVisibleChanged",
+                          [&scene] { scene.window.reset(); });
+    if (type == QEvent::MouseButtonPress) {
+        QMouseEvent event(type, outside, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(scene.window.data(), &event);
+    } else {
+        QCloseEvent event;
+        QCoreApplication::sendEvent(scene.window.data(), &event);
+    }
+    QVERIFY(!scene.window);
     QVERIFY(!scene.anchorItem);
 }
 
