@@ -7,6 +7,8 @@
 #include "controls/drag/DragAreaIncubator.h"
 #include "controls/drag/DragSourceRecord.h"
 
+#include <QPointer>
+
 namespace om::controls {
 
 class DragArea::Private
@@ -79,9 +81,10 @@ bool DragArea::childMouseEventFilter(QQuickItem *item, QEvent *event)
 
 bool DragArea::eventFilter(QObject *watched, QEvent *event)
 {
-    Q_UNUSED(watched)
+    const QPointer<QObject> receiver(watched);
     d->filterWindowEvent(event);
-    return false;
+    // A window that a handler has destroyed cannot get the event any more.
+    return receiver.isNull();
 }
 
 } // namespace om::controls

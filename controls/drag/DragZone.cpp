@@ -7,6 +7,8 @@
 #include "controls/drag/DragZoneAttachedObject.h"
 #include "controls/drag/DragZoneIncubator.h"
 
+#include <QPointer>
+
 namespace om::controls {
 
 class DragZone::Private
@@ -97,9 +99,10 @@ bool DragZone::childMouseEventFilter(QQuickItem *item, QEvent *event)
 
 bool DragZone::eventFilter(QObject *watched, QEvent *event)
 {
-    Q_UNUSED(watched)
+    const QPointer<QObject> receiver(watched);
     d->filterWindowEvent(event);
-    return false;
+    // A window that a handler has destroyed cannot get the event any more.
+    return receiver.isNull();
 }
 
 } // namespace om::controls

@@ -284,11 +284,12 @@ bool Draggable::childMouseEventFilter(QQuickItem *item, QEvent *event)
 
 bool Draggable::eventFilter(QObject *watched, QEvent *event)
 {
-    Q_UNUSED(watched)
+    const QPointer<QObject> receiver(watched);
     if (event->type() == QEvent::DragMove && window()) {
         d->follow(static_cast<const QDropEvent *>(event)->pos());
     }
-    return false;
+    // A window that a handler has destroyed cannot get the event any more.
+    return receiver.isNull();
 }
 
 void Draggable::itemChange(ItemChange change, const ItemChangeData &value)

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void escapeEndsTheDrag();
     void destroyedDuringTheDrag();
     void windowDestroyedDuringTheDrag();
+    void windowDestroyedByAMove();
     void movedToAnotherWindow();
 
 private:
@@ -275,6 +276,31 @@ void TestDraggable::windowDestroyedDuringTheDrag()
     support::Gesture gesture;
     dragOver(gesture, over()).then([this] { m_view->close(); }).release();
     QVERIFY2(gesture.run(), gesture.error());
+    load();
+    nextDragWorks();
+}
+
+/// The event ends with its window: it is not handed on to what is gone.
+void TestDraggable::windowDestroyedByAMove()
+{
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(text("^Destroyed Draggable")));
+    const QPoint target = over();
+    support::SignalRecorder recorder;
+    support::Gesture gesture;
+    dragOver(gesture, target)
+        .then([&] {
+            recorder.watch(card(), text("card"), {text("yChanged")}, [this] {
+                m_view->close();
+                return QString();
+            });
+            const QPointF place = card()->mapToScene({30, 31});
+            QDragMoveEvent move(place.toPoint() + QPoint(0, 40), Qt::CopyAction, nullptr,
+                                Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(m_view->window(), &move);
+        })
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(recorder.entries().size(), 1);
     load();
     nextDragWorks();
 }

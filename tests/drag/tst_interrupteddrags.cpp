@@ -9,6 +9,7 @@
 #include <OmbrelDataCore/Document.h>
 
 #include <QDrag>
+#include <QDragLeaveEvent>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPointer>
@@ -74,6 +75,8 @@ private Q_SLOTS:
     void sourceDestroyedDuringTheDrag();
     void windowDestroyedDuringTheDrag_data() { sources(); }
     void windowDestroyedDuringTheDrag();
+    void windowDestroyedByTheLeave_data() { sources(); }
+    void windowDestroyedByTheLeave();
     void visualDestroyedDuringTheDrag_data() { sources(); }
     void visualDestroyedDuringTheDrag();
     void documentDestroyedDuringTheDrag_data() { sources(); }
@@ -165,6 +168,37 @@ void TestInterruptedDrags::windowDestroyedDuringTheDrag()
     dragOver(gesture, over).then([this] { m_view->close(); }).release();
     QVERIFY2(gesture.run(), gesture.error());
     // Another window's drags work.
+    loadScene();
+    nextDragWorks();
+}
+
+/// The event ends with its window: it is not handed on to what is gone.
+void TestInterruptedDrags::windowDestroyedByTheLeave()
+{
+    const QPoint over = positionIn(m_view->item("any"));
+    const QPoint from = row();
+    const QByteArray state = "om::controls::" + typeName() + "AttachedObject";
+    support::SignalRecorder recorder;
+    support::Gesture gesture;
+    gesture
+        .drag(
+            from, over, [this] { return visual() != nullptr; }, "the visual")
+        .then([&] {
+            const QObjectList children = visual()->children();
+            for (QObject *child : children) {
+                if (child->inherits(state.constData())) {
+                    recorder.watch(child, text("visual"), {text("outsideChanged")}, [this] {
+                        m_view->close();
+                        return QString();
+                    });
+                }
+            }
+            QDragLeaveEvent leave;
+            QCoreApplication::sendEvent(m_view->window(), &leave);
+        })
+        .release();
+    QVERIFY2(gesture.run(), gesture.error());
+    QCOMPARE(recorder.entries().size(), 1);
     loadScene();
     nextDragWorks();
 }
