@@ -10,6 +10,8 @@
 #include <QQmlProperty>
 #include <QQuickItem>
 
+#include <cstring>
+
 namespace om::controls {
 
 struct RowItemAccess::Numbers
@@ -158,6 +160,20 @@ void RowItemAccess::requireLayout()
     call(m_item, m_numbers.layoutRequired);
 }
 
+/// Anchor lines begin with an item and which of its lines it is; their type is private and cannot
+/// be compared. What follows in memory is padding.
+bool RowItemAccess::isBelowPredecessor() const
+{
+    QObject *above = readObject(m_item, m_numbers.predecessor);
+    if (!above) {
+        return false;
+    }
+    const QVariant top = line(readObject(m_item, m_numbers.anchors), m_numbers.anchorTop);
+    const QVariant bottom = line(above, m_numbers.bottom);
+    return std::memcmp(top.constData(), bottom.constData(), sizeof(QQuickItem *) + sizeof(int))
+        == 0;
+}
+
 void RowItemAccess::releaseTop()
 {
     void *nothing[] = {nullptr};
@@ -172,11 +188,18 @@ void RowItemAccess::anchorTop()
     }
 }
 
-/// Sets the anchor line \a own of \a object to the line \a line of \a target.
-void RowItemAccess::anchor(QObject *object, int own, QObject *target, int line)
+/// The anchor line that is the \a property of \a object, an item or its anchors.
+QVariant RowItemAccess::line(QObject *object, int property) const
 {
     QVariant value(m_numbers.lineType, nullptr);
-    read(target, line, value.data());
+    read(object, property, value.data());
+    return value;
+}
+
+/// Sets the anchor line \a own of \a object to the line \a targetLine of \a target.
+void RowItemAccess::anchor(QObject *object, int own, QObject *target, int targetLine)
+{
+    QVariant value = line(target, targetLine);
     write(readObject(object, m_numbers.anchors), own, value.data());
 }
 

@@ -9,6 +9,7 @@ QT_BEGIN_NAMESPACE
 class QObject;
 class QQmlComponent;
 class QQuickItem;
+class QVariant;
 QT_END_NAMESPACE
 
 namespace om::controls {
@@ -36,6 +37,8 @@ public:
     /// Emits the row's layoutRequired().
     void requireLayout();
 
+    /// Whether the top is anchored to the bottom of the row's predecessor.
+    bool isBelowPredecessor() const;
     /// Clears the top anchor.
     void releaseTop();
     /// Anchors the top to the bottom of the row's predecessor.
@@ -66,7 +69,8 @@ public:
 private:
     struct Numbers;
 
-    void anchor(QObject *object, int own, QObject *target, int line);
+    QVariant line(QObject *object, int property) const;
+    void anchor(QObject *object, int own, QObject *target, int targetLine);
 
     QQuickItem *const m_item;
     const Numbers &m_numbers;

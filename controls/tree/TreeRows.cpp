@@ -238,7 +238,8 @@ void TreeRows::layOut()
 
 /// Each row is anchored to its predecessor, so each row that hides would move all rows below it:
 /// quadratic in the rows. The rows from here to the first one after the subtree are released from
-/// their top anchors, hide or show, and are anchored again from the top down.
+/// their top anchors, hide or show, and are anchored again from the top down. A row that the
+/// application has released or anchored elsewhere is left as it is.
 bool TreeRows::hideOrShow(TreeViewEntry *entry, const std::function<void()> &change)
 {
     const QPointer<QQuickItem> alive(m_view);
@@ -252,18 +253,21 @@ bool TreeRows::hideOrShow(TreeViewEntry *entry, const std::function<void()> &cha
         ++end;
     }
     end = qMin(end + 1, m_entries.size());
+    std::vector<QPointer<QQuickItem>> released;
     for (int i = first; i < end; ++i) {
-        if (QQuickItem *item = m_entries.at(i)->item()) {
+        QQuickItem *item = m_entries.at(i)->item();
+        if (item && RowItemAccess(item).isBelowPredecessor()) {
             RowItemAccess(item).releaseTop();
+            released.emplace_back(item);
         }
     }
     const int build = m_build;
-    const int count = m_entries.size();
     change();
-    // Entries that handlers have destroyed left the list, and the entries after them moved up.
-    const int gone = alive ? count - m_entries.size() : 0;
-    for (int i = qMax(0, first - gone); alive && m_build == build && i < end - gone; ++i) {
-        if (QQuickItem *item = m_entries.at(i)->item()) {
+    for (const QPointer<QQuickItem> &item : released) {
+        if (!alive || m_build != build) {
+            break;
+        }
+        if (item) {
             RowItemAccess(item).anchorTop();
         }
     }

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void destroyedRootsLeaveTheList();
     void childrenOfTheContentKeepTheApplicationsConnections();
     void collapseKeepsARowsPredecessor();
+    void collapseLeavesRowsThatTheApplicationHasTaken();
     void viewDestroyedFromItsSignals_data();
     void viewDestroyedFromItsSignals();
     void viewDestroyedFromASignalOfItsParts_data();
@@ -232,6 +233,27 @@ void TestTreeLifetimes::collapseKeepsARowsPredecessor()
     QCOMPARE(f.places(), QString("0+30 30+0 30+0 30+0 30+30"));
     f.call("tree.expandIndex(0)");
     QCOMPARE(f.places(), QString("0+30 30+30 60+30 90+30 30+30"));
+}
+
+/// Only the layout of a rebuild anchors a row below its predecessor: one that the application has
+/// released from its anchor or hung elsewhere stays there, whatever collapses above it.
+void TestTreeLifetimes::collapseLeavesRowsThatTheApplicationHasTaken()
+{
+    TreeFixture f;
+    f.tree->setProperty("rootCanCollapse", true);
+    f.fill();
+    evaluate(f.row(2), "treeViewItem.anchors.top = treeViewItem.treeParent.top");
+    evaluate(f.row(3), "treeViewItem.anchors.top = undefined");
+    f.row(3)->setY(300);
+    evaluate(f.row(4), "treeViewItem.anchors.top = undefined");
+    QCOMPARE(f.places(), QString("0+30 30+30 30+30 300+30 330+30"));
+    f.call("tree.collapseIndex(0)");
+    QCOMPARE(f.places(), QString("0+30 30+0 30+0 300+0 330+30"));
+    f.call("tree.expandIndex(0)");
+    QCOMPARE(f.places(), QString("0+30 30+30 30+30 300+30 330+30"));
+    f.make("x", f.e);
+    f.settle();
+    QCOMPARE(f.places(), QString("0+30 30+30 60+30 90+30 120+30 150+30"));
 }
 
 namespace {
