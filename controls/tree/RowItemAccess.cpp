@@ -33,6 +33,7 @@ struct RowItemAccess::Numbers
         };
         awaitsEntry = property("awaitsEntry");
         childCount = property("childCount");
+        entryCollapsed = property("entryCollapsed");
         treeParent = property("treeParent");
         predecessor = property("predecessor");
         backgroundItem = property("backgroundItem");
@@ -56,6 +57,7 @@ struct RowItemAccess::Numbers
 
     int awaitsEntry;
     int childCount;
+    int entryCollapsed;
     int treeParent;
     int predecessor;
     int backgroundItem;
@@ -143,6 +145,11 @@ void RowItemAccess::setAwaitsEntry(bool awaits)
 void RowItemAccess::setChildCount(int count)
 {
     write(m_item, m_numbers.childCount, &count);
+}
+
+void RowItemAccess::setCollapsed(bool collapsed)
+{
+    write(m_item, m_numbers.entryCollapsed, &collapsed);
 }
 
 void RowItemAccess::setTreeParent(QQuickItem *parentRow)

@@ -32,6 +32,7 @@ public:
     /// Whether the entry populates the row, and the row's own populate() does nothing.
     void setAwaitsEntry(bool awaits);
     void setChildCount(int count);
+    void setCollapsed(bool collapsed);
     void setTreeParent(QQuickItem *parentRow);
     void setPredecessor(QQuickItem *row);
     /// Emits the row's layoutRequired().

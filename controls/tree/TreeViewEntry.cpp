@@ -15,6 +15,7 @@
 #include <QQmlIncubator>
 #include <QQmlListReference>
 #include <QQuickItem>
+#include <QVector>
 
 #include <utility>
 
@@ -69,6 +70,8 @@ public:
     }
 
     void followChildList();
+    template<typename Value>
+    void writeRows(void (RowItemAccess::*write)(Value), Value value);
     QQuickItem *createItem(int component, QQuickItem *place);
     static QQuickItem *createDefaultHandle(QQmlComponent *component, QQuickItem *marker);
     void populate(QQuickItem *rowItem);
@@ -85,6 +88,8 @@ public:
     QPointer<Document> document;
     QQmlContext *context = nullptr;
     QPointer<QQuickItem> item;
+    /// Further items that delegates have made from the rows' file.
+    QVector<QPointer<QQuickItem>> extraItems;
     /// How many calls of moveItem() are on the stack.
     int itemMoves = 0;
     TreeViewAttachedObject *attached = nullptr;
@@ -175,6 +180,20 @@ void TreeViewEntry::Private::followChildList()
     }
 }
 
+/// Writes to the row item and the further ones. The application's code that this runs may destroy
+/// them and the entry.
+template<typename Value>
+void TreeViewEntry::Private::writeRows(void (RowItemAccess::*write)(Value), Value value)
+{
+    QVector<QPointer<QQuickItem>> items = extraItems;
+    items.prepend(item);
+    for (const QPointer<QQuickItem> &row : qAsConst(items)) {
+        if (row) {
+            (RowItemAccess(row).*write)(value);
+        }
+    }
+}
+
 void TreeViewEntry::createRow(QQuickItem *content, QQuickItem *treeParent)
 {
     QQmlContext *const viewContext = qmlContext(parent());
@@ -192,6 +211,7 @@ void TreeViewEntry::createRow(QQuickItem *content, QQuickItem *treeParent)
         RowItemAccess row(item);
         row.setAwaitsEntry(true);
         row.setChildCount(d->childCount);
+        row.setCollapsed(d->collapsed);
         row.setTreeParent(treeParent);
         d->moveItem(content);
     });
@@ -254,7 +274,11 @@ void TreeViewEntry::setCollapsed(bool collapsed)
     if (d->document) {
         d->host->rememberCollapsed(id, collapsed);
     }
-    d->host->hideOrShow(this, [this, collapsed] { Q_EMIT collapsedChanged(collapsed); });
+    d->host->hideOrShow(
+        this, [this, collapsed] { d->writeRows(&RowItemAccess::setCollapsed, collapsed); });
+    if (alive) {
+        Q_EMIT collapsedChanged(collapsed);
+    }
 }
 
 void TreeViewEntry::announceActive()
@@ -333,9 +357,19 @@ void TreeViewEntry::populateRow(QQuickItem *row)
         return;
     }
     if (row != d->item) {
+        const QPointer<TreeViewEntry> alive(this);
+        const QPointer<QQuickItem> made(row);
+        d->extraItems.removeAll(nullptr);
+        if (!d->extraItems.contains(made)) {
+            d->extraItems.append(made);
+        }
         RowItemAccess(row).setChildCount(d->childCount);
-        connect(this, &TreeViewEntry::childCountChanged, row,
-                [row](int count) { RowItemAccess(row).setChildCount(count); });
+        if (alive && made) {
+            RowItemAccess(row).setCollapsed(d->collapsed);
+        }
+        if (!alive || !made) {
+            return;
+        }
     }
     d->populate(row);
 }
@@ -455,9 +489,7 @@ void TreeViewEntry::updateChildCount()
     }
     if (count != d->childCount) {
         d->childCount = count;
-        if (d->item) {
-            RowItemAccess(d->item).setChildCount(count);
-        }
+        d->writeRows(&RowItemAccess::setChildCount, count);
         if (alive) {
             Q_EMIT childCountChanged(count);
         }

@@ -69,8 +69,8 @@ public:
     void destroyContext();
     void leaveContent();
 
-    /// Collapses or expands the row. Ignored without children, and for a root whose view does not
-    /// let roots collapse.
+    /// Collapses or expands the row; told when the rows below have hidden or shown and are in their
+    /// places. Ignored without children, and for a root whose view does not let roots collapse.
     void setCollapsed(bool collapsed);
     /// Emits activeChanged() with the present state, also when it is the same as before.
     void announceActive();

@@ -34,8 +34,8 @@ public:
     virtual om::data::Document *activeDocument() const = 0;
 
     virtual void rememberCollapsed(const QString &documentId, bool collapsed) = 0;
-    /// Calls \a change, in which the rows below \a entry hide or show. Its handlers may destroy
-    /// both.
+    /// Calls \a change, in which the rows below \a entry hide or show, and has them all in their
+    /// places afterwards. Handlers that this runs may destroy both.
     virtual void hideOrShow(TreeViewEntry *entry, const std::function<void()> &change) = 0;
     /// Requests a rebuild, as the document's children have changed.
     virtual void requestUpdate() = 0;

@@ -19,7 +19,7 @@ Item {
     readonly property bool collapsable: isRoot && !TreeView.view.rootCanCollapse ? false : hasChildren
     readonly property int markerIndent: isRoot && !TreeView.view.rootCanCollapse ? 0 : collapseMarker.width
     readonly property bool hasChildren: childCount !== 0
-    readonly property bool collapsed: TreeView.isCollapsedItem
+    readonly property bool collapsed: entryCollapsed
     property Item predecessor
     property Item treeParent
     property Item delegateItem
@@ -28,6 +28,9 @@ Item {
     // The length of the document's list property named by the view's childProperty, written by the
     // entry: a binding on a list without a notify signal would cost a warning a row.
     property int childCount: 0
+    // TreeView.isCollapsedItem, written by the entry before it tells of a change: the rows below
+    // have hidden or shown, and lie in their places, when the application hears of it.
+    property bool entryCollapsed: false
 
     signal layoutRequired()
 

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void activeRowChanges();
     void activeDocumentIsRemoved();
     void rowCollapses();
+    void rowsAreInTheirPlacesWhenACollapseIsTold();
     void childPropertyIsToldBeforeAnUpdateIsAskedFor();
     void rowsAreMadeOneAfterTheOther();
     void hiddenRowIsHiddenBeforeItsPartsAreMade();
@@ -127,6 +128,21 @@ void TestTreeOrder::rowCollapses()
     QCOMPARE(recorder.take(), lines("row.isCollapsedItem = true, row.collapsedItemChanged"));
     row->setProperty("isCollapsedItem", true);
     QCOMPARE(recorder.take(), QStringList());
+}
+
+void TestTreeOrder::rowsAreInTheirPlacesWhenACollapseIsTold()
+{
+    support::QmlView view;
+    view.loadFile(text("data/collapseistold.qml"));
+    QObject *const tree = view.find(text("tree"));
+    QTRY_COMPARE(tree->property("implicitHeight").toReal(), 60.0);
+    const auto log = [&view] {
+        return support::evaluate(view.root(), text("log.splice(0).join(', ')")).toString();
+    };
+    QVERIFY(QMetaObject::invokeMethod(tree, "collapseIndex", Q_ARG(int, 0)));
+    QCOMPARE(log(), text("binding: 20 of 40, attached: 20 of 40, entry: 20 of 40"));
+    QVERIFY(QMetaObject::invokeMethod(tree, "expandIndex", Q_ARG(int, 0)));
+    QCOMPARE(log(), text("binding: 40 of 60, attached: 40 of 60, entry: 40 of 60"));
 }
 
 /// An update that a handler waits for has not been asked for yet.

@@ -4,6 +4,7 @@
 #include "tests/support/Destroyer.h"
 #include "tests/support/Leftovers.h"
 #include "tests/support/SignalRecorder.h"
+#include "tests/support/SignalTrap.h"
 #include "tests/tree/TreeFixture.h"
 
 #include <QMetaMethod>
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void rowsOfEveryOriginAreFilled();
     void rowLoadedInADelegateIsFilled();
     void extraRowFollowsTheChildCount();
+    void extraRowFollowsTheCollapse();
     void oldEntriesAreChildrenOfTheView();
     void oldItemsGoWithTheirEntries();
     void createDelegateItemIsNullOnceTheContextGoes();
@@ -94,6 +96,33 @@ void TestTreeLifetimes::extraRowFollowsTheChildCount()
     f.make("x", f.d);
     QVERIFY(f.row(3)->property("hasChildren").toBool());
     QVERIFY(extra->property("hasChildren").toBool());
+}
+
+/// And the collapse state, before that is told: also when another such row has gone.
+void TestTreeLifetimes::extraRowFollowsTheCollapse()
+{
+    TreeFixture f(TreeFixture::File{"data/filledrows.qml"});
+    f.fill();
+    const auto makeExtra = [&f] {
+        return evaluate(f.row(1), "createDelegateItem(1, treeViewItem.parent)")
+            .value<QQuickItem *>();
+    };
+    QQuickItem *const row = f.row(1);
+    std::unique_ptr<QQuickItem> gone(makeExtra());
+    QQuickItem *const extra = makeExtra();
+    QVERIFY(gone && extra);
+    gone.reset();
+    QVERIFY(!extra->property("collapsed").toBool());
+    bool atOnce = false;
+    const support::SignalTrap trap(f.entry(1), "collapsedChanged",
+                                   [&] { atOnce = extra->property("collapsed").toBool(); });
+    f.call("tree.collapseIndex(1)");
+    QVERIFY(row->property("collapsed").toBool());
+    QVERIFY(atOnce);
+    QVERIFY(extra->property("collapsed").toBool());
+    QVERIFY(makeExtra()->property("collapsed").toBool());
+    f.call("tree.expandIndex(1)");
+    QVERIFY(!extra->property("collapsed").toBool());
 }
 
 void TestTreeLifetimes::oldEntriesAreChildrenOfTheView()
