@@ -122,8 +122,6 @@ struct TreeRows::Walk
 
     const QPointer<QQuickItem> content;
     const std::function<bool(const QString &)> &collapsed;
-    /// The name throughout the walk: delegates may change the view's property meanwhile.
-    const QByteArray childProperty;
     std::vector<Level> path = {};
     bool tooDeep = false;
 };
@@ -133,7 +131,7 @@ bool TreeRows::add(Document *root, QQuickItem *content,
                    const std::function<bool(const QString &)> &collapsed)
 {
     const QPointer<QQuickItem> alive(m_view);
-    Walk walk{content, collapsed, m_host->childProperty()};
+    Walk walk{content, collapsed};
     QPointer<Document> adding = root;
     while (adding || !walk.path.empty()) {
         if (adding && !addRow(adding, walk)) {
@@ -152,8 +150,9 @@ bool TreeRows::add(Document *root, QQuickItem *content,
 bool TreeRows::addRow(const QPointer<Document> &document, Walk &walk)
 {
     const QPointer<QQuickItem> alive(m_view);
+    const QByteArray childProperty = m_host->childProperty();
     const QString id = document->documentId();
-    QQmlListReference children(document, walk.childProperty.constData());
+    QQmlListReference children(document, childProperty.constData());
     const int childCount = qMax(0, children.count());
     if (!alive) {
         return false;
@@ -174,7 +173,12 @@ bool TreeRows::addRow(const QPointer<Document> &document, Walk &walk)
         m_documents.insert(document);
     }
     walk.path.push_back({document, children, 0, entry->item()});
-    return true;
+    // A delegate of the row may have had the view read another list, for this document already.
+    if (document && m_host->childProperty() != childProperty) {
+        walk.path.back().children =
+            QQmlListReference(document, m_host->childProperty().constData());
+    }
+    return alive;
 }
 
 /// The next document below the last level of the path that gets a row. Null when the next element

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void otherObjectsPushedAsRoots();
     void contextDeletedFirst();
     void changedFromADelegatesCompletion();
+    void childPropertyChangedFromADelegate();
     void changedFromIndexRebuilt();
     void changedFromAListDuringTheRebuild();
     void failingDelegates();
@@ -168,6 +169,18 @@ void TestTreeAbuse::changedFromADelegatesCompletion()
     f.settle();
     // The rebuild went on with the roots that were there when it began, and completed their rows.
     QCOMPARE(f.shown(), QString("e+ .x+"));
+}
+
+/// It counts from the document on whose row has just been made.
+void TestTreeAbuse::childPropertyChangedFromADelegate()
+{
+    TreeFixture f(TreeFixture::File{"data/childpropertychanges.qml"});
+    f.settle();
+    QCOMPARE(f.shown(), QString("a .b .b2 c .cc"));
+    f.tree->setProperty("changes", true);
+    QMetaObject::invokeMethod(f.tree, "rootDocumentsChanged");
+    f.settle();
+    QCOMPARE(f.shown(), QString("a .ao c .co"));
 }
 
 void TestTreeAbuse::changedFromIndexRebuilt()
