@@ -29,6 +29,9 @@ double allocatedMegabytes()
 
 void Memory::sample()
 {
+    // Pages of what was freed stay with the C library's heaps, in which now and then a longer list
+    // or another thread's needs make new ones: that is no growth.
+    malloc_trim(0);
     QFile file(QStringLiteral("/proc/self/statm"));
     if (!file.open(QFile::ReadOnly)) {
         qFatal("The memory cannot be read");
