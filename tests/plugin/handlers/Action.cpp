@@ -24,15 +24,6 @@ void deleteAll(const Objects &objects, bool later)
     }
 }
 
-/// What \a target is in: its parent item, else its owner. Not a window's own item, which goes only
-/// with its window.
-Objects parentOf(const Stage &stage, const QObject *target)
-{
-    const auto *const item = qobject_cast<const QQuickItem *>(target);
-    QObject *const parent = item && item->parentItem() ? item->parentItem() : target->parent();
-    return parent && !stage.isOfWindow(parent) ? Objects{parent} : Objects{};
-}
-
 /// Those that the scene's objects have been given, and those of the stock.
 Objects componentsOf(const Stage &stage)
 {
@@ -110,7 +101,7 @@ std::vector<Action> makeActions()
          [](Stage &stage, QObject *, const Provocation &) { stage.engine()->collectGarbage(); }},
     };
     addEnds(&list, QStringLiteral("the parent of"), Action::Object,
-            [](Stage &stage, QObject *target) { return parentOf(stage, target); });
+            [](Stage &stage, QObject *target) { return Objects{stage.parentOf(target)}; });
     addEnds(&list, QStringLiteral("the window"), Action::Surroundings,
             [](Stage &stage, QObject *) { return Objects{stage.window()}; });
     addEnds(&list, QStringLiteral("the engine"), Action::Surroundings,

@@ -71,8 +71,21 @@ FilterItem::FilterItem(QQuickItem *parent)
     setFiltersChildMouseEvents(true);
 }
 
-bool FilterItem::childMouseEventFilter(QQuickItem *, QEvent *)
+bool FilterItem::childMouseEventFilter(QQuickItem *, QEvent *event)
 {
-    Q_EMIT happenedInFilter();
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        Q_EMIT happenedAtPress();
+        break;
+    case QEvent::MouseMove:
+        Q_EMIT happenedAtMove();
+        break;
+    case QEvent::MouseButtonRelease:
+        Q_EMIT happenedAtRelease();
+        break;
+    default:
+        Q_EMIT happenedAtElse();
+        break;
+    }
     return false;
 }

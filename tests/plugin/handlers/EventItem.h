@@ -24,6 +24,8 @@ Q_SIGNALS:
     void happenedAtDragMove();
     void happenedAtLeave();
     void happenedAtDrop();
+    /// Another object has ended: whoever connects that says so.
+    void happenedAtEnd();
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
@@ -47,7 +49,10 @@ public:
     explicit FilterItem(QQuickItem *parent = nullptr);
 
 Q_SIGNALS:
-    void happenedInFilter();
+    void happenedAtPress();
+    void happenedAtMove();
+    void happenedAtRelease();
+    void happenedAtElse();
 
 protected:
     bool childMouseEventFilter(QQuickItem *item, QEvent *event) override;

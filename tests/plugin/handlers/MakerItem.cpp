@@ -40,6 +40,11 @@ MakerItem::MakerItem(QQuickItem *parent)
 
 MakerItem::~MakerItem() = default;
 
+void MakerItem::setDelegate(QQmlComponent *delegate)
+{
+    m_delegate = delegate;
+}
+
 void MakerItem::make()
 {
     makeBy(std::make_unique<Incubator>(this, QQmlIncubator::Synchronous));
@@ -70,4 +75,20 @@ void MakerItem::makeBy(std::unique_ptr<QQmlIncubator> incubator)
         m_incubator = std::move(incubator);
     }
     m_delegate->create(used, m_delegate->creationContext());
+}
+
+HastyMakerItem::HastyMakerItem(QQuickItem *parent)
+    : MakerItem(parent)
+{
+}
+
+void HastyMakerItem::setDelegate(QQmlComponent *delegate)
+{
+    MakerItem::setDelegate(delegate);
+    make();
+}
+
+void HastyMakerItem::componentComplete()
+{
+    QQuickItem::componentComplete();
 }

@@ -15,11 +15,14 @@
 class MakerItem : public QQuickItem
 {
     Q_OBJECT
-    Q_PROPERTY(QQmlComponent *delegate MEMBER m_delegate)
+    Q_PROPERTY(QQmlComponent *delegate READ delegate WRITE setDelegate)
 
 public:
     explicit MakerItem(QQuickItem *parent = nullptr);
     ~MakerItem() override;
+
+    QQmlComponent *delegate() const { return m_delegate; }
+    virtual void setDelegate(QQmlComponent *delegate);
 
     Q_INVOKABLE void make();
     /// As a drag makes its visual: bit by bit, from the event loop.
@@ -33,4 +36,19 @@ private:
 
     QPointer<QQmlComponent> m_delegate;
     std::unique_ptr<QQmlIncubator> m_incubator;
+};
+
+/// One that makes its item as soon as it is given the component: in the middle of the making of the
+/// document that declares both.
+class HastyMakerItem : public MakerItem
+{
+    Q_OBJECT
+
+public:
+    explicit HastyMakerItem(QQuickItem *parent = nullptr);
+
+    void setDelegate(QQmlComponent *delegate) override;
+
+protected:
+    void componentComplete() override;
 };

@@ -3,6 +3,7 @@
 
 #include "tests/plugin/handlers/Provocation.h"
 
+#include "tests/plugin/handlers/EventItem.h"
 #include "tests/plugin/handlers/Stage.h"
 #include "tests/support/DragEvents.h"
 #include "tests/support/RegisteredTypes.h"
@@ -73,6 +74,15 @@ QVariantList valuesOf(int id, const Stage &stage)
         return pointers("textDocuments");
     }
     return {};
+}
+
+/// A press and a release, which a window that the press destroys does not get any more.
+void clickKey(const QPointer<QQuickWindow> &window, Qt::Key key)
+{
+    QTest::keyPress(window, key);
+    if (window) {
+        QTest::keyRelease(window, key);
+    }
 }
 
 /// Whether \a value points to an object, which may be gone.
@@ -159,6 +169,9 @@ public:
             addDrags();
         }
         addDocuments();
+        if (qobject_cast<EventItem *>(m_stage.subject())) {
+            addEndBeside();
+        }
         add(QStringLiteral("declare it anew"), [](Stage &stage) { stage.remake(); });
         m_found.back().makesTheScene = true;
         if (m_stage.subject()->inherits("om::controls::FpsCounter")) {
@@ -239,7 +252,7 @@ private:
                 const QByteArray property = name.toLatin1();
                 if (QObject *const target = stage.senders().value(key)) {
                     const QQmlListReference list(target, property.constData(), stage.engine());
-                    delete list.at(list.count() - 1);
+                    stage.destroy(list.at(list.count() - 1));
                 }
             });
     }
@@ -293,14 +306,20 @@ private:
         call("setSize", [](Stage &, QQuickItem *item) { item->setSize({5, 6}); });
         call("setImplicitWidth", [](Stage &, QQuickItem *item) { item->setImplicitWidth(5); });
         call("setImplicitHeight", [](Stage &, QQuickItem *item) { item->setImplicitHeight(5); });
-        call("setImplicitWidth, no width", [](Stage &, QQuickItem *item) {
-            item->resetWidth();
-            item->setImplicitWidth(5);
-        });
-        call("setImplicitHeight, no height", [](Stage &, QQuickItem *item) {
-            item->resetHeight();
-            item->setImplicitHeight(7);
-        });
+        call("setImplicitWidth, no width",
+             [](Stage &, QQuickItem *item) { item->setImplicitWidth(5); });
+        m_found.back().before = [](Stage &stage) {
+            if (stage.subjectItem()) {
+                stage.subjectItem()->resetWidth();
+            }
+        };
+        call("setImplicitHeight, no height",
+             [](Stage &, QQuickItem *item) { item->setImplicitHeight(7); });
+        m_found.back().before = [](Stage &stage) {
+            if (stage.subjectItem()) {
+                stage.subjectItem()->resetHeight();
+            }
+        };
         call("setScale", [](Stage &, QQuickItem *item) { item->setScale(2); });
         call("setRotation", [](Stage &, QQuickItem *item) { item->setRotation(20); });
         call("forceActiveFocus", [](Stage &, QQuickItem *item) { item->forceActiveFocus(); });
@@ -382,7 +401,7 @@ private:
                                        stage.subjectItem()->forceActiveFocus();
                                    }
                                },
-                               [key](Stage &stage) { QTest::keyClick(stage.window(), key); }});
+                               [key](Stage &stage) { clickKey(stage.window(), key); }});
         }
     }
 
@@ -402,10 +421,9 @@ private:
             }
         });
         addOfQt(QStringLiteral("resize its window"), [](Stage &stage) {
-            QQuickItem *const content = stage.window()->contentItem();
-            content->setSize({150, 160});
+            stage.window()->contentItem()->setSize({150, 160});
             stage.settle();
-            content->setSize({200, 200});
+            stage.window()->contentItem()->setSize({200, 200});
         });
         addOfQt(QStringLiteral("move it to another window"), [](Stage &stage) {
             if (stage.subjectItem()) {
@@ -468,7 +486,19 @@ private:
                 }
                 stage.settle();
             }
-            delete documents.value(0);
+            stage.destroy(documents.value(0));
+        });
+    }
+
+    /// Destroys what the item of Qt is told the end of, and what its parent owns, too.
+    void addEndBeside()
+    {
+        add(QStringLiteral("destroy what is beside it"), [](Stage &stage) {
+            if (auto *const item = qobject_cast<EventItem *>(stage.subject())) {
+                auto *const beside = new QObject(stage.parentOf(item));
+                QObject::connect(beside, &QObject::destroyed, item, &EventItem::happenedAtEnd);
+                stage.destroy(beside);
+            }
         });
     }
 

@@ -86,6 +86,7 @@ Stage::Stage()
 {
     qmlRegisterType<AskedDocument>("handlers", 1, 0, "AskedDocument");
     qmlRegisterType<EventItem>("handlers", 1, 0, "EventItem");
+    qmlRegisterType<HastyMakerItem>("handlers", 1, 0, "HastyMakerItem");
     qmlRegisterType<MakerItem>("handlers", 1, 0, "MakerItem");
     qmlRegisterType<ToldItem>("handlers", 1, 0, "ToldItem");
     qmlRegisterType<FilterItem>("handlers", 1, 0, "FilterItem");
@@ -132,6 +133,29 @@ QQmlEngine *Stage::engine()
 bool Stage::isOfWindow(const QObject *object) const
 {
     return object == m_second->contentItem() || (m_window && object == m_window->contentItem());
+}
+
+QObject *Stage::parentOf(const QObject *object) const
+{
+    const auto *const item = qobject_cast<const QQuickItem *>(object);
+    QObject *const parent = item && item->parentItem() ? item->parentItem() : object->parent();
+    return isOfWindow(parent) ? nullptr : parent;
+}
+
+void Stage::destroy(QObject *object)
+{
+    m_loser = object ? object->parent() : nullptr;
+    delete object;
+    m_loser.clear();
+}
+
+bool Stage::isLosing(const QObject *object) const
+{
+    const QObject *loser = m_loser;
+    while (loser && loser != object) {
+        loser = loser->parent();
+    }
+    return loser;
 }
 
 void Stage::showWindows()

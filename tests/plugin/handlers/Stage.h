@@ -45,8 +45,14 @@ public:
     int engineCount() const { return m_engineCount; }
     /// That of the scene's document.
     QQmlContext *context() const { return m_context; }
-    /// Whether \a object is a window's own item.
-    bool isOfWindow(const QObject *object) const;
+    /// What \a object is in: its parent item, else its owner; none for what a window's own item
+    /// holds, as that goes only with its window.
+    QObject *parentOf(const QObject *object) const;
+
+    /// Destroys \a object at once.
+    void destroy(QObject *object);
+    /// Whether what \a object owns, or something in that, is just being destroyed by destroy().
+    bool isLosing(const QObject *object) const;
 
     /// What the property \a property of the stock holds, one object or a list: components, items
     /// and documents to write into properties and to pass to functions.
@@ -74,6 +80,7 @@ private:
     void make();
     void showWindows();
     void driveDrag();
+    bool isOfWindow(const QObject *object) const;
 
     // What an action may destroy.
     QPointer<QQmlEngine> m_engine;
@@ -84,6 +91,7 @@ private:
     std::unique_ptr<QObject> m_held;
     QPointer<QObject> m_root;
     QPointer<QObject> m_subject;
+    QPointer<QObject> m_loser;
     QMap<QString, std::shared_ptr<QQmlComponent>> m_components;
     QTimer m_dragDriver;
     int m_dragStep = 0;

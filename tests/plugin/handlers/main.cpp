@@ -20,7 +20,8 @@
 // Each line of output is a word and a text, parted by a tab: "class" and "declared" (a signal that
 // the class has, a property that holds a component), "row", "fired", "once" (the number of the
 // provocation that has the rows which an emission gets once, and the emission), "while" (when the
-// row before acts: "synchronizing", "binding"), "said" and "left" (what is wrong with it), "done".
+// row before acts: "synchronizing", "binding", "declaring", "losing a child"), "said" and "left"
+// (what is wrong with it), "done".
 
 #include "tests/plugin/handlers/Action.h"
 #include "tests/plugin/handlers/Moment.h"
@@ -142,6 +143,7 @@ public:
         if (!m_stage.load(m_type)) {
             return false;
         }
+        m_isOfQt = !support::registeredTypes().contains(m_type);
         m_provocations = provocationsFor(m_stage);
         const QMetaObject *const meta = m_stage.subject()->metaObject();
         for (int i = 0; i < meta->propertyCount(); ++i) {
@@ -210,9 +212,11 @@ private:
             if (isQts(provocation, emission)) {
                 continue;
             }
+            // What an item of Qt bears in one place it need not bear in the next.
+            const bool isAlways = provocation.isApart || m_isOfQt;
             const bool isNew =
-                isForOnce(emission) && (provocation.isApart || !m_known.contains(emission.name()));
-            if (isNew && !provocation.isApart) {
+                isForOnce(emission) && (isAlways || !m_known.contains(emission.name()));
+            if (isNew && !isAlways) {
                 m_known.insert(emission.name());
                 write("once", QStringLiteral("%1\t%2").arg(step).arg(emission.name()));
             }
@@ -410,6 +414,10 @@ private:
                         write("while", QStringLiteral("synchronizing"));
                     } else if (isBinding) {
                         write("while", QStringLiteral("binding"));
+                    } else if (provocation.makesTheScene) {
+                        write("while", QStringLiteral("declaring"));
+                    } else if (m_stage.isLosing(m_stage.parentOf(target))) {
+                        write("while", QStringLiteral("losing a child"));
                     }
                     action.run(m_stage, target, provocation);
                 };
@@ -464,6 +472,8 @@ private:
     std::unique_ptr<SignalHook> m_hook;
     QMap<QString, QPointer<QObject>> m_hooked;
     QStringList m_living;
+    /// Whether the subject is there to show what Qt forbids.
+    bool m_isOfQt = false;
     QSet<QString> m_seen;
     QSet<QString> m_known;
     /// By their names, with their classes.

@@ -13,4 +13,7 @@ Stock {
         height: 80
         delegate: Told { role: "delegate" }
     }
+    HastyMakerItem {
+        delegate: Told { role: "hasty" }
+    }
 }
