@@ -240,6 +240,19 @@ void TreeRows::layOut()
     }
 }
 
+bool TreeRows::showChildCounts()
+{
+    const QPointer<QQuickItem> alive(m_view);
+    const int build = m_build;
+    if (m_making) {
+        m_making->showChildCount();
+    }
+    for (int i = 0; alive && m_build == build && i < m_entries.size(); ++i) {
+        m_entries.at(i)->showChildCount();
+    }
+    return alive;
+}
+
 /// Each row is anchored to its predecessor, so each row that hides would move all rows below it:
 /// quadratic in the rows. The rows from here to the first one after the subtree are released from
 /// their top anchors, hide or show, and are anchored again from the top down. A row that the

@@ -56,6 +56,8 @@ public:
     bool setPredecessors();
     /// Has each row anchor itself below its predecessor.
     void layOut();
+    /// Has each row show its child count anew. False when the view has been destroyed.
+    bool showChildCounts();
     /// Calls \a change, in which the rows below \a entry hide or show. False when the view has been
     /// destroyed.
     bool hideOrShow(TreeViewEntry *entry, const std::function<void()> &change);

@@ -384,6 +384,9 @@ void TreeView::setChildProperty(const QString &childProperty)
     }
     d->childPropertyText = childProperty;
     d->childPropertyName = childProperty.toLatin1();
+    if (!d->rows.showChildCounts()) {
+        return;
+    }
     const QPointer<TreeView> alive(this);
     Q_EMIT childPropertyChanged();
     if (alive) {

@@ -70,6 +70,7 @@ public:
     }
 
     void followChildList();
+    int readChildCount() const;
     template<typename Value>
     void writeRows(void (RowItemAccess::*write)(Value), Value value);
     QQuickItem *createItem(int component, QQuickItem *place);
@@ -476,23 +477,37 @@ void TreeViewEntry::fitSendersMarker()
     }
 }
 
+/// The count is the application's code, which may destroy the entry.
+int TreeViewEntry::Private::readChildCount() const
+{
+    if (!document) {
+        return 0;
+    }
+    const QByteArray property = host->childProperty();
+    return qMax(0, QQmlListReference(document, property.constData()).count());
+}
+
+void TreeViewEntry::showChildCount()
+{
+    const QPointer<TreeViewEntry> alive(this);
+    const int count = d->readChildCount();
+    if (alive) {
+        d->writeRows(&RowItemAccess::setChildCount, count);
+    }
+}
+
 void TreeViewEntry::updateChildCount()
 {
     const QPointer<TreeViewEntry> alive(this);
-    int count = 0;
-    if (d->document) {
-        const QByteArray property = d->host->childProperty();
-        count = qMax(0, QQmlListReference(d->document, property.constData()).count());
-    }
+    const int count = d->readChildCount();
     if (!alive) {
-        return; // the count is the application's code
+        return;
     }
-    if (count != d->childCount) {
-        d->childCount = count;
-        d->writeRows(&RowItemAccess::setChildCount, count);
-        if (alive) {
-            Q_EMIT childCountChanged(count);
-        }
+    const bool changed = count != d->childCount;
+    d->childCount = count;
+    d->writeRows(&RowItemAccess::setChildCount, count);
+    if (alive && changed) {
+        Q_EMIT childCountChanged(count);
     }
     if (alive) {
         d->host->requestUpdate();

@@ -72,6 +72,10 @@ public:
     /// Collapses or expands the row; told when the rows below have hidden or shown and are in their
     /// places. Ignored without children, and for a root whose view does not let roots collapse.
     void setCollapsed(bool collapsed);
+    /// Has the row show whether the document has children by the present name of their list. The
+    /// entry's own count, which the collapse rule asks, stays until the document tells of a change.
+    /// May destroy the view, and the entry with it.
+    void showChildCount();
     /// Emits activeChanged() with the present state, also when it is the same as before.
     void announceActive();
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/Leftovers.h"
+#include "tests/support/SignalTrap.h"
 #include "tests/tree/TreeFixture.h"
 
 #include <OmbrelDataCore/Context.h>
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void documentReachableTwice();
     void otherListProperties_data();
     void otherListProperties();
+    void hasChildrenFollowsTheNameOfTheList();
 };
 
 void TestTreeDocuments::contextsAreRebound()
@@ -165,6 +167,25 @@ void TestTreeDocuments::otherListProperties()
     }
     f.roots().clear();
     f.settle();
+}
+
+/// Before the change of the name is told, and before the rebuild that it asks for.
+void TestTreeDocuments::hasChildrenFollowsTheNameOfTheList()
+{
+    TreeFixture f(TreeFixture::File{"data/childpropertychanges.qml"});
+    f.settle();
+    bool onceTold = true;
+    const support::SignalTrap trap(f.tree, "childPropertyChanged",
+                                   [&] { onceTold = f.row(0)->property("hasChildren").toBool(); });
+    f.tree->setProperty("childProperty", "none");
+    QVERIFY(!onceTold);
+    QVERIFY(!f.row(3)->property("hasChildren").toBool());
+    QVERIFY(!f.row(3)->property("collapsable").toBool());
+    f.tree->setProperty("childProperty", "other");
+    QVERIFY(f.row(0)->property("hasChildren").toBool());
+    QVERIFY(!f.row(1)->property("hasChildren").toBool());
+    f.settle();
+    QCOMPARE(f.shown(), QString("a .ao c .co"));
 }
 
 QTEST_MAIN(TestTreeDocuments)

@@ -382,6 +382,8 @@ void TestTreeLifetimes::viewDestroyedFromASignalOfItsParts_data()
     row("entry", "childCountChanged(int)", "add a child");
     row("attached object", "collapsedItemChanged(bool)", "collapse");
     row("attached object", "activeItemChanged(bool)", "activate");
+    row("row", "childCountChanged()", "read another list");
+    row("row", "entryCollapsedChanged()", "collapse");
     row("added", "yChanged()", "move the added");
 }
 
@@ -399,6 +401,8 @@ void TestTreeLifetimes::viewDestroyedFromASignalOfItsParts()
         sender = f.content();
     } else if (part == QLatin1String("entry")) {
         sender = f.entry(1);
+    } else if (part == QLatin1String("row")) {
+        sender = f.row(1);
     } else if (part == QLatin1String("attached object")) {
         for (QObject *child : f.entry(1)->children()) {
             if (child->inherits("om::controls::TreeViewAttachedObject")) {
@@ -423,6 +427,8 @@ void TestTreeLifetimes::viewDestroyedFromASignalOfItsParts()
         f.settle();
     } else if (operation == "add a child") {
         f.make("new", f.b);
+    } else if (operation == "read another list") {
+        f.tree->setProperty("childProperty", "other");
     } else if (operation == "move the added") {
         added.setY(1000);
     }
