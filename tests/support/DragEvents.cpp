@@ -79,11 +79,20 @@ void withDragFrom(QObject *source, const std::function<void(QDrag *drag)> &body)
     auto *mimeData = new QMimeData;
     mimeData->setData(QStringLiteral("application/x-test"), QByteArray());
     drag->setMimeData(mimeData);
-    QTimer::singleShot(0, drag, [drag, &body] {
+    bool hasRun = false;
+    // Qt refuses a drag while another one runs, and does not delete it: the body, which is the
+    // caller's, must not be called from a timer that is left.
+    QObject call;
+    QTimer::singleShot(0, &call, [drag, &body, &hasRun] {
+        hasRun = true;
         body(drag);
         QDrag::cancel();
     });
+    const QPointer<QDrag> refused(drag);
     drag->exec(allActions);
+    if (!hasRun) {
+        delete refused;
+    }
 }
 
 } // namespace support
