@@ -167,8 +167,8 @@ void RowItemAccess::requireLayout()
     call(m_item, m_numbers.layoutRequired);
 }
 
-/// Anchor lines begin with an item and which of its lines it is; their type is private and cannot
-/// be compared. What follows in memory is padding.
+/// Anchor lines begin with a pointer to an item and the number of one of its lines; their type is
+/// private and cannot be compared. What follows in memory is padding.
 bool RowItemAccess::isBelowPredecessor() const
 {
     QObject *above = readObject(m_item, m_numbers.predecessor);
@@ -177,8 +177,7 @@ bool RowItemAccess::isBelowPredecessor() const
     }
     const QVariant top = line(readObject(m_item, m_numbers.anchors), m_numbers.anchorTop);
     const QVariant bottom = line(above, m_numbers.bottom);
-    return std::memcmp(top.constData(), bottom.constData(), sizeof(QQuickItem *) + sizeof(int))
-        == 0;
+    return std::memcmp(top.constData(), bottom.constData(), sizeof(void *) + sizeof(int)) == 0;
 }
 
 void RowItemAccess::releaseTop()
