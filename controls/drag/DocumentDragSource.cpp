@@ -365,11 +365,12 @@ void DocumentDragSource::endIncubation()
     }
 }
 
-void DocumentDragSource::filterWindowEvent(const QEvent *event)
+bool DocumentDragSource::filterWindowEvent(const QObject *window, const QEvent *event)
 {
+    const QPointer<const QObject> receiver(window);
     DragVisualState *const visual = m_visual ? visualState(m_visual) : nullptr;
     if (!visual) {
-        return;
+        return false;
     }
     switch (event->type()) {
     case QEvent::DragEnter: {
@@ -390,6 +391,7 @@ void DocumentDragSource::filterWindowEvent(const QEvent *event)
     default:
         break;
     }
+    return receiver.isNull();
 }
 
 void DocumentDragSource::moveVisual(const QPointF &position)

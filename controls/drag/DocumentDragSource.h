@@ -83,8 +83,9 @@ public:
 
     /// An event for a child of the source; never consumed. The source may be gone afterwards.
     void filterChildEvent(QQuickItem *child, const QEvent *event);
-    /// An event for the window, while a drag runs; never consumed.
-    void filterWindowEvent(const QEvent *event);
+    /// An event for \a window, while a drag runs. True when a handler has destroyed the window,
+    /// which cannot get the event any more; else nothing is consumed.
+    bool filterWindowEvent(const QObject *window, const QEvent *event);
     void adoptVisual(QObject *object) override;
 
     /// Ends a running drag. Called by the source's destructor before the record is destroyed: the

@@ -7,8 +7,6 @@
 #include "controls/drag/DragAreaIncubator.h"
 #include "controls/drag/DragSourceRecord.h"
 
-#include <QPointer>
-
 namespace om::controls {
 
 class DragArea::Private
@@ -81,10 +79,7 @@ bool DragArea::childMouseEventFilter(QQuickItem *item, QEvent *event)
 
 bool DragArea::eventFilter(QObject *watched, QEvent *event)
 {
-    const QPointer<QObject> receiver(watched);
-    d->filterWindowEvent(event);
-    // A window that a handler has destroyed cannot get the event any more.
-    return receiver.isNull();
+    return d->filterWindowEvent(watched, event);
 }
 
 } // namespace om::controls

@@ -7,8 +7,6 @@
 #include "controls/drag/DragZoneAttachedObject.h"
 #include "controls/drag/DragZoneIncubator.h"
 
-#include <QPointer>
-
 namespace om::controls {
 
 class DragZone::Private
@@ -99,10 +97,7 @@ bool DragZone::childMouseEventFilter(QQuickItem *item, QEvent *event)
 
 bool DragZone::eventFilter(QObject *watched, QEvent *event)
 {
-    const QPointer<QObject> receiver(watched);
-    d->filterWindowEvent(event);
-    // A window that a handler has destroyed cannot get the event any more.
-    return receiver.isNull();
+    return d->filterWindowEvent(watched, event);
 }
 
 } // namespace om::controls
