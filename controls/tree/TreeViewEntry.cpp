@@ -277,7 +277,8 @@ void TreeViewEntry::setCollapsed(bool collapsed)
     }
     d->host->hideOrShow(
         this, [this, collapsed] { d->writeRows(&RowItemAccess::setCollapsed, collapsed); });
-    if (alive) {
+    // A handler of what hides or shows may have undone it, and that has been told.
+    if (alive && d->collapsed == collapsed) {
         Q_EMIT collapsedChanged(collapsed);
     }
 }

@@ -8,6 +8,8 @@
 #include "tests/support/Text.h"
 
 #include <QQmlListReference>
+#include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTest>
 
 using support::text;
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void activeDocumentIsRemoved();
     void rowCollapses();
     void rowsAreInTheirPlacesWhenACollapseIsTold();
+    void collapseThatIsUndoneMeanwhileIsNotTold();
     void childPropertyIsToldBeforeAnUpdateIsAskedFor();
     void rowsAreMadeOneAfterTheOther();
     void hiddenRowIsHiddenBeforeItsPartsAreMade();
@@ -143,6 +146,33 @@ void TestTreeOrder::rowsAreInTheirPlacesWhenACollapseIsTold()
     QCOMPARE(log(), text("binding: 20 of 40, attached: 20 of 40, entry: 20 of 40"));
     QVERIFY(QMetaObject::invokeMethod(tree, "expandIndex", Q_ARG(int, 0)));
     QCOMPARE(log(), text("binding: 40 of 60, attached: 40 of 60, entry: 40 of 60"));
+}
+
+/// A handler of the row that hides expands again: what is told last is the state.
+void TestTreeOrder::collapseThatIsUndoneMeanwhileIsNotTold()
+{
+    support::QmlView view;
+    view.loadFile(text("data/collapseistold.qml"));
+    QObject *const tree = view.find(text("tree"));
+    QTRY_COMPARE(tree->property("implicitHeight").toReal(), 60.0);
+    support::evaluate(view.root(),
+                      text("tree.contentItem.children[1].heightChanged.connect("
+                           "function() { tree.expandIndex(0); })"));
+    QObject *entry = nullptr;
+    const auto children = tree->children();
+    for (QObject *child : children) {
+        if (!entry && child->inherits("om::controls::TreeViewEntry")) {
+            entry = child;
+        }
+    }
+    QVERIFY(entry && entry->property("index") == 0);
+    QSignalSpy told(entry, SIGNAL(collapsedChanged(bool)));
+    // Qt's own word on a handler that changes what is being evaluated.
+    QTest::ignoreMessage(
+        QtWarningMsg, QRegularExpression(text("Binding loop detected for property \"collapsed\"")));
+    QVERIFY(QMetaObject::invokeMethod(tree, "collapseIndex", Q_ARG(int, 0)));
+    QCOMPARE(told.count(), 1);
+    QCOMPARE(told.first().first(), QVariant(false));
 }
 
 /// An update that a handler waits for has not been asked for yet.
