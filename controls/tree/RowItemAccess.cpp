@@ -264,10 +264,20 @@ void RowItemAccess::raisePressArea(QQuickItem *area)
     }
 }
 
+/// Whether \a item can be anchored to the row: Qt Quick warns of an item that is neither its child
+/// nor its sibling, and the part may have left the row in a handler of its parentChanged.
+bool RowItemAccess::canAnchor(const QQuickItem *item) const
+{
+    const QQuickItem *parent = item->parentItem();
+    return parent && (parent == m_item || parent == m_item->parentItem());
+}
+
 void RowItemAccess::placeBackground(QQuickItem *item)
 {
     const QPointer<QQuickItem> background(item);
-    writeObject(readObject(item, m_numbers.anchors), m_numbers.anchorFill, m_item);
+    if (canAnchor(item)) {
+        writeObject(readObject(item, m_numbers.anchors), m_numbers.anchorFill, m_item);
+    }
     if (background) {
         item->setZ(-1);
     }
@@ -277,7 +287,9 @@ void RowItemAccess::placeDelegate(QQuickItem *item)
 {
     const QPointer<QQuickItem> row(m_item);
     const QPointer<QQuickItem> delegate(item);
-    anchor(item, m_numbers.anchorRight, m_item, m_numbers.right);
+    if (canAnchor(item)) {
+        anchor(item, m_numbers.anchorRight, m_item, m_numbers.right);
+    }
     if (row && delegate) {
         call(m_item, m_numbers.bindDelegateWidth);
     }

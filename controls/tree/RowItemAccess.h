@@ -62,7 +62,7 @@ public:
     /// nothing when \a area is no child of the row any more; it may be destroyed then.
     void raisePressArea(QQuickItem *area);
     /// Has the background \a item fill the row, below everything else. This and placeDelegate()
-    /// emit signals whose handlers may destroy the row.
+    /// anchor no part that has left the row, and emit signals whose handlers may destroy the row.
     void placeBackground(QQuickItem *item);
     /// Gives the delegate \a item the place right of the marker.
     void placeDelegate(QQuickItem *item);
@@ -72,6 +72,7 @@ private:
 
     QVariant line(QObject *object, int property) const;
     void anchor(QObject *object, int own, QObject *target, int targetLine);
+    bool canAnchor(const QQuickItem *item) const;
 
     QQuickItem *const m_item;
     const Numbers &m_numbers;

@@ -75,6 +75,7 @@ public:
     void writeRows(void (RowItemAccess::*write)(Value), Value value);
     QQuickItem *createItem(int component, QQuickItem *place);
     static QQuickItem *createDefaultHandle(QQmlComponent *component, QQuickItem *marker);
+    static QQuickItem *rowOfMarker(const QQuickItem *marker);
     void populate(QQuickItem *rowItem);
     void followMarker(QQuickItem *rowItem, QQuickItem *handle);
     void moveItem(QQuickItem *content);
@@ -456,12 +457,20 @@ void TreeViewEntry::Private::followMarker(QQuickItem *rowItem, QQuickItem *handl
     }
 }
 
-/// The sender is the marker of a row, whose item may be in its destructor.
+/// The row that has \a marker, which may be in its destructor; null where the application has moved
+/// it elsewhere, to another row for instance.
+QQuickItem *TreeViewEntry::Private::rowOfMarker(const QQuickItem *marker)
+{
+    QQuickItem *row = marker ? marker->parentItem() : nullptr;
+    const bool isIts =
+        row && RowItemAccess::fits(row) && RowItemAccess(row).collapseMarker() == marker;
+    return isIts ? row : nullptr;
+}
+
 void TreeViewEntry::measureSendersRow()
 {
     auto *marker = qobject_cast<QQuickItem *>(sender());
-    QQuickItem *row = marker ? marker->parentItem() : nullptr;
-    if (row && RowItemAccess::fits(row)) {
+    if (QQuickItem *row = Private::rowOfMarker(marker)) {
         disconnect(marker, &QQuickItem::childrenChanged, this, nullptr);
         RowItemAccess(row).measureMarker();
     }
@@ -471,9 +480,7 @@ void TreeViewEntry::measureSendersRow()
 void TreeViewEntry::fitSendersMarker()
 {
     const auto *handle = qobject_cast<QQuickItem *>(sender());
-    const QQuickItem *marker = handle ? handle->parentItem() : nullptr;
-    QQuickItem *row = marker ? marker->parentItem() : nullptr;
-    if (row && RowItemAccess::fits(row)) {
+    if (QQuickItem *row = Private::rowOfMarker(handle ? handle->parentItem() : nullptr)) {
         RowItemAccess(row).fitMarker();
     }
 }

@@ -17,7 +17,8 @@ Item {
         ? treeParent.collapsed || treeParent.childrenCollapsed : false
     readonly property int displayHeight: delegateItem ? delegateItem.height : 24
     readonly property bool collapsable: isRoot && !TreeView.view.rootCanCollapse ? false : hasChildren
-    readonly property int markerIndent: isRoot && !TreeView.view.rootCanCollapse ? 0 : collapseMarker.width
+    readonly property int markerIndent: isRoot && !TreeView.view.rootCanCollapse || !collapseMarker
+        ? 0 : collapseMarker.width
     readonly property bool hasChildren: childCount !== 0
     readonly property bool collapsed: entryCollapsed
     property Item predecessor

@@ -69,6 +69,9 @@ private Q_SLOTS:
     void chainOfAThousand();
     void listOfTwentyThousand();
     void nestedCollapse();
+    void partsThatLeaveTheirRow_data();
+    void partsThatLeaveTheirRow();
+    void rowWithoutItsMarker();
 };
 
 void TestTreeAbuse::documentsDeletedWhileShown()
@@ -456,6 +459,68 @@ void TestTreeAbuse::nestedCollapse()
     f.call("tree.expandIndex(0)"); // which collapses 1
     QCOMPARE(f.places(), QString("0+30 30+30 60+0 60+30 90+30"));
     QCOMPARE(f.tree->implicitHeight(), 120.0);
+}
+
+void TestTreeAbuse::partsThatLeaveTheirRow_data()
+{
+    QTest::addColumn<QString>("place");
+    QTest::addColumn<bool>("isAnchored");
+    QTest::newRow("out of the window") << "null" << false;
+    QTest::newRow("elsewhere") << "elsewhere" << false;
+    QTest::newRow("beside the rows") << "contentItem" << true;
+}
+
+/// Qt Quick anchors an item to its parent and to siblings only, and warns of others.
+void TestTreeAbuse::partsThatLeaveTheirRow()
+{
+    QFETCH(QString, place);
+    QFETCH(bool, isAnchored);
+    TreeFixture f(TreeFixture::File{"data/partsleave.qml"});
+    f.call("elsewhere.parent = tree.parent; place = " + place + "; partsLeave = true");
+    f.append(f.make("a"));
+    f.settle();
+    QQuickItem *row = f.row(0);
+    QVERIFY(row);
+    auto *background = row->property("backgroundItem").value<QQuickItem *>();
+    auto *delegate = row->property("delegateItem").value<QQuickItem *>();
+    QVERIFY(background && delegate);
+    QCOMPARE(background->parentItem(), f.tree->property("place").value<QQuickItem *>());
+    QCOMPARE(delegate->parentItem(), background->parentItem());
+    QCOMPARE(evaluate(background, "anchors.fill === null").toBool(), !isAnchored);
+    QCOMPARE(background->z(), -1.0);
+    QCOMPARE(background->width(), isAnchored ? 300.0 : 0.0);
+    // The row stays as high as its delegate, which stays as wide as the row.
+    QCOMPARE(f.places(), QString("0+30"));
+    QCOMPARE(delegate->width(), 300.0);
+    QCOMPARE(delegate->x(), 0.0);
+    if (!background->parentItem()) {
+        delete background;
+        delete delegate;
+    }
+}
+
+/// The marker can be reached as the handle's parent. A row without one has no indent for it, and
+/// does not take the marker of another row, or what is in its own delegate, for its own.
+void TestTreeAbuse::rowWithoutItsMarker()
+{
+    TreeFixture f;
+    f.fill();
+    const auto handle = [&f](int row) {
+        return f.row(row)->property("branchHandleItem").value<QQuickItem *>();
+    };
+    QCOMPARE(f.row(1)->property("markerIndent").toInt(), 16);
+    delete handle(1)->parentItem();
+    QVERIFY(!handle(1));
+    QCOMPARE(f.row(1)->property("markerIndent").toInt(), 0);
+    QQuickItem *other = handle(2)->parentItem();
+    other->setParentItem(f.row(1));
+    handle(2)->setWidth(20);
+    std::make_unique<QQuickItem>(other).reset();
+    QCOMPARE(f.row(1)->property("markerIndent").toInt(), 0);
+    f.call("toggleIndex(1); toggleIndex(0)");
+    f.append(f.make("new"));
+    f.settle();
+    QCOMPARE(f.shown(), QString("a .b ..c .d e new"));
 }
 
 QTEST_MAIN(TestTreeAbuse)
