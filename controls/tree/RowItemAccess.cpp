@@ -112,6 +112,21 @@ void call(QObject *object, int function)
     QMetaObject::metacall(object, QMetaObject::InvokeMetaMethod, function, arguments);
 }
 
+/// Anchor lines begin with a pointer to an item and the number of one of its lines; their type is
+/// private and cannot be compared. What follows in memory is padding.
+bool areSameLine(const QVariant &a, const QVariant &b)
+{
+    return std::memcmp(a.constData(), b.constData(), sizeof(void *) + sizeof(int)) == 0;
+}
+
+/// Whether \a item can be anchored to \a target: Qt Quick warns of an item that is neither its
+/// child nor its sibling, and either may have been taken elsewhere by the application.
+bool canAnchor(const QQuickItem *item, const QQuickItem *target)
+{
+    const QQuickItem *parent = item->parentItem();
+    return parent && (parent == target || parent == target->parentItem());
+}
+
 } // namespace
 
 const RowItemAccess::Numbers &RowItemAccess::Numbers::of(QQuickItem *row)
@@ -167,17 +182,10 @@ void RowItemAccess::requireLayout()
     call(m_item, m_numbers.layoutRequired);
 }
 
-/// Anchor lines begin with a pointer to an item and the number of one of its lines; their type is
-/// private and cannot be compared. What follows in memory is padding.
 bool RowItemAccess::isBelowPredecessor() const
 {
-    QObject *above = readObject(m_item, m_numbers.predecessor);
-    if (!above) {
-        return false;
-    }
-    const QVariant top = line(readObject(m_item, m_numbers.anchors), m_numbers.anchorTop);
-    const QVariant bottom = line(above, m_numbers.bottom);
-    return std::memcmp(top.constData(), bottom.constData(), sizeof(void *) + sizeof(int)) == 0;
+    QQuickItem *above = predecessor();
+    return above && canAnchor(m_item, above) && areSameLine(top(), line(above, m_numbers.bottom));
 }
 
 void RowItemAccess::releaseTop()
@@ -189,9 +197,21 @@ void RowItemAccess::releaseTop()
 
 void RowItemAccess::anchorTop()
 {
-    if (QObject *above = readObject(m_item, m_numbers.predecessor)) {
+    QQuickItem *above = predecessor();
+    const QVariant noLine(m_numbers.lineType, nullptr);
+    if (above && canAnchor(m_item, above) && areSameLine(top(), noLine)) {
         anchor(m_item, m_numbers.anchorTop, above, m_numbers.bottom);
     }
+}
+
+QQuickItem *RowItemAccess::predecessor() const
+{
+    return qobject_cast<QQuickItem *>(readObject(m_item, m_numbers.predecessor));
+}
+
+QVariant RowItemAccess::top() const
+{
+    return line(readObject(m_item, m_numbers.anchors), m_numbers.anchorTop);
 }
 
 /// The anchor line that is the \a property of \a object, an item or its anchors.
@@ -264,18 +284,10 @@ void RowItemAccess::raisePressArea(QQuickItem *area)
     }
 }
 
-/// Whether \a item can be anchored to the row: Qt Quick warns of an item that is neither its child
-/// nor its sibling, and the part may have left the row in a handler of its parentChanged.
-bool RowItemAccess::canAnchor(const QQuickItem *item) const
-{
-    const QQuickItem *parent = item->parentItem();
-    return parent && (parent == m_item || parent == m_item->parentItem());
-}
-
 void RowItemAccess::placeBackground(QQuickItem *item)
 {
     const QPointer<QQuickItem> background(item);
-    if (canAnchor(item)) {
+    if (canAnchor(item, m_item)) {
         writeObject(readObject(item, m_numbers.anchors), m_numbers.anchorFill, m_item);
     }
     if (background) {
@@ -287,7 +299,7 @@ void RowItemAccess::placeDelegate(QQuickItem *item)
 {
     const QPointer<QQuickItem> row(m_item);
     const QPointer<QQuickItem> delegate(item);
-    if (canAnchor(item)) {
+    if (canAnchor(item, m_item)) {
         anchor(item, m_numbers.anchorRight, m_item, m_numbers.right);
     }
     if (row && delegate) {

@@ -38,11 +38,13 @@ public:
     /// Emits the row's layoutRequired().
     void requireLayout();
 
-    /// Whether the top is anchored to the bottom of the row's predecessor.
+    /// Whether the top is anchored to the bottom of the row's predecessor and follows it: Qt Quick
+    /// lets it rest while one of the two has been taken to another parent.
     bool isBelowPredecessor() const;
     /// Clears the top anchor.
     void releaseTop();
-    /// Anchors the top to the bottom of the row's predecessor.
+    /// Anchors the top to the bottom of the row's predecessor, unless it is anchored already or one
+    /// of the two has been taken to another parent.
     void anchorTop();
 
     void setBackgroundItem(QQuickItem *item);
@@ -70,9 +72,10 @@ public:
 private:
     struct Numbers;
 
+    QQuickItem *predecessor() const;
+    QVariant top() const;
     QVariant line(QObject *object, int property) const;
     void anchor(QObject *object, int own, QObject *target, int targetLine);
-    bool canAnchor(const QQuickItem *item) const;
 
     QQuickItem *const m_item;
     const Numbers &m_numbers;

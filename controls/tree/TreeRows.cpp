@@ -256,10 +256,17 @@ bool TreeRows::showChildCounts()
 /// Each row is anchored to its predecessor, so each row that hides would move all rows below it:
 /// quadratic in the rows. The rows from here to the first one after the subtree are released from
 /// their top anchors, hide or show, and are anchored again from the top down. A row that the
-/// application has released or anchored elsewhere is left as it is.
+/// application has released, anchored elsewhere or taken to another parent is left as it is. So is
+/// one that a handler takes meanwhile, which its anchor or its y tells.
 bool TreeRows::hideOrShow(TreeViewEntry *entry, const std::function<void()> &change)
 {
+    struct Released
+    {
+        QPointer<QQuickItem> item;
+        qreal y;
+    };
     const QPointer<QQuickItem> alive(m_view);
+    const QPointer<TreeViewEntry> changing(entry);
     if (at(entry->index()) != entry) {
         change();
         return alive;
@@ -270,22 +277,24 @@ bool TreeRows::hideOrShow(TreeViewEntry *entry, const std::function<void()> &cha
         ++end;
     }
     end = qMin(end + 1, m_entries.size());
-    std::vector<QPointer<QQuickItem>> released;
-    for (int i = first; i < end; ++i) {
+    std::vector<Released> released;
+    const int build = m_build;
+    for (int i = first; alive && m_build == build && i < qMin(end, m_entries.size()); ++i) {
         QQuickItem *item = m_entries.at(i)->item();
         if (item && RowItemAccess(item).isBelowPredecessor()) {
+            released.push_back({item, item->y()});
             RowItemAccess(item).releaseTop();
-            released.emplace_back(item);
         }
     }
-    const int build = m_build;
-    change();
-    for (const QPointer<QQuickItem> &item : released) {
+    if (changing) {
+        change();
+    }
+    for (const Released &row : released) {
         if (!alive || m_build != build) {
             break;
         }
-        if (item) {
-            RowItemAccess(item).anchorTop();
+        if (row.item && row.item->y() == row.y) {
+            RowItemAccess(row.item).anchorTop();
         }
     }
     return alive;

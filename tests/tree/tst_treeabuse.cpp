@@ -3,6 +3,7 @@
 
 #include "tests/support/Destroyer.h"
 #include "tests/support/Leftovers.h"
+#include "tests/support/SignalTrap.h"
 #include "tests/tree/TreeFixture.h"
 
 #include <OmbrelDataCore/Context.h>
@@ -69,6 +70,7 @@ private Q_SLOTS:
     void chainOfAThousand();
     void listOfTwentyThousand();
     void nestedCollapse();
+    void rebuiltWhileACollapseReleasesRows();
     void partsThatLeaveTheirRow_data();
     void partsThatLeaveTheirRow();
     void rowWithoutItsMarker();
@@ -459,6 +461,26 @@ void TestTreeAbuse::nestedCollapse()
     f.call("tree.expandIndex(0)"); // which collapses 1
     QCOMPARE(f.places(), QString("0+30 30+30 60+0 60+30 90+30"));
     QCOMPARE(f.tree->implicitHeight(), 120.0);
+}
+
+/// By a handler that runs the event loop while the rows below are released from their anchors.
+void TestTreeAbuse::rebuiltWhileACollapseReleasesRows()
+{
+    TreeFixture f(TreeFixture::plain("rootCanCollapse: true"));
+    f.fill();
+    const support::SignalTrap trap(f.row(1)->property("anchors").value<QObject *>(), "topChanged",
+                                   [&f] {
+                                       f.roots().clear();
+                                       f.append(f.e);
+                                       QCoreApplication::sendPostedEvents();
+                                   });
+    f.call("tree.collapseIndex(0)");
+    QVERIFY(trap.hasSprung());
+    f.settle();
+    QCOMPARE(f.shown(), QString("e"));
+    f.append(f.a);
+    f.settle();
+    QCOMPARE(f.places(), QString("0+30 30+30 60+0 60+0 60+0"));
 }
 
 void TestTreeAbuse::partsThatLeaveTheirRow_data()

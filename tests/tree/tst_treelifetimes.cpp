@@ -36,6 +36,9 @@ private Q_SLOTS:
     void childrenOfTheContentKeepTheApplicationsConnections();
     void collapseKeepsARowsPredecessor();
     void collapseLeavesRowsThatTheApplicationHasTaken();
+    void collapseLeavesRowsThatAHandlerTakes();
+    void collapseLeavesRowsThatAreOutsideTheContent();
+    void collapseLeavesRowsThatAHandlerTakesOutside();
     void viewDestroyedFromItsSignals_data();
     void viewDestroyedFromItsSignals();
     void viewDestroyedFromASignalOfItsParts_data();
@@ -283,6 +286,52 @@ void TestTreeLifetimes::collapseLeavesRowsThatTheApplicationHasTaken()
     f.make("x", f.e);
     f.settle();
     QCOMPARE(f.places(), QString("0+30 30+30 60+30 90+30 120+30 150+30"));
+}
+
+void TestTreeLifetimes::collapseLeavesRowsThatAHandlerTakes()
+{
+    TreeFixture f(TreeFixture::plain("rootCanCollapse: true"));
+    f.fill();
+    const support::SignalTrap trap(f.row(1), "childrenCollapsedChanged", [&f] {
+        evaluate(f.row(2), "treeViewItem.anchors.top = undefined");
+        f.row(2)->setY(200);
+        evaluate(f.row(4), "treeViewItem.anchors.top = treeViewItem.parent.top");
+    });
+    f.call("tree.collapseIndex(0)");
+    QCOMPARE(f.places(), QString("0+30 30+0 200+0 200+0 0+30"));
+    f.call("tree.expandIndex(0)");
+    QCOMPARE(f.places(), QString("0+30 30+30 200+30 230+30 0+30"));
+}
+
+/// Nor does it release them: a row that comes back follows its predecessor again. Qt Quick warns of
+/// an item that is anchored to one with another parent.
+void TestTreeLifetimes::collapseLeavesRowsThatAreOutsideTheContent()
+{
+    TreeFixture f(TreeFixture::plain("rootCanCollapse: true"));
+    f.fill();
+    QQuickItem *const last = f.row(4);
+    QQuickItem *const away = f.row(2);
+    away->setParentItem(f.tree);
+    f.call("tree.collapseIndex(0)");
+    QCOMPARE(f.places(), QString("0+30 30+0 90+0 90+30"));
+    f.call("tree.expandIndex(0)");
+    QCOMPARE(f.places(), QString("0+30 30+30 90+30 120+30"));
+    away->setParentItem(f.content());
+    f.row(1)->property("delegateItem").value<QQuickItem *>()->setHeight(50);
+    QCOMPARE(away->y(), 80.0);
+    QCOMPARE(last->y(), 140.0);
+}
+
+void TestTreeLifetimes::collapseLeavesRowsThatAHandlerTakesOutside()
+{
+    TreeFixture f(TreeFixture::plain("rootCanCollapse: true"));
+    f.fill();
+    QQuickItem *const away = f.row(3);
+    const support::SignalTrap trap(f.row(1), "childrenCollapsedChanged",
+                                   [&] { away->setParentItem(f.tree); });
+    f.call("tree.collapseIndex(0)");
+    QCOMPARE(f.places(), QString("0+30 30+0 30+0 120+30"));
+    QCOMPARE(away->y(), 90.0);
 }
 
 namespace {
