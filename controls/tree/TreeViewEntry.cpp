@@ -71,8 +71,8 @@ public:
 
     void followChildList();
     int readChildCount() const;
-    template<typename Value>
-    void writeRows(void (RowItemAccess::*write)(Value), Value value);
+    template<typename Value, typename Read>
+    void writeRows(void (RowItemAccess::*write)(Value), const Read &read);
     QQuickItem *createItem(int component, QQuickItem *place);
     static QQuickItem *createDefaultHandle(QQmlComponent *component, QQuickItem *marker);
     static QQuickItem *rowOfMarker(const QQuickItem *marker);
@@ -87,6 +87,10 @@ public:
     int level = 0;
     int index = 0;
     int childCount = 0;
+    /// How often collapsed and childCount have changed: handlers of what shows a change may make
+    /// further ones, which have been told then.
+    int collapses = 0;
+    int countChanges = 0;
     QPointer<Document> document;
     QQmlContext *context = nullptr;
     QPointer<QQuickItem> item;
@@ -182,15 +186,17 @@ void TreeViewEntry::Private::followChildList()
     }
 }
 
-/// Writes to the row item and the further ones. The application's code that this runs may destroy
-/// them and the entry.
-template<typename Value>
-void TreeViewEntry::Private::writeRows(void (RowItemAccess::*write)(Value), Value value)
+/// Writes what \a read returns to the row item and the further ones. The application's code that
+/// this runs may destroy them and the entry, and change the value: it is read anew for each.
+template<typename Value, typename Read>
+void TreeViewEntry::Private::writeRows(void (RowItemAccess::*write)(Value), const Read &read)
 {
+    const QPointer<TreeViewEntry> alive(q);
     QVector<QPointer<QQuickItem>> items = extraItems;
     items.prepend(item);
     for (const QPointer<QQuickItem> &row : qAsConst(items)) {
-        if (row) {
+        const Value value = alive ? read() : Value();
+        if (alive && row) {
             (RowItemAccess(row).*write)(value);
         }
     }
@@ -273,13 +279,14 @@ void TreeViewEntry::setCollapsed(bool collapsed)
         return; // the identifier is the application's code
     }
     d->collapsed = collapsed;
+    const int change = ++d->collapses;
     if (d->document) {
         d->host->rememberCollapsed(id, collapsed);
     }
-    d->host->hideOrShow(
-        this, [this, collapsed] { d->writeRows(&RowItemAccess::setCollapsed, collapsed); });
-    // A handler of what hides or shows may have undone it, and that has been told.
-    if (alive && d->collapsed == collapsed) {
+    d->host->hideOrShow(this, [this] {
+        d->writeRows(&RowItemAccess::setCollapsed, [this] { return d->collapsed; });
+    });
+    if (alive && change == d->collapses) {
         Q_EMIT collapsedChanged(collapsed);
     }
 }
@@ -366,7 +373,11 @@ void TreeViewEntry::populateRow(QQuickItem *row)
         if (!d->extraItems.contains(made)) {
             d->extraItems.append(made);
         }
-        RowItemAccess(row).setChildCount(d->childCount);
+        // As showChildCount() has it: the name of the list may be another than the entry's.
+        const int count = d->readChildCount();
+        if (alive && made) {
+            RowItemAccess(row).setChildCount(count);
+        }
         if (alive && made) {
             RowItemAccess(row).setCollapsed(d->collapsed);
         }
@@ -497,11 +508,7 @@ int TreeViewEntry::Private::readChildCount() const
 
 void TreeViewEntry::showChildCount()
 {
-    const QPointer<TreeViewEntry> alive(this);
-    const int count = d->readChildCount();
-    if (alive) {
-        d->writeRows(&RowItemAccess::setChildCount, count);
-    }
+    d->writeRows(&RowItemAccess::setChildCount, [this] { return d->readChildCount(); });
 }
 
 void TreeViewEntry::updateChildCount()
@@ -513,8 +520,10 @@ void TreeViewEntry::updateChildCount()
     }
     const bool changed = count != d->childCount;
     d->childCount = count;
-    d->writeRows(&RowItemAccess::setChildCount, count);
-    if (alive && changed) {
+    d->countChanges += changed ? 1 : 0;
+    const int change = d->countChanges;
+    d->writeRows(&RowItemAccess::setChildCount, [this] { return d->childCount; });
+    if (alive && changed && change == d->countChanges) {
         Q_EMIT childCountChanged(count);
     }
     if (alive) {

@@ -6,6 +6,7 @@
 #include "tests/support/SignalRecorder.h"
 #include "tests/support/SignalTrap.h"
 #include "tests/support/Text.h"
+#include "tests/tree/TreeFixture.h"
 
 #include <QQmlListReference>
 #include <QRegularExpression>
@@ -28,6 +29,9 @@ private Q_SLOTS:
     void rowCollapses();
     void rowsAreInTheirPlacesWhenACollapseIsTold();
     void collapseThatIsUndoneMeanwhileIsNotTold();
+    void collapseThatIsUndoneBeforeItShowsStaysUndone();
+    void collapseThatIsRedoneMeanwhileIsToldOnce();
+    void childCountThatIsChangedMeanwhileIsToldOnce();
     void childPropertyIsToldBeforeAnUpdateIsAskedFor();
     void rowsAreMadeOneAfterTheOther();
     void hiddenRowIsHiddenBeforeItsPartsAreMade();
@@ -148,6 +152,15 @@ void TestTreeOrder::rowsAreInTheirPlacesWhenACollapseIsTold()
     QCOMPARE(log(), text("binding: 40 of 60, attached: 40 of 60, entry: 40 of 60"));
 }
 
+/// Qt's own word on a handler that changes what is being evaluated.
+static void announceBindingLoop(const char *property)
+{
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("Binding loop detected for property "
+                                                           "\"%1\"")
+                                                .arg(text(property))));
+}
+
 /// A handler of the row that hides expands again: what is told last is the state.
 void TestTreeOrder::collapseThatIsUndoneMeanwhileIsNotTold()
 {
@@ -167,12 +180,64 @@ void TestTreeOrder::collapseThatIsUndoneMeanwhileIsNotTold()
     }
     QVERIFY(entry && entry->property("index") == 0);
     QSignalSpy told(entry, SIGNAL(collapsedChanged(bool)));
-    // Qt's own word on a handler that changes what is being evaluated.
-    QTest::ignoreMessage(
-        QtWarningMsg, QRegularExpression(text("Binding loop detected for property \"collapsed\"")));
+    announceBindingLoop("collapsed");
     QVERIFY(QMetaObject::invokeMethod(tree, "collapseIndex", Q_ARG(int, 0)));
     QCOMPARE(told.count(), 1);
     QCOMPARE(told.first().first(), QVariant(false));
+}
+
+/// The arguments of a signal that has one, in the order of its emissions.
+static QString told(const QSignalSpy &spy)
+{
+    QStringList values;
+    for (const QVariantList &arguments : spy) {
+        values.append(arguments.constFirst().toString());
+    }
+    return values.join(QStringLiteral(", "));
+}
+
+/// By a handler of a row that is released from its anchor, before any row hides.
+void TestTreeOrder::collapseThatIsUndoneBeforeItShowsStaysUndone()
+{
+    TreeFixture f(TreeFixture::plain("rootCanCollapse: true"));
+    f.fill();
+    QSignalSpy collapsed(f.entry(0), SIGNAL(collapsedChanged(bool)));
+    const support::SignalTrap trap(f.row(2)->property("anchors").value<QObject *>(), "topChanged",
+                                   [&f] { f.call(text("tree.expandIndex(0)")); });
+    f.call(text("tree.collapseIndex(0)"));
+    QCOMPARE(told(collapsed), text("false"));
+    QVERIFY(!f.row(0)->property("collapsed").toBool());
+    QCOMPARE(f.places(), text("0+30 30+30 60+30 90+30 120+30"));
+}
+
+void TestTreeOrder::collapseThatIsRedoneMeanwhileIsToldOnce()
+{
+    TreeFixture f(TreeFixture::plain("rootCanCollapse: true"));
+    f.fill();
+    QSignalSpy collapsed(f.entry(0), SIGNAL(collapsedChanged(bool)));
+    const support::SignalTrap trap(f.row(1), "heightChanged", [&f] {
+        f.call(text("tree.expandIndex(0)"));
+        f.call(text("tree.collapseIndex(0)"));
+    });
+    announceBindingLoop("collapsed");
+    announceBindingLoop("collapsed");
+    f.call(text("tree.collapseIndex(0)"));
+    QCOMPARE(told(collapsed), text("false, true"));
+    QCOMPARE(f.places(), text("0+30 30+0 30+0 30+0 30+30"));
+}
+
+/// What is told last is the count.
+void TestTreeOrder::childCountThatIsChangedMeanwhileIsToldOnce()
+{
+    TreeFixture f;
+    f.fill();
+    QSignalSpy count(f.entry(4), SIGNAL(childCountChanged(int)));
+    const support::SignalTrap trap(f.row(4), "hasChildrenChanged",
+                                   [&f] { f.e->setChildDocuments({}); });
+    announceBindingLoop("hasChildren");
+    const std::unique_ptr<om::data::Document> child(f.make("child", f.e));
+    QCOMPARE(told(count), text("0"));
+    QCOMPARE(f.row(4)->property("childCount").toInt(), 0);
 }
 
 /// An update that a handler waits for has not been asked for yet.

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void rowLoadedInADelegateIsFilled();
     void extraRowFollowsTheChildCount();
     void extraRowFollowsTheCollapse();
+    void extraRowFollowsACollapseThatIsUndone();
     void oldEntriesAreChildrenOfTheView();
     void oldItemsGoWithTheirEntries();
     void createDelegateItemIsNullOnceTheContextGoes();
@@ -99,6 +100,11 @@ void TestTreeLifetimes::extraRowFollowsTheChildCount()
     f.make("x", f.d);
     QVERIFY(f.row(3)->property("hasChildren").toBool());
     QVERIFY(extra->property("hasChildren").toBool());
+    // Also one that is made when the list has another name and the rebuild has not run yet.
+    f.tree->setProperty("childProperty", "none");
+    extra = evaluate(f.row(0), "createDelegateItem(1, treeViewItem.parent)").value<QQuickItem *>();
+    QVERIFY(!f.row(0)->property("hasChildren").toBool());
+    QVERIFY(!extra->property("hasChildren").toBool());
 }
 
 /// And the collapse state, before that is told: also when another such row has gone.
@@ -125,6 +131,20 @@ void TestTreeLifetimes::extraRowFollowsTheCollapse()
     QVERIFY(extra->property("collapsed").toBool());
     QVERIFY(makeExtra()->property("collapsed").toBool());
     f.call("tree.expandIndex(1)");
+    QVERIFY(!extra->property("collapsed").toBool());
+}
+
+void TestTreeLifetimes::extraRowFollowsACollapseThatIsUndone()
+{
+    TreeFixture f(TreeFixture::File{"data/filledrows.qml"});
+    f.fill();
+    auto *extra =
+        evaluate(f.row(1), "createDelegateItem(1, treeViewItem.parent)").value<QQuickItem *>();
+    QVERIFY(extra);
+    const support::SignalTrap trap(f.row(1), "entryCollapsedChanged",
+                                   [&f] { f.call("tree.expandIndex(1)"); });
+    f.call("tree.collapseIndex(1)");
+    QVERIFY(!f.row(1)->property("collapsed").toBool());
     QVERIFY(!extra->property("collapsed").toBool());
 }
 
