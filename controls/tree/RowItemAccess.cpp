@@ -257,10 +257,10 @@ QQmlComponent *RowItemAccess::defaultBranchHandle() const
 void RowItemAccess::fitMarker()
 {
     QQuickItem *marker = collapseMarker();
-    auto *handle = qobject_cast<QQuickItem *>(readObject(m_item, m_numbers.branchHandleItem));
-    if (handle && handle->parentItem() == marker && marker->childItems().size() == 1) {
+    const QList<QQuickItem *> children = marker->childItems();
+    if (children.size() == 1) {
         // As childrenRect, which has no negative size.
-        marker->setSize(handle->size().expandedTo(QSizeF(0, 0)));
+        marker->setSize(children.constFirst()->size().expandedTo(QSizeF(0, 0)));
     }
 }
 

@@ -54,7 +54,7 @@ public:
     QQuickItem *collapseMarker() const;
     /// The component of the default branch handle; null when the application has destroyed it.
     QQmlComponent *defaultBranchHandle() const;
-    /// Gives the marker the size of the branch handle while that is its only child.
+    /// Gives the marker the size of its child, while it has one only.
     void fitMarker();
     /// Binds the marker's size to the rectangle of its children.
     void measureMarker();

@@ -17,6 +17,7 @@
 #include <QQuickItem>
 #include <QVector>
 
+#include <algorithm>
 #include <utility>
 
 using om::data::Document;
@@ -75,7 +76,7 @@ public:
     void writeRows(void (RowItemAccess::*write)(Value), const Read &read);
     QQuickItem *createItem(int component, QQuickItem *place);
     static QQuickItem *createDefaultHandle(QQmlComponent *component, QQuickItem *marker);
-    static QQuickItem *rowOfMarker(const QQuickItem *marker);
+    QQuickItem *rowOfMarker(const QQuickItem *marker) const;
     void populate(QQuickItem *rowItem);
     void followMarker(QQuickItem *rowItem, QQuickItem *handle);
     void moveItem(QQuickItem *content);
@@ -455,7 +456,8 @@ void TreeViewEntry::Private::followMarker(QQuickItem *rowItem, QQuickItem *handl
     if (!marker) {
         return; // the application has destroyed it
     }
-    if (marker->childItems().size() != (handle ? 1 : 0)) {
+    const QList<QQuickItem *> children = marker->childItems();
+    if (children.size() != (handle ? 1 : 0) || children.value(0) != handle) {
         row.measureMarker();
         return;
     }
@@ -468,20 +470,27 @@ void TreeViewEntry::Private::followMarker(QQuickItem *rowItem, QQuickItem *handl
     }
 }
 
-/// The row that has \a marker, which may be in its destructor; null where the application has moved
-/// it elsewhere, to another row for instance.
-QQuickItem *TreeViewEntry::Private::rowOfMarker(const QQuickItem *marker)
+/// The row that has \a marker, which the application may have moved elsewhere, to another row for
+/// instance. Null for a marker without a parent, which may be in its destructor.
+QQuickItem *TreeViewEntry::Private::rowOfMarker(const QQuickItem *marker) const
 {
-    QQuickItem *row = marker ? marker->parentItem() : nullptr;
-    const bool isIts =
-        row && RowItemAccess::fits(row) && RowItemAccess(row).collapseMarker() == marker;
-    return isIts ? row : nullptr;
+    if (!marker || !marker->parentItem()) {
+        return nullptr;
+    }
+    const auto hasIt = [marker](const QPointer<QQuickItem> &row) {
+        return row && RowItemAccess(row).collapseMarker() == marker;
+    };
+    if (hasIt(item)) {
+        return item;
+    }
+    const auto extra = std::find_if(extraItems.cbegin(), extraItems.cend(), hasIt);
+    return extra == extraItems.cend() ? nullptr : extra->data();
 }
 
 void TreeViewEntry::measureSendersRow()
 {
     auto *marker = qobject_cast<QQuickItem *>(sender());
-    if (QQuickItem *row = Private::rowOfMarker(marker)) {
+    if (QQuickItem *row = d->rowOfMarker(marker)) {
         disconnect(marker, &QQuickItem::childrenChanged, this, nullptr);
         RowItemAccess(row).measureMarker();
     }
@@ -491,7 +500,7 @@ void TreeViewEntry::measureSendersRow()
 void TreeViewEntry::fitSendersMarker()
 {
     const auto *handle = qobject_cast<QQuickItem *>(sender());
-    if (QQuickItem *row = Private::rowOfMarker(handle ? handle->parentItem() : nullptr)) {
+    if (QQuickItem *row = d->rowOfMarker(handle ? handle->parentItem() : nullptr)) {
         RowItemAccess(row).fitMarker();
     }
 }

@@ -52,7 +52,8 @@ Item {
     // Called by the entry when the row has all its parts: the width is evaluated once. Nothing may
     // follow what the application answers to it, which may be to destroy the row.
     function bindDelegateWidth() {
-        delegateItem.width = Qt.binding(function() { return width - indent - markerIndent; });
+        if (delegateItem)
+            delegateItem.width = Qt.binding(function() { return width - indent - markerIndent; });
     }
 
     // Called by the entry when the marker has other children than the handle. Until then it gives

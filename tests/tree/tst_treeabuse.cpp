@@ -73,6 +73,7 @@ private Q_SLOTS:
     void rebuiltWhileACollapseReleasesRows();
     void partsThatLeaveTheirRow_data();
     void partsThatLeaveTheirRow();
+    void delegateThatItsRowForgets();
     void rowWithoutItsMarker();
 };
 
@@ -519,6 +520,15 @@ void TestTreeAbuse::partsThatLeaveTheirRow()
         delete background;
         delete delegate;
     }
+}
+
+/// The handle writes to the row while that is being filled.
+void TestTreeAbuse::delegateThatItsRowForgets()
+{
+    TreeFixture f(TreeFixture::plain("branchHandleDelegate: Item {\n"
+                                     "onParentChanged: parent.parent.delegateItem = null }"));
+    f.fill();
+    QCOMPARE(f.places(), QString("0+24 24+24 48+24 72+24 96+24"));
 }
 
 /// The marker can be reached as the handle's parent. A row without one has no indent for it, and

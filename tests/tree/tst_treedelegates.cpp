@@ -20,6 +20,8 @@ private Q_SLOTS:
     void attachedObjectFollowsTheContextChain();
     void delegatesOfAllKinds();
     void markerIsAsLargeAsItsChildren();
+    void markerFollowsAHandleThatTheRowForgets();
+    void markerFollowsItsHandleOutsideTheRow();
     void pressReachesTheDelegateToo();
     void markerClickCollapses();
     void f2AsksForEditing();
@@ -98,6 +100,33 @@ void TestTreeDelegates::markerIsAsLargeAsItsChildren()
     handle->setSize(QSizeF(1, 1));
     QCOMPARE(marker->size(), QSizeF(0, 0));
     QCOMPARE(row->property("markerIndent").toInt(), 0);
+}
+
+void TestTreeDelegates::markerFollowsAHandleThatTheRowForgets()
+{
+    TreeFixture f(TreeFixture::File{"data/handles.qml"});
+    f.fill();
+    auto *handle = f.row(1)->property("branchHandleItem").value<QQuickItem *>();
+    f.row(1)->setProperty("branchHandleItem", QVariant::fromValue<QQuickItem *>(nullptr));
+    handle->setWidth(40);
+    QCOMPARE(handle->parentItem()->size(), QSizeF(40, 6));
+    QCOMPARE(f.row(1)->property("markerIndent").toInt(), 40);
+}
+
+void TestTreeDelegates::markerFollowsItsHandleOutsideTheRow()
+{
+    TreeFixture f(TreeFixture::File{"data/handles.qml"});
+    f.fill();
+    QQuickItem *extra =
+        evaluate(f.row(1), "createDelegateItem(1, treeViewItem.parent)").value<QQuickItem *>();
+    for (QQuickItem *row : {f.row(1), extra}) {
+        auto *handle = row->property("branchHandleItem").value<QQuickItem *>();
+        evaluate(row, "treeViewItem.marker.anchors.verticalCenter = undefined");
+        handle->parentItem()->setParentItem(f.tree);
+        handle->setWidth(40);
+        QCOMPARE(handle->parentItem()->size(), QSizeF(40, 6));
+        QCOMPARE(row->property("markerIndent").toInt(), 40);
+    }
 }
 
 void TestTreeDelegates::pressReachesTheDelegateToo()
