@@ -300,7 +300,7 @@ bool TreeRows::hideOrShow(TreeViewEntry *entry, const std::function<void()> &cha
     return alive;
 }
 
-void TreeRows::entryEnds(TreeViewEntry *entry)
+bool TreeRows::entryEnds(TreeViewEntry *entry)
 {
     for (auto retired = m_retired.begin(); retired != m_retired.end(); ++retired) {
         // Searched from the end, as entries are deleted from the last to the first.
@@ -316,9 +316,9 @@ void TreeRows::entryEnds(TreeViewEntry *entry)
             m_retired.erase(retired);
         }
         detach(all);
-        return;
+        return detaches;
     }
-    m_entries.removeOne(entry);
+    return m_entries.removeOne(entry);
 }
 
 /// Takes all entries of a build and their items from their parents when the first of them is

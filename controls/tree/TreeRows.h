@@ -61,8 +61,9 @@ public:
     /// Calls \a change, in which the rows below \a entry hide or show. False when the view has been
     /// destroyed.
     bool hideOrShow(TreeViewEntry *entry, const std::function<void()> &change);
-    /// To be called as \a entry is destroyed.
-    void entryEnds(TreeViewEntry *entry);
+    /// To be called as \a entry is destroyed. Whether rows have left the content with it: all of a
+    /// build do so with the first of them. The view may be destroyed when the call returns.
+    bool entryEnds(TreeViewEntry *entry);
 
     /// The items of the first and the last row, null without rows.
     QQuickItem *firstItem() const;

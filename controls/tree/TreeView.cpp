@@ -156,8 +156,8 @@ void TreeView::Private::hideOrShow(TreeViewEntry *entry, const std::function<voi
 void TreeView::Private::entryEnds(TreeViewEntry *entry)
 {
     const QPointer<TreeView> alive(q);
-    rows.entryEnds(entry);
-    if (alive && contentHeight) {
+    const bool rowsHaveLeft = rows.entryEnds(entry);
+    if (rowsHaveLeft && alive && contentHeight) {
         contentHeight->update();
     }
 }

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void extraRowFollowsACollapseThatIsUndone();
     void oldEntriesAreChildrenOfTheView();
     void oldItemsGoWithTheirEntries();
+    void oldRowsLeaveTheContentOnce();
     void createDelegateItemIsNullOnceTheContextGoes();
     void rootsAfterADestroyedOneGetRows();
     void destroyedRootsLeaveTheList();
@@ -186,6 +187,27 @@ void TestTreeLifetimes::oldItemsGoWithTheirEntries()
     f.settle();
     QCOMPARE(ends.join(QLatin1Char(' ')),
              QString("item 4 entry 4 item 3 entry 3 item 2 entry 2 item 1 entry 1 item 0 entry 0"));
+}
+
+/// All at the end of the first: the content's height is computed then, and not for each of them.
+void TestTreeLifetimes::oldRowsLeaveTheContentOnce()
+{
+    TreeFixture f;
+    f.fill();
+    int computed = 0;
+    const qreal notComputed = 7;
+    connect(f.content(), &QQuickItem::heightChanged, this, [&] {
+        if (f.content()->height() != notComputed) {
+            ++computed;
+        }
+    });
+    for (int i = 0; i < 5; ++i) {
+        connect(f.row(i), &QObject::destroyed, f.content(),
+                [&] { f.content()->setHeight(notComputed); });
+    }
+    f.roots().clear();
+    f.settle();
+    QCOMPARE(computed, 1);
 }
 
 void TestTreeLifetimes::createDelegateItemIsNullOnceTheContextGoes()
