@@ -144,24 +144,23 @@ void PropertyEditor::setProperty(const QString &property)
 
 void PropertyEditor::setLineHeight(QQuickTextDocument *textDocument, double height)
 {
-    const QPointer<QTextDocument> document(textDocument ? textDocument->textDocument() : nullptr);
+    QTextDocument *const document = textDocument ? textDocument->textDocument() : nullptr;
     if (!document || document->isEmpty() || std::isnan(height)) {
         return;
     }
     const double percent =
         qBound(static_cast<double>(std::numeric_limits<int>::min()), std::floor(height * 100),
                static_cast<double>(std::numeric_limits<int>::max()));
-    QTextBlock block = document->firstBlock();
-    while (block.isValid()) {
+    // Each edit has the document lay out what follows, and makes a step to be undone: all
+    // paragraphs are one edit, whose signals come at its end.
+    QTextCursor edit(document);
+    edit.beginEditBlock();
+    for (QTextBlock block = document->firstBlock(); block.isValid(); block = block.next()) {
         QTextBlockFormat format = block.blockFormat();
         format.setLineHeight(static_cast<int>(percent), QTextBlockFormat::ProportionalHeight);
         QTextCursor(block).setBlockFormat(format);
-        // Each change of the document emits signals, whose receivers may destroy it.
-        if (!document) {
-            return;
-        }
-        block = block.next();
     }
+    edit.endEditBlock();
 }
 
 bool PropertyEditor::eventFilter(QObject *watched, QEvent *event)

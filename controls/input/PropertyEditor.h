@@ -43,7 +43,7 @@ public:
     /// Gives each paragraph of \a textDocument a line height of \a height times its font's: 1.0 is
     /// 100 %, and what is less than a whole percent is cut off, never rounded: 1.15 gives 114 %, as
     /// its hundredfold is just below 115. A null document, an empty one (a single empty
-    /// paragraph), and a height that is NaN, change nothing.
+    /// paragraph), and a height that is NaN, change nothing. All of it is one edit of the text.
     Q_INVOKABLE void setLineHeight(QQuickTextDocument *textDocument, double height);
 
 Q_SIGNALS:

@@ -7,9 +7,7 @@
 #include "tests/support/SignalRecorder.h"
 #include "tests/support/Text.h"
 
-#include <QQuickTextDocument>
 #include <QTest>
-#include <QTextDocument>
 
 using support::text;
 
@@ -25,7 +23,6 @@ private Q_SLOTS:
     void editingBeginsAndEnds();
     void keysAreToldBeforeTheyArrive();
     void pressBesideEndsEditingBeforeItArrives();
-    void paragraphsAreFormattedFromTheFirst();
     void areaIsHovered();
 
 private:
@@ -43,8 +40,7 @@ void TestInputOrder::init()
     m_view = std::make_unique<support::QmlView>();
     m_view->load("Item { width: 200; height: 100\n"
                  "    PropertyEditor { objectName: 'editor'; width: 80; height: 80\n"
-                 "        TextEdit { objectName: 'field'; focus: true; text: 'a\\nb\\nc'\n"
-                 "            property QtObject paragraphs: textDocument } }\n"
+                 "        TextEdit { objectName: 'field'; focus: true; text: 'abc' } }\n"
                  "    MouseArea { objectName: 'beside'; x: 100; width: 80; height: 80 }\n"
                  "    HoverArea { objectName: 'area'; x: 100; width: 80; height: 80 } }");
     m_view->show();
@@ -101,22 +97,6 @@ void TestInputOrder::pressBesideEndsEditingBeforeItArrives()
              lines("filters = 0, editor.endEdit, editor.activeFocusChanged, "
                    "beside.pressedChanged"));
     QTest::mouseRelease(m_view->window(), Qt::LeftButton, {}, {140, 40});
-}
-
-void TestInputOrder::paragraphsAreFormattedFromTheFirst()
-{
-    auto *const paragraphs =
-        m_view->item<>("field")->property("paragraphs").value<QQuickTextDocument *>();
-    QVERIFY(paragraphs);
-    support::SignalRecorder recorder;
-    recorder.watch(paragraphs->textDocument(), QString(), lines("contentsChange"));
-    QMetaObject::invokeMethod(m_editor, "setLineHeight", Q_ARG(QQuickTextDocument *, paragraphs),
-                              Q_ARG(double, 1.5));
-    QList<int> places;
-    for (int i = 0; i < recorder.entries().size(); ++i) {
-        places.append(recorder.arguments(i).value(0).toInt());
-    }
-    QCOMPARE(places, (QList<int>{0, 2, 4}));
 }
 
 void TestInputOrder::areaIsHovered()

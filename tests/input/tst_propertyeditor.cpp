@@ -200,6 +200,7 @@ private Q_SLOTS:
     void destroyedInItsSignals();
     void lineHeight_data();
     void lineHeight();
+    void lineHeightIsOneEdit();
     void lineHeightOfNothing();
 };
 
@@ -611,6 +612,20 @@ void TestPropertyEditor::lineHeight()
     const QTextBlockFormat format = text.document->textDocument()->begin().blockFormat();
     QCOMPARE(format.lineHeightType(), int(QTextBlockFormat::ProportionalHeight));
     QCOMPARE(text.document->textDocument()->toPlainText(), QStringLiteral("a\nb\nc"));
+}
+
+/// A change a paragraph would cost a layout of all that follows, and be undone in as many steps.
+void TestPropertyEditor::lineHeightIsOneEdit()
+{
+    Text text;
+    QSignalSpy changed(text.document->textDocument(), &QTextDocument::contentsChanged);
+    QSignalSpy typed(text.item.get(), SIGNAL(textChanged()));
+    PropertyEditor().setLineHeight(text.document, 1.5);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(typed.count(), 1);
+    QCOMPARE(text.heights(), QList<qreal>({150, 150, 150}));
+    QMetaObject::invokeMethod(text.item.get(), "undo");
+    QCOMPARE(text.heights(), QList<qreal>({0, 0, 0}));
 }
 
 void TestPropertyEditor::lineHeightOfNothing()
