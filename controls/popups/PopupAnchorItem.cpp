@@ -15,6 +15,8 @@
 #include <QtNumeric>
 
 #include <limits>
+#include <optional>
+#include <utility>
 
 namespace om::controls {
 
@@ -30,6 +32,9 @@ int toPixels(qreal length)
     return static_cast<int>(
         qBound<qreal>(std::numeric_limits<int>::min(), length, std::numeric_limits<int>::max()));
 }
+
+/// A position and a rotation.
+using Placement = std::pair<QPointF, qreal>;
 
 } // namespace
 
@@ -60,6 +65,8 @@ public:
     int distanceBottom = 0;
     int distanceRight = 0;
     QMetaObject::Connection frames;
+    /// Where the last frame put the anchor and it did not stay.
+    std::optional<Placement> putBackFrom;
     /// The window that the filter is installed on; the item may have left it since.
     QPointer<QQuickWindow> watchedWindow;
 };
@@ -112,6 +119,7 @@ void PopupAnchorItem::Private::placePopupItem()
         }
     }
     if (self) {
+        putBackFrom.reset();
         q->updateAnchorPosition();
     }
 }
@@ -169,23 +177,30 @@ qreal PopupAnchorItem::Private::sceneRotation() const
     return rotation;
 }
 
-/// Puts the anchor onto \a place, the origin of the item in the scene.
+/// Puts the anchor onto \a place, the origin of the item in the scene. Where a handler puts it back
+/// at once, both moves ask for a frame, which therefore makes no new attempt at the same place: an
+/// idle window would render for ever.
 void PopupAnchorItem::Private::moveAnchor(const QPointF &place)
 {
+    const std::optional<Placement> refused = std::exchange(putBackFrom, {});
     // NaN differs from itself: the anchor would be moved with every frame.
     if (!anchor || !qIsFinite(place.x()) || !qIsFinite(place.y())) {
         return;
     }
+    const Placement next(place, sceneRotation());
+    const auto isThere = [&] { return next == Placement(anchor->position(), anchor->rotation()); };
     // dependsOn() walks the ancestors: it is called only for a frame that would move or turn the
     // anchor.
-    if ((place == anchor->position() && sceneRotation() == anchor->rotation())
-        || dependsOn(q, anchor)) {
+    if (isThere() || next == refused || dependsOn(q, anchor)) {
         return;
     }
     const QPointer<PopupAnchorItem> self(q);
     anchor->setPosition(place);
     if (self && anchor) {
         anchor->setRotation(sceneRotation());
+    }
+    if (self && anchor && !isThere()) {
+        putBackFrom = next;
     }
 }
 

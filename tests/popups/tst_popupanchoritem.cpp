@@ -50,6 +50,8 @@ private Q_SLOTS:
     void idleWindowCostsNoFrame_data();
     void idleWindowCostsNoFrame();
     void movingPlaceCostsTwoFramesAMove();
+    void putBackItFollowsTheNextMove_data();
+    void putBackItFollowsTheNextMove();
     void farOutsideTheScene_data();
     void farOutsideTheScene();
     void insideItsOwnPopup();
@@ -381,6 +383,34 @@ void TestPopupAnchorItem::movingPlaceCostsTwoFramesAMove()
             support::framesOf(scene.window.data(), [&] { scene.item("inner")->setX(30 + i); });
         QVERIFY2(frames >= 1 && frames <= 2, qPrintable(QString::number(frames)));
         QCOMPARE(scene.anchor()->x(), 30.7 + i);
+    }
+}
+
+void TestPopupAnchorItem::putBackItFollowsTheNextMove_data()
+{
+    QTest::addColumn<QString>("puttingBack");
+    QTest::newRow("the place") << QStringLiteral(
+        "a.xChanged.connect(function() { if (a.x > 0) a.x = 0; })");
+    QTest::newRow("the rotation") << QStringLiteral(
+        "a.rotationChanged.connect(function() { if (a.rotation !== 0) a.rotation = 0; })");
+}
+
+/// A handler that puts the anchor back asks for a frame, as the move before it has: without an end,
+/// if every frame moved the anchor again.
+void TestPopupAnchorItem::putBackItFollowsTheNextMove()
+{
+    QFETCH(QString, puttingBack);
+    AnchorScene scene;
+    scene.run(QStringLiteral("anchor.show()"));
+    scene.run(QStringLiteral("var a = anchor.popupItem.parent; ") + puttingBack);
+    QCOMPARE(support::framesWhileIdle(scene.window.data()), 0);
+    for (int i = 1; i <= 3; ++i) {
+        auto *const inner = scene.item("inner");
+        const qreal y = scene.anchor()->y();
+        inner->setPosition(inner->position() + QPointF(1, 10));
+        inner->setRotation(i);
+        QTRY_VERIFY(scene.anchor()->y() > y + 5);
+        QCOMPARE(support::framesWhileIdle(scene.window.data()), 0);
     }
 }
 
