@@ -4,7 +4,6 @@
 #include "controls/tree/ContentHeight.h"
 
 #include "controls/tree/TreeRows.h"
-#include "controls/tree/TreeViewEntry.h"
 
 #include <QQuickItem>
 
@@ -33,13 +32,28 @@ void ContentHeight::resume()
     if (--m_pauses > 0) {
         return;
     }
-    if (QQuickItem *first = m_rows->firstItem()) {
-        m_endWatches.push_back(connect(first, &QQuickItem::yChanged, this, &ContentHeight::update));
+    followEnds();
+}
+
+/// A row that is the first or the last no more stays watched until the next pause: it tells when it
+/// comes back.
+void ContentHeight::followEnds()
+{
+    const auto watch = [this](QQuickItem *end, auto signal, void (ContentHeight::*slot)()) {
+        if (const auto made = connect(end, signal, this, slot, Qt::UniqueConnection)) {
+            m_endWatches.push_back(made);
+        }
+    };
+    QQuickItem *const last = m_rows->lastItem(m_content);
+    for (QQuickItem *end : {m_rows->firstItem(m_content), last}) {
+        if (end) {
+            watch(end, &QQuickItem::yChanged, &ContentHeight::update);
+            watch(end, &QQuickItem::parentChanged, &ContentHeight::followEnds);
+            watch(end, &QObject::destroyed, &ContentHeight::followEnds);
+        }
     }
-    if (QQuickItem *last = m_rows->lastItem()) {
-        m_endWatches.push_back(connect(last, &QQuickItem::yChanged, this, &ContentHeight::update));
-        m_endWatches.push_back(
-            connect(last, &QQuickItem::heightChanged, this, &ContentHeight::update));
+    if (last) {
+        watch(last, &QQuickItem::heightChanged, &ContentHeight::update);
     }
     update();
 }
@@ -55,7 +69,7 @@ void ContentHeight::update()
         top = qMin(top, item->y());
         bottom = qMax(bottom, item->y() + item->height());
     };
-    const std::vector<QQuickItem *> ends = m_rows->endItems();
+    const std::vector<QQuickItem *> ends = m_rows->endItems(m_content);
     for (const QQuickItem *item : ends) {
         include(item);
     }
@@ -70,7 +84,7 @@ void ContentHeight::childrenChanged()
 {
     const QList<QQuickItem *> children = m_content->childItems();
     QQuickItem *last = children.isEmpty() ? nullptr : children.constLast();
-    if (last && !m_others.contains(last) && !TreeViewEntry::ofRowItem(last)) {
+    if (last && !m_others.contains(last) && !m_rows->haveMade(last)) {
         watchOther(last);
     }
 }

@@ -20,10 +20,10 @@ class TreeRows;
 /// Keeps a view's content item as high as the rectangle that encloses its children.
 ///
 /// The result is childrenRect.height, computed from few children: rows lie below one another, so
-/// only the first and the last of them can touch the rectangle's edge. Children that the
-/// application has added are all read. childrenRect itself is not used: once it has been read,
-/// QQuickItem scans all children whenever one of them changes, and ten thousand rows would take
-/// seconds to follow a new width.
+/// only the first and the last of them can touch the rectangle's edge, unless the application puts
+/// one in between elsewhere. Children that the application has added are all read. childrenRect
+/// itself is not used: once it has been read, QQuickItem scans all children whenever one of them
+/// changes, and ten thousand rows would take seconds to follow a new width.
 class ContentHeight : public QObject
 {
 public:
@@ -39,6 +39,7 @@ public:
     void update();
 
 private:
+    void followEnds();
     void childrenChanged();
     void watchOther(QQuickItem *child);
     void dropOther(QQuickItem *child);

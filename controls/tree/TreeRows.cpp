@@ -346,23 +346,40 @@ void TreeRows::detach(const std::vector<TreeViewEntry *> &entries)
     }
 }
 
-QQuickItem *TreeRows::firstItem() const
+bool TreeRows::haveMade(const QQuickItem *item) const
 {
-    return m_entries.isEmpty() ? nullptr : m_entries.constFirst()->item();
+    const TreeViewEntry *entry = TreeViewEntry::ofRowItem(item);
+    return entry && entry->view() == m_host->view();
 }
 
-QQuickItem *TreeRows::lastItem() const
+/// The item of the first of the entries that has its item in \a content.
+template<typename Iterator>
+static QQuickItem *firstIn(const QQuickItem *content, Iterator begin, Iterator end)
 {
-    return m_entries.isEmpty() ? nullptr : m_entries.constLast()->item();
+    const auto found = std::find_if(begin, end, [content](const TreeViewEntry *entry) {
+        return entry->item() && entry->item()->parentItem() == content;
+    });
+    return found == end ? nullptr : (*found)->item();
 }
 
-std::vector<QQuickItem *> TreeRows::endItems() const
+QQuickItem *TreeRows::firstItem(const QQuickItem *content) const
 {
-    std::vector<QQuickItem *> items{firstItem(), lastItem()};
+    return firstIn(content, m_entries.cbegin(), m_entries.cend());
+}
+
+QQuickItem *TreeRows::lastItem(const QQuickItem *content) const
+{
+    return firstIn(content, m_entries.crbegin(), m_entries.crend());
+}
+
+std::vector<QQuickItem *> TreeRows::endItems(const QQuickItem *content) const
+{
+    std::vector<QQuickItem *> items{firstItem(content), lastItem(content)};
     for (const Retired &retired : m_retired) {
         if (retired.attached) {
-            items.push_back(retired.entries.front()->item());
-            items.push_back(retired.entries.back()->item());
+            const std::vector<TreeViewEntry *> &old = retired.entries;
+            items.push_back(firstIn(content, old.cbegin(), old.cend()));
+            items.push_back(firstIn(content, old.crbegin(), old.crend()));
         }
     }
     items.erase(std::remove(items.begin(), items.end(), nullptr), items.end());

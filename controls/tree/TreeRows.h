@@ -65,11 +65,14 @@ public:
     /// build do so with the first of them. The view may be destroyed when the call returns.
     bool entryEnds(TreeViewEntry *entry);
 
-    /// The items of the first and the last row, null without rows.
-    QQuickItem *firstItem() const;
-    QQuickItem *lastItem() const;
-    /// The first and last items of the rows, and of each earlier build whose rows still exist.
-    std::vector<QQuickItem *> endItems() const;
+    /// Whether \a item is the item of a row of the view, one of an earlier build perhaps.
+    bool haveMade(const QQuickItem *item) const;
+    /// The first and the last row item that is in \a content, null without any: the application may
+    /// have destroyed others or taken them elsewhere.
+    QQuickItem *firstItem(const QQuickItem *content) const;
+    QQuickItem *lastItem(const QQuickItem *content) const;
+    /// Both, and those of each earlier build whose rows still exist.
+    std::vector<QQuickItem *> endItems(const QQuickItem *content) const;
 
 private:
     /// The entries of an earlier build that have not been deleted yet, in row order.

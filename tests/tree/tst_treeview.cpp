@@ -29,6 +29,9 @@ private Q_SLOTS:
     void rowsHaveTheirPlaces();
     void rowsFollowTheirDelegates();
     void contentHeightIsThatOfTheChildren();
+    void contentHeightFollowsRowsThatLeave_data();
+    void contentHeightFollowsRowsThatLeave();
+    void contentHeightFollowsTheRowOfAnotherView();
     void oldRowsCountUntilTheyAreDeleted();
     void oldRowsGoFromTheLastToTheFirst();
     void rowsAreIndented();
@@ -211,6 +214,49 @@ void TestTreeView::contentHeightIsThatOfTheChildren()
     QCOMPARE(f.tree->implicitHeight(), 150.0);
     // The height that the binding in TreeViewContent.qml would have.
     QCOMPARE(f.content()->childrenRect().height(), 150.0);
+}
+
+void TestTreeView::contentHeightFollowsRowsThatLeave_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::newRow("the first") << 0;
+    QTest::newRow("the last") << 4;
+}
+
+/// Taken to another parent, brought back, and destroyed.
+void TestTreeView::contentHeightFollowsRowsThatLeave()
+{
+    QFETCH(int, index);
+    TreeFixture f;
+    f.fill();
+    QQuickItem *const row = f.row(index);
+    QQuickItem *const inside = f.row(index == 0 ? 4 : 3);
+    row->setParentItem(f.tree);
+    QCOMPARE(f.content()->height(), 120.0);
+    row->setParentItem(f.content());
+    QCOMPARE(f.content()->height(), 150.0);
+    delete row;
+    QCOMPARE(f.content()->height(), 120.0);
+    inside->property("delegateItem").value<QQuickItem *>()->setHeight(40);
+    QCOMPARE(f.content()->height(), 130.0);
+    QCOMPARE(f.content()->childrenRect().height(), 130.0);
+}
+
+void TestTreeView::contentHeightFollowsTheRowOfAnotherView()
+{
+    TreeFixture f;
+    TreeFixture other;
+    f.fill();
+    other.fill();
+    QQuickItem *const row = other.row(4);
+    evaluate(row, "treeViewItem.anchors.top = undefined");
+    row->setParentItem(f.content());
+    row->setY(400);
+    QCOMPARE(f.content()->height(), 430.0);
+    QCOMPARE(other.content()->height(), 120.0);
+    other.roots().clear();
+    other.settle();
+    QCOMPARE(f.content()->height(), 150.0);
 }
 
 void TestTreeView::oldRowsCountUntilTheyAreDeleted()
