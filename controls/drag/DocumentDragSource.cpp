@@ -9,6 +9,7 @@
 #include "controls/support/ListElement.h"
 #include "controls/support/QmlPlace.h"
 
+#include <QCoreApplication>
 #include <QCursor>
 #include <QDrag>
 #include <QDropEvent>
@@ -177,6 +178,9 @@ void DocumentDragSource::scheduleRun()
 /// destroyed when it returns.
 void DocumentDragSource::runDrag()
 {
+    if (!m_runScheduled) {
+        return; // beginLoopAt() was earlier
+    }
     m_runScheduled = false;
     const QPointer<QQuickItem> alive(source);
     if (m_drag && m_state == Dragging) {
@@ -199,6 +203,23 @@ void DocumentDragSource::runDrag()
     } else if (m_differences.endsWithLoop || !canBeReleased()) {
         finish();
     }
+}
+
+/// Events that the window system has queued are delivered before queued calls: while the
+/// application was busy, a quick hand may have moved on and let go, which would end the drag before
+/// its loop. The loop begins at the first of these events then, and gets a copy of it. False for
+/// other events.
+bool DocumentDragSource::beginLoopAt(const QEvent *event)
+{
+    const bool isOfTheHand =
+        event->type() == QEvent::MouseMove || event->type() == QEvent::MouseButtonRelease;
+    if (!isOfTheHand || !event->spontaneous() || !m_runScheduled || !m_drag || !isAboutToRun()) {
+        return false;
+    }
+    QCoreApplication::postEvent(m_watchedWindow,
+                                new QMouseEvent(*static_cast<const QMouseEvent *>(event)));
+    runDrag();
+    return true;
 }
 
 void DocumentDragSource::release()
@@ -368,6 +389,9 @@ void DocumentDragSource::endIncubation()
 bool DocumentDragSource::filterWindowEvent(const QObject *window, const QEvent *event)
 {
     const QPointer<const QObject> receiver(window);
+    if (beginLoopAt(event)) {
+        return true;
+    }
     DragVisualState *const visual = m_visual ? visualState(m_visual) : nullptr;
     if (!visual) {
         return false;

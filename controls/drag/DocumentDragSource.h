@@ -83,8 +83,8 @@ public:
 
     /// An event for a child of the source; never consumed. The source may be gone afterwards.
     void filterChildEvent(QQuickItem *child, const QEvent *event);
-    /// An event for \a window, while a drag runs. True when a handler has destroyed the window,
-    /// which cannot get the event any more; else nothing is consumed.
+    /// An event for \a window, from the start of a drag on. True when the drag's loop has taken it,
+    /// and when a handler has destroyed the window, which cannot get the event any more.
     bool filterWindowEvent(const QObject *window, const QEvent *event);
     void adoptVisual(QObject *object) override;
 
@@ -113,6 +113,7 @@ private:
     void start();
     void scheduleRun();
     void runDrag();
+    bool beginLoopAt(const QEvent *event);
     void release();
     void setReceiver(QQuickItem *child);
     void ungrab(const QQuickItem *child);

@@ -4,13 +4,19 @@
 #include "tests/drag/DocumentDragTest.h"
 #include "tests/support/ForeignProgram.h"
 #include "tests/support/Leftovers.h"
+#include "tests/support/Pointer.h"
 #include "tests/support/SignalRecorder.h"
 #include "tests/support/Text.h"
 
+#include <QDrag>
 #include <QMimeData>
 #include <QPointer>
 #include <QQmlComponent>
 #include <QTest>
+#include <QThread>
+
+#include <functional>
+#include <utility>
 
 using support::positionIn;
 using support::text;
@@ -51,6 +57,24 @@ private Q_SLOTS:
     void delegateSlowerThanTheDrag();
     void delayedVisualOutlivesAShortDrag_data() { sources(); }
     void delayedVisualOutlivesAShortDrag();
+    void quickHandDropsToo_data() { sources(); }
+    void quickHandDropsToo();
+};
+
+/// Has the application be busy while a press is delivered.
+class BusyAtThePress : public QObject
+{
+public:
+    std::function<void()> work;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::MouseButtonPress && work) {
+            std::exchange(work, nullptr)();
+        }
+        return false;
+    }
 };
 
 void TestDocumentDrags::payloadAndActions()
@@ -315,6 +339,36 @@ void TestDocumentDrags::delayedVisualOutlivesAShortDrag()
     QMetaObject::invokeMethod(first, "letGo");
     QTRY_VERIFY(!first);
     source()->setProperty("dragDelegate", QVariant::fromValue<QQmlComponent *>(nullptr));
+    nextDragWorks();
+}
+
+/// The moves and the release wait in the window system's queue when the press has been handled.
+void TestDocumentDrags::quickHandDropsToo()
+{
+    support::SignalRecorder recorder;
+    recorder.watch(source(), text("source"), {text("dragActiveChanged")},
+                   [this] { return isActive() ? text("on") : text("off"); });
+    const QPoint from = row();
+    const QPoint to = positionIn(m_view->item("any"));
+    support::Pointer pointer;
+    BusyAtThePress busy;
+    busy.work = [&] {
+        for (const QPoint &place : {from + QPoint(20, 20), (from + to) / 2, to}) {
+            pointer.move(place);
+            QThread::msleep(20); // the server leaves out a place that the next one follows at once
+        }
+        pointer.release();
+        QThread::msleep(20);
+    };
+    m_view->item("row")->installEventFilter(&busy);
+    pointer.move(from);
+    pointer.press();
+    QTRY_COMPARE(m_view->root()->property("drops").toInt(), 1);
+    QTRY_VERIFY(!isActive());
+    QCOMPARE(recorder.take(),
+             (QStringList{text("source.dragActiveChanged [on]"),
+                          text("source.dragActiveChanged [off]")}));
+    QTRY_VERIFY(source()->findChildren<QDrag *>().isEmpty());
     nextDragWorks();
 }
 
