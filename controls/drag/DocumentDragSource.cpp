@@ -208,7 +208,7 @@ void DocumentDragSource::runDrag()
 /// Events that the window system has queued are delivered before queued calls: while the
 /// application was busy, a quick hand may have moved on and let go, which would end the drag before
 /// its loop. The loop begins at the first of these events then, and gets a copy of it. False for
-/// other events.
+/// other events, and for those that code sends, which have not waited.
 bool DocumentDragSource::beginLoopAt(const QEvent *event)
 {
     const bool isOfTheHand =

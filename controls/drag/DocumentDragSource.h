@@ -59,7 +59,8 @@ public:
         bool yieldsToKeptGrab = false;
         /// The arrow is set as the drag's cursor for each action.
         bool setsCursors = false;
-        /// The visual lies above everything but popups, not where its declaration puts it.
+        /// The visual lies above everything but popups and further dialogs, not where its
+        /// declaration puts it.
         bool raisesVisual = false;
         /// The drag is over as soon as the platform's drag loop is, without waiting for a release.
         bool endsWithLoop = false;

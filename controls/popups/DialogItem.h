@@ -11,8 +11,8 @@
 namespace om::controls {
 
 /// The base of a dialog inside the window: it moves to the top of the item tree as soon as it is in
-/// a window, lies above everything that was open before, and, when modal, disables its siblings
-/// while it is open.
+/// a window, gets a z that grows with the number of open dialogs, and, when modal, disables its
+/// siblings while it is open.
 ///
 /// What a dialog looks like, and whether it is seen at all, is up to the document that uses it.
 class DialogItem : public QQuickItem

@@ -532,7 +532,7 @@ void TestTreeAbuse::delegateThatItsRowForgets()
 }
 
 /// The marker can be reached as the handle's parent. A row without one has no indent for it, and
-/// does not take the marker of another row, or what is in its own delegate, for its own.
+/// does not take the marker of another row for its own.
 void TestTreeAbuse::rowWithoutItsMarker()
 {
     TreeFixture f;

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void markerIsAsLargeAsItsChildren();
     void markerFollowsAHandleThatTheRowForgets();
     void markerFollowsItsHandleOutsideTheRow();
+    void markerFollowsWhatStandsForTheHandle();
     void pressReachesTheDelegateToo();
     void markerClickCollapses();
     void f2AsksForEditing();
@@ -127,6 +128,23 @@ void TestTreeDelegates::markerFollowsItsHandleOutsideTheRow()
         QCOMPARE(handle->parentItem()->size(), QSizeF(40, 6));
         QCOMPARE(row->property("markerIndent").toInt(), 40);
     }
+}
+
+/// A handle that puts another item into its place.
+void TestTreeDelegates::markerFollowsWhatStandsForTheHandle()
+{
+    TreeFixture f(TreeFixture::plain("branchHandleDelegate: Item { id: handle\n"
+                                     "property Item marker\n"
+                                     "onParentChanged: if (!marker) { marker = parent;\n"
+                                     "stand.parent = marker; parent = marker.parent }\n"
+                                     "Item { id: stand; width: 12; height: 5 } }"));
+    f.fill();
+    auto *marker = f.row(1)->property("marker").value<QQuickItem *>();
+    QVERIFY(marker);
+    QCOMPARE(marker->childItems().size(), 1);
+    QCOMPARE(marker->size(), QSizeF(12, 5));
+    marker->childItems().constFirst()->setWidth(40);
+    QCOMPARE(marker->size(), QSizeF(40, 5));
 }
 
 void TestTreeDelegates::pressReachesTheDelegateToo()
