@@ -3,6 +3,8 @@
 
 #include "controls/popups/DialogItem.h"
 
+#include "controls/support/ActiveFocus.h"
+
 #include <QPointer>
 #include <QQuickWindow>
 
@@ -210,15 +212,7 @@ void DialogItem::show()
 {
     const QPointer<DialogItem> self(this);
     setEnabled(true);
-    // forceActiveFocus() would begin with this call and then use the dialog, which a handler of the
-    // focus may have destroyed.
-    if (self) {
-        setFocus(true);
-    }
-    if (self) {
-        forceActiveFocus();
-    }
-    if (self) {
+    if (self && takeActiveFocus(this)) {
         d->setOpen(true);
     }
     // Also when a handler has closed the dialog meanwhile; open is false then.

@@ -7,6 +7,7 @@
 #include "controls/private/PickerArithmetic.h"
 #include "controls/scenegraph/HueNode.h"
 #include "controls/scenegraph/Renderer.h"
+#include "controls/support/ActiveFocus.h"
 
 #include <QPointer>
 
@@ -82,14 +83,7 @@ void HueBox::setSliderDelegate(QQmlComponent *delegate)
 
 void HueBox::mousePressEvent(QMouseEvent *event)
 {
-    const QPointer<HueBox> box(this);
-    // forceActiveFocus() begins with this, and would go on with a box that a handler of the focus
-    // has destroyed.
-    setFocus(true);
-    if (box) {
-        forceActiveFocus();
-    }
-    if (box) {
+    if (takeActiveFocus(this)) {
         grabMouse();
         mouseMoveEvent(event);
     }

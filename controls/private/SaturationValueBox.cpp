@@ -7,6 +7,7 @@
 #include "controls/private/PickerArithmetic.h"
 #include "controls/scenegraph/Renderer.h"
 #include "controls/scenegraph/SaturationValueNode.h"
+#include "controls/support/ActiveFocus.h"
 
 #include <QPointer>
 
@@ -138,14 +139,7 @@ void SaturationValueBox::setCrossHairDelegate(QQmlComponent *delegate)
 
 void SaturationValueBox::mousePressEvent(QMouseEvent *event)
 {
-    const QPointer<SaturationValueBox> box(this);
-    // forceActiveFocus() begins with this, and would go on with a box that a handler of the focus
-    // has destroyed.
-    setFocus(true);
-    if (box) {
-        forceActiveFocus();
-    }
-    if (box) {
+    if (takeActiveFocus(this)) {
         grabMouse();
         mouseMoveEvent(event);
     }
