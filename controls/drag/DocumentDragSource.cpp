@@ -6,7 +6,6 @@
 #include "controls/drag/DocumentsPayload.h"
 #include "controls/drag/DragLoop.h"
 #include "controls/drag/DragVisualState.h"
-#include "controls/support/ListElement.h"
 #include "controls/support/QmlPlace.h"
 
 #include <QCoreApplication>
@@ -21,6 +20,7 @@
 #include <QQuickWindow>
 
 #include <algorithm>
+#include <vector>
 
 namespace om::controls {
 
@@ -36,6 +36,7 @@ static constexpr qreal raisedZ = 65535.0;
 DocumentDragSource::DocumentDragSource(QQuickItem *sourceItem, const Differences &differences)
     : source(sourceItem)
     , m_differences(differences)
+    , m_documents([this](Document *) { announceDocuments(); })
 {
 }
 
@@ -119,7 +120,7 @@ void DocumentDragSource::move(QQuickItem *child, const QMouseEvent *event)
     if (m_state != Pressed) {
         return;
     }
-    if (m_documents.isEmpty()) {
+    if (m_documents.count() == 0) {
         m_state = Idle;
         return;
     }
@@ -145,7 +146,7 @@ void DocumentDragSource::start()
     const QPointer<QDrag> drag(new QDrag(source));
     m_drag = drag;
     auto mimeData = std::make_unique<QMimeData>();
-    mimeData->setData(documentspayload::format(), documentspayload::write(m_documents));
+    mimeData->setData(documentspayload::format(), documentspayload::write(m_documents.snapshot()));
     // documentId() is the application's code: it may have destroyed the source or ended the
     // gesture, and the drag with them.
     if (!drag) {
@@ -480,65 +481,26 @@ void DocumentDragSource::setDelegate(QQmlComponent *delegate)
 
 void DocumentDragSource::setDocuments(const QList<Document *> &documents)
 {
-    QList<Document *> present = documents;
-    present.removeAll(nullptr);
-    if (m_documents == present) {
+    QList<Document *> wanted = documents;
+    wanted.removeAll(nullptr);
+    const std::vector<QPointer<Document>> present = m_documents.snapshot();
+    if (std::equal(present.cbegin(), present.cend(), wanted.cbegin(), wanted.cend())) {
         return;
     }
-    for (const QMetaObject::Connection &watch : qAsConst(m_watches)) {
-        QObject::disconnect(watch);
+    m_documents.clear();
+    for (Document *document : qAsConst(wanted)) {
+        m_documents.append(document);
     }
-    m_watches.clear();
-    for (Document *document : qAsConst(present)) {
-        watchDocument(document);
-    }
-    m_documents = present;
     announceDocuments();
-}
-
-QQmlListProperty<Document> DocumentDragSource::documentList()
-{
-    using List = QQmlListProperty<Document>;
-    return {source,
-            this,
-            [](List *list, Document *document) {
-                static_cast<DocumentDragSource *>(list->data)->append(document);
-            },
-            [](List *list) {
-                return static_cast<DocumentDragSource *>(list->data)->m_documents.count();
-            },
-            [](List *list, int index) {
-                return static_cast<DocumentDragSource *>(list->data)->m_documents.value(index);
-            },
-            [](List *list) { static_cast<DocumentDragSource *>(list->data)->setDocuments({}); }};
 }
 
 void DocumentDragSource::append(Document *document)
 {
-    if (!isListElement(document)) {
+    if (!document) {
         return;
     }
-    watchDocument(document);
     m_documents.append(document);
     announceDocuments();
-}
-
-/// Lets a document that is destroyed leave the list.
-void DocumentDragSource::watchDocument(Document *document)
-{
-    if (!m_watches.contains(document)) {
-        m_watches.insert(document,
-                         QObject::connect(document, &QObject::destroyed, &m_receiverOfCalls,
-                                          [this, document] { forgetDocument(document); }));
-    }
-}
-
-void DocumentDragSource::forgetDocument(Document *document)
-{
-    m_watches.remove(document);
-    if (m_documents.removeAll(document) > 0) {
-        announceDocuments();
-    }
 }
 
 } // namespace om::controls

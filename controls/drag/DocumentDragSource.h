@@ -4,10 +4,10 @@
 #pragma once
 
 #include "controls/drag/DragVisualHost.h"
+#include "controls/support/ElementList.h"
 
 #include <OmbrelDataCore/Document.h>
 
-#include <QHash>
 #include <QList>
 #include <QMetaObject>
 #include <QObject>
@@ -15,7 +15,6 @@
 #include <QPointer>
 #include <QQmlComponent>
 #include <QQmlIncubator>
-#include <QQmlListProperty>
 #include <QQuickItem>
 
 #include <memory>
@@ -75,10 +74,12 @@ public:
     void setEnabled(bool enabled);
     /// False already while dragActiveChanged(false) is emitted: bindings evaluate in the signal.
     bool isDragging() const { return m_state == Dragging && !m_finishing; }
-    const QList<om::data::Document *> &documents() const { return m_documents; }
+    const ElementList<om::data::Document> &elements() const { return m_documents; }
+    /// Null is left out.
+    void append(om::data::Document *document);
+    void clear() { setDocuments({}); }
     /// Null documents are left out.
     void setDocuments(const QList<om::data::Document *> &documents);
-    QQmlListProperty<om::data::Document> documentList();
     QQmlComponent *delegate() const { return m_delegate; }
     void setDelegate(QQmlComponent *delegate);
 
@@ -130,10 +131,6 @@ private:
     void moveVisual(const QPointF &position);
     void removeVisual();
 
-    void append(om::data::Document *document);
-    void watchDocument(om::data::Document *document);
-    void forgetDocument(om::data::Document *document);
-
     const Differences m_differences;
     State m_state = Idle;
     bool m_finishing = false;
@@ -141,9 +138,7 @@ private:
     /// The child that got the last mouse event of the gesture; it will get the release as well.
     QPointer<QQuickItem> m_receiver;
     QMetaObject::Connection m_receiverWatch;
-    QList<om::data::Document *> m_documents;
-    /// One connection a document, however often it is listed.
-    QHash<om::data::Document *, QMetaObject::Connection> m_watches;
+    ElementList<om::data::Document> m_documents;
     QPointer<QQmlComponent> m_delegate;
     /// The drag that is about to run or whose loop is running.
     QPointer<QDrag> m_drag;
@@ -157,8 +152,8 @@ private:
     /// The object that the incubator has made; it may be incomplete, and no item.
     QPointer<QObject> m_incubated;
     QPointer<QQuickItem> m_visual;
-    /// The receiver of the documents' and the child's signals and of the queued call: its end, with
-    /// the record, disconnects them although the item's QObject part is destroyed later.
+    /// The receiver of the child's signals and of the queued call: its end, with the record,
+    /// disconnects them although the item's QObject part is destroyed later.
     QObject m_receiverOfCalls;
 };
 

@@ -5,9 +5,6 @@
 
 #include <QDataStream>
 #include <QMimeData>
-#include <QPointer>
-
-#include <vector>
 
 namespace om::controls::documentspayload {
 
@@ -16,14 +13,11 @@ QString format()
     return QStringLiteral("application/x-lumetra-documents");
 }
 
-QByteArray write(const QList<om::data::Document *> &documents)
+QByteArray write(const std::vector<QPointer<om::data::Document>> &documents)
 {
-    // A copy of weak pointers: documentId() is the application's code, which may change the list
-    // and destroy documents.
-    const std::vector<QPointer<om::data::Document>> snapshot(documents.cbegin(), documents.cend());
     QByteArray payload;
     QDataStream stream(&payload, QIODevice::WriteOnly);
-    for (const QPointer<om::data::Document> &document : snapshot) {
+    for (const QPointer<om::data::Document> &document : documents) {
         if (document) {
             stream << document->documentId();
         }

@@ -6,9 +6,11 @@
 #include <OmbrelDataCore/Document.h>
 
 #include <QByteArray>
-#include <QList>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
+
+#include <vector>
 
 class QMimeData;
 
@@ -20,9 +22,9 @@ namespace om::controls::documentspayload {
 
 /// The name of the format.
 QString format();
-/// The bytes for the \a documents, none of which is null. A document that is destroyed while
-/// documentId() of an earlier one runs is left out.
-QByteArray write(const QList<om::data::Document *> &documents);
+/// The bytes for the \a documents. Those are left out that are destroyed, also by documentId() of
+/// an earlier one, which is the application's code.
+QByteArray write(const std::vector<QPointer<om::data::Document>> &documents);
 /// The ids in \a payload; an incomplete string at its end is left out.
 QStringList read(const QByteArray &payload);
 /// True when \a mimeData has the format.

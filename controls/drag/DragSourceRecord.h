@@ -4,6 +4,7 @@
 #pragma once
 
 #include "controls/drag/DocumentDragSource.h"
+#include "controls/support/ListProperty.h"
 
 #include <QQmlEngine>
 
@@ -19,6 +20,11 @@ public:
         : DocumentDragSource(owner, differences)
         , q(owner)
     {
+    }
+
+    QQmlListProperty<om::data::Document> documentList()
+    {
+        return listProperty<om::data::Document>(q, static_cast<DocumentDragSource *>(this));
     }
 
 protected:

@@ -86,7 +86,7 @@ void DragZone::setDragDelegate(QQmlComponent *delegate)
 
 bool DragZone::containsDragDocument(om::data::Document *document) const
 {
-    return document && d->documents().contains(document);
+    return document && d->elements().contains(document);
 }
 
 bool DragZone::childMouseEventFilter(QQuickItem *item, QEvent *event)

@@ -4,12 +4,14 @@
 #include "controls/drop/DropZone.h"
 
 #include "controls/drop/DropData.h"
-#include "controls/support/ListElement.h"
+#include "controls/support/ElementList.h"
+#include "controls/support/ListProperty.h"
 #include "controls/support/QmlPlace.h"
 
-#include <QHash>
 #include <QMimeData>
 #include <QPointer>
+
+#include <vector>
 
 namespace om::controls {
 
@@ -19,38 +21,30 @@ public:
     explicit Private(DropZone *zone)
         : q(zone)
         , dropData(new DropData(zone))
+        , handlers([this](DropHandler *handler) { forget(handler); })
     {
     }
 
+    const ElementList<DropHandler> &elements() const { return handlers; }
     void append(DropHandler *handler);
     void clear();
     void forget(DropHandler *handler);
-    void unwatchHandlers();
     void setDragSource(QObject *source);
     DropHandler *findHandler(const QPointer<QMimeData> &mimeData) const;
-
-    static Private *of(QQmlListProperty<DropHandler> *list)
-    {
-        return static_cast<Private *>(list->data);
-    }
+    DropHandler *usableHandler() const;
 
     DropZone *const q;
+    /// The handler that has the drag. While it is being destroyed only its address may be used; see
+    /// usableHandler().
     DropHandler *activeHandler = nullptr;
     DropData *const dropData;
-    QList<DropHandler *> handlers;
-    /// One connection a handler, however often it is listed.
-    QHash<DropHandler *, QMetaObject::Connection> watches;
+    ElementList<DropHandler> handlers;
 };
 
 void DropZone::Private::append(DropHandler *handler)
 {
-    if (!isListElement(handler)) {
+    if (!handler) {
         return;
-    }
-    if (!watches.contains(handler)) {
-        watches.insert(handler, QObject::connect(handler, &QObject::destroyed, q, [this, handler] {
-                           forget(handler);
-                       }));
     }
     handlers.append(handler);
     Q_EMIT q->dropHandlersChanged();
@@ -58,7 +52,7 @@ void DropZone::Private::append(DropHandler *handler)
 
 void DropZone::Private::clear()
 {
-    if (handlers.isEmpty()) {
+    if (handlers.count() == 0) {
         return;
     }
     if (activeHandler) {
@@ -66,7 +60,6 @@ void DropZone::Private::clear()
         // Only the warning: neither exited() nor containsDragChanged() is emitted.
         activeHandler = nullptr;
     }
-    unwatchHandlers();
     handlers.clear();
     Q_EMIT q->dropHandlersChanged();
 }
@@ -74,8 +67,6 @@ void DropZone::Private::clear()
 /// \a handler is being destroyed: only its address may be used.
 void DropZone::Private::forget(DropHandler *handler)
 {
-    watches.remove(handler);
-    handlers.removeAll(handler);
     const bool wasActive = activeHandler == handler;
     if (wasActive) {
         activeHandler = nullptr;
@@ -87,19 +78,12 @@ void DropZone::Private::forget(DropHandler *handler)
     }
 }
 
-void DropZone::Private::unwatchHandlers()
-{
-    // By their handles: disconnect(handler, zone) would also cut the application's connections.
-    for (const QMetaObject::Connection &watch : qAsConst(watches)) {
-        QObject::disconnect(watch);
-    }
-    watches.clear();
-}
-
 void DropZone::Private::setDragSource(QObject *source)
 {
-    for (DropHandler *handler : qAsConst(handlers)) {
-        handler->setDragSource(source);
+    for (int i = 0; i < handlers.count(); ++i) {
+        if (DropHandler *const handler = handlers.at(i)) {
+            handler->setDragSource(source);
+        }
     }
 }
 
@@ -109,20 +93,26 @@ void DropZone::Private::setDragSource(QObject *source)
 DropHandler *DropZone::Private::findHandler(const QPointer<QMimeData> &mimeData) const
 {
     const QPointer<DropZone> alive(q);
-    const QList<DropHandler *> snapshot = handlers;
-    for (DropHandler *handler : snapshot) {
-        if (!handlers.contains(handler)) {
+    const std::vector<QPointer<DropHandler>> snapshot = handlers.snapshot();
+    for (const QPointer<DropHandler> &handler : snapshot) {
+        if (!handler || !handlers.contains(handler)) {
             continue;
         }
         const bool takes = handler->canHandle(mimeData);
         if (!alive || !mimeData) {
             return nullptr;
         }
-        if (takes && handlers.contains(handler)) {
+        if (takes && handler && handlers.contains(handler)) {
             return handler;
         }
     }
     return nullptr;
+}
+
+/// The active handler; null while it is being destroyed, of which the zone may learn after others.
+DropHandler *DropZone::Private::usableHandler() const
+{
+    return activeHandler && handlers.contains(activeHandler) ? activeHandler : nullptr;
 }
 
 DropZone::DropZone(QQuickItem *parent)
@@ -132,20 +122,11 @@ DropZone::DropZone(QQuickItem *parent)
     setFlag(ItemAcceptsDrops);
 }
 
-DropZone::~DropZone()
-{
-    // ~QQuickItem() emits signals, whose receivers may destroy handlers after the record is gone.
-    d->unwatchHandlers();
-}
+DropZone::~DropZone() = default;
 
 QQmlListProperty<DropHandler> DropZone::dropHandlers()
 {
-    using List = QQmlListProperty<DropHandler>;
-    return List(
-        this, d.get(), [](List *list, DropHandler *handler) { Private::of(list)->append(handler); },
-        [](List *list) { return Private::of(list)->handlers.count(); },
-        [](List *list, int index) { return Private::of(list)->handlers.value(index); },
-        [](List *list) { Private::of(list)->clear(); });
+    return listProperty<DropHandler>(this, d.get());
 }
 
 bool DropZone::containsDrag() const
@@ -188,11 +169,12 @@ void DropZone::dragEnterEvent(QDragEnterEvent *event)
 
 void DropZone::dragMoveEvent(QDragMoveEvent *event)
 {
-    if (!d->activeHandler) {
+    DropHandler *const handler = d->usableHandler();
+    if (!handler) {
         return;
     }
     d->dropData->setPosition(event->posF());
-    Q_EMIT d->activeHandler->positionChanged(d->dropData);
+    Q_EMIT handler->positionChanged(d->dropData);
     event->accept();
 }
 
@@ -204,7 +186,9 @@ void DropZone::dragLeaveEvent(QDragLeaveEvent *)
     }
     d->dropData->setPosition({});
     const QPointer<DropZone> self(this);
-    Q_EMIT d->activeHandler->exited(d->dropData);
+    if (DropHandler *const handler = d->usableHandler()) {
+        Q_EMIT handler->exited(d->dropData);
+    }
     if (!self) {
         return;
     }
@@ -217,9 +201,9 @@ void DropZone::dropEvent(QDropEvent *event)
     // The event's acceptance stays as delivered, and windows deliver drops as ignored: a drag of
     // the same program ends with Qt::IgnoreAction, whatever the handler made of the drop.
     const QPointer<DropZone> self(this);
-    if (d->activeHandler) {
+    if (DropHandler *const handler = d->usableHandler()) {
         d->dropData->setPosition(event->posF());
-        d->activeHandler->drop(d->dropData);
+        handler->drop(d->dropData);
         if (!self) {
             return;
         }

@@ -3,11 +3,11 @@
 
 #include "controls/tree/TreeView.h"
 
-#include "controls/support/ListElement.h"
+#include "controls/support/ElementList.h"
+#include "controls/support/ListProperty.h"
 #include "controls/support/QmlPlace.h"
 #include "controls/support/QueuedCalls.h"
 #include "controls/tree/ContentHeight.h"
-#include "controls/tree/RootDocuments.h"
 #include "controls/tree/TreeRows.h"
 #include "controls/tree/TreeViewAttachedObject.h"
 #include "controls/tree/TreeViewEntry.h"
@@ -61,11 +61,6 @@ class TreeView::Private final : public TreeViewEntryHost
 public:
     explicit Private(TreeView *view);
 
-    static Private *of(QQmlListProperty<Document> *list)
-    {
-        return static_cast<Private *>(list->data);
-    }
-
     TreeView *view() const override { return q; }
     QQmlComponent *component(int type) const override;
     QByteArray childProperty() const override { return childPropertyName; }
@@ -82,7 +77,10 @@ public:
     bool canMakeRows();
     void activate(int index);
     void setCollapsed(int index, bool collapsed);
-    void appendRoot(Document *document);
+
+    const ElementList<Document> &elements() const { return roots; }
+    void append(Document *document);
+    void clear();
 
     TreeView *const q;
     bool componentComplete = false;
@@ -108,7 +106,8 @@ public:
     QPointer<QQmlComponent> branchHandleDelegate;
     QPointer<QQmlComponent> plainBranchHandle;
     QPointer<QQuickItem> contentItem;
-    RootDocuments roots;
+    /// The documents at level 0; null ones have no row.
+    ElementList<Document> roots;
     QHash<QString, bool> collapsedById;
     TreeRows rows;
     std::unique_ptr<ContentHeight> contentHeight;
@@ -116,7 +115,7 @@ public:
 
 TreeView::Private::Private(TreeView *owner)
     : q(owner)
-    , roots([this] { Q_EMIT q->rootDocumentsChanged(); })
+    , roots([this](Document *) { Q_EMIT q->rootDocumentsChanged(); })
     , rows(owner, this)
 {
 }
@@ -162,13 +161,17 @@ void TreeView::Private::entryEnds(TreeViewEntry *entry)
     }
 }
 
-void TreeView::Private::appendRoot(Document *document)
+void TreeView::Private::append(Document *document)
 {
-    if (document && !isListElement(document)) {
-        return;
-    }
     roots.append(document);
     Q_EMIT q->rootDocumentsChanged();
+}
+
+void TreeView::Private::clear()
+{
+    if (roots.clear()) {
+        Q_EMIT q->rootDocumentsChanged();
+    }
 }
 
 void TreeView::Private::createContent()
@@ -359,17 +362,7 @@ QObject *TreeView::qmlAttachedProperties(QObject *object)
 
 QQmlListProperty<Document> TreeView::rootDocuments()
 {
-    using List = QQmlListProperty<Document>;
-    return List(
-        this, d.get(),
-        [](List *list, Document *document) { Private::of(list)->appendRoot(document); },
-        [](List *list) { return Private::of(list)->roots.count(); },
-        [](List *list, int index) { return Private::of(list)->roots.at(index); },
-        [](List *list) {
-            if (Private::of(list)->roots.clear()) {
-                Q_EMIT Private::of(list)->q->rootDocumentsChanged();
-            }
-        });
+    return listProperty<Document>(this, d.get());
 }
 
 QString TreeView::childProperty() const

@@ -17,6 +17,7 @@ using namespace om::controls;
 namespace {
 
 using Moment = void (*)(DropZone *, DropHandler *, const std::function<void()> &);
+using Step = void (*)(support::DragEvents *);
 
 /// Calls \a action once, at the emission of the signal.
 template<typename Sender, typename Signal>
@@ -82,6 +83,7 @@ void moments()
 } // namespace
 
 Q_DECLARE_METATYPE(Moment)
+Q_DECLARE_METATYPE(Step)
 
 /// The application's code at every place where a zone calls it: it destroys the zone, handlers, the
 /// window and the MIME data, and changes the list.
@@ -98,6 +100,8 @@ private Q_SLOTS:
     void handlerDestroyedInTheList();
     void handlerDestroyedWhileActive();
     void handlerListedTwiceAndDestroyed();
+    void handlerOfTwoZonesDestroyed_data();
+    void handlerOfTwoZonesDestroyed();
     void clearedListLeavesOtherConnections();
     void handlerDestroyedAfterItsZone();
     void handlerDestroyedWhileItsZoneIs();
@@ -220,6 +224,46 @@ void TestDropZoneLifetimes::handlerListedTwiceAndDestroyed()
     a.reset();
     QCOMPARE(count(&zone), 0);
     QCOMPARE(takeHappened(), words("dropHandlersChanged"));
+}
+
+void TestDropZoneLifetimes::handlerOfTwoZonesDestroyed_data()
+{
+    QTest::addColumn<Step>("step");
+    QTest::addColumn<QStringList>("expected");
+    const auto row = [](const char *name, const char *expected, Step step) {
+        QTest::newRow(name) << step << words(expected);
+    };
+    const char *atItsEnd = "dropHandlersChanged containsDragChanged";
+    row("enter", atItsEnd, [](support::DragEvents *drag) { QVERIFY(!drag->enter()); });
+    row("move", atItsEnd, [](support::DragEvents *drag) { QVERIFY(!drag->move()); });
+    const char *before = "containsDragChanged dropHandlersChanged";
+    row("leave", before, [](support::DragEvents *drag) { drag->leave(); });
+    row("drop", before, [](support::DragEvents *drag) { drag->drop(); });
+}
+
+/// The first zone tells that the handler has gone while the second, which has a drag with it, has
+/// not learned of it.
+void TestDropZoneLifetimes::handlerOfTwoZonesDestroyed()
+{
+    QFETCH(const Step, step);
+    QFETCH(const QStringList, expected);
+    DropZone first, second;
+    auto shared = std::make_unique<RecordingHandler>("shared");
+    append(&first, shared.get());
+    append(&second, shared.get());
+    support::DragEvents drag(&second);
+    QVERIFY(drag.enter());
+    watch(&second);
+    takeHappened();
+    once(&first, &DropZone::dropHandlersChanged, [&] {
+        QCOMPARE(count(&first), 0);
+        QCOMPARE(at(&second, 0), nullptr);
+        step(&drag);
+    });
+    shared.reset();
+    QCOMPARE(takeHappened(), expected);
+    QVERIFY(!second.containsDrag());
+    QCOMPARE(count(&second), 0);
 }
 
 void TestDropZoneLifetimes::clearedListLeavesOtherConnections()
