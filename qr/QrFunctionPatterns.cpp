@@ -11,8 +11,6 @@ namespace om::controls::qr {
 
 namespace {
 
-constexpr int TimingLine = 6; ///< The row and the column of the timing patterns.
-
 void placeModule(Symbol &symbol, int x, int y, bool dark)
 {
     symbol.function.set(x, y);

@@ -9,8 +9,6 @@ namespace om::controls::qr {
 
 namespace {
 
-constexpr int TimingColumn = 6;
-
 /// The bits of the message, most significant first, and zeros behind them.
 class MessageBits
 {
@@ -95,7 +93,7 @@ void placeCodewords(const unsigned char *message, int count, Symbol &symbol)
     const int words = wordsOf(symbol.size);
     bool upwards = true;
     for (int right = symbol.size - 1; right > 0; right -= 2, upwards = !upwards) {
-        if (right == TimingColumn) { // The pairs step over it.
+        if (right == TimingLine) { // The pairs step over it.
             --right;
         }
         for (int step = 0; step < words; ++step) {

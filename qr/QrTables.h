@@ -16,6 +16,7 @@ constexpr int MaximumAlignments = 6;
 constexpr int LevelCount = 4; ///< L, M, Q, H: the index order of every per-level column.
 constexpr int MaskCount = 8;
 constexpr int FormatBits = 15;
+constexpr int TimingLine = 6; ///< The row and the column of the timing patterns.
 
 /// Blocks of one length: how many, and the codewords of each, all of them and those of data.
 struct BlockGroup

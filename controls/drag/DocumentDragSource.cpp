@@ -6,6 +6,7 @@
 #include "controls/drag/DocumentsPayload.h"
 #include "controls/drag/DragLoop.h"
 #include "controls/drag/DragVisualState.h"
+#include "controls/support/OverlayZ.h"
 #include "controls/support/QmlPlace.h"
 
 #include <QCoreApplication>
@@ -29,9 +30,6 @@ using om::data::Document;
 /// The Manhattan length at which a drag starts, in logical pixels: the same on every platform,
 /// whose own start distance is not asked.
 static constexpr qreal startDistance = 4.0;
-
-/// The z of a raised visual, above the application's content and below popups.
-static constexpr qreal raisedZ = 65535.0;
 
 DocumentDragSource::DocumentDragSource(QQuickItem *sourceItem, const Differences &differences)
     : source(sourceItem)
@@ -363,7 +361,7 @@ void DocumentDragSource::adoptVisual(QObject *object)
     }
     // Its own handlers, which run already, may have destroyed it, and the source.
     if (visual && raises) {
-        visual->setZ(raisedZ);
+        visual->setZ(overlayz::dragVisual);
     }
 }
 

@@ -4,7 +4,7 @@
 #include "controls/input/FpsCounter.h"
 
 #include "controls/input/FrameRateMeter.h"
-#include "controls/support/QueuedCalls.h"
+#include "controls/support/Teardown.h"
 
 #include <QDateTime>
 #include <QQuickItem>
@@ -16,7 +16,7 @@ namespace om::controls {
 
 namespace {
 
-constexpr int RetryInterval = 1000;
+constexpr int retryInterval = 1000;
 
 } // namespace
 
@@ -83,7 +83,7 @@ void FpsCounter::findWindow()
         found = true;
     }
     if (!found) {
-        QTimer::singleShot(RetryInterval, this, SLOT(findWindow()));
+        QTimer::singleShot(retryInterval, this, SLOT(findWindow()));
     }
 }
 

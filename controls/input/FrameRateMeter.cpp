@@ -7,7 +7,7 @@ namespace om::controls {
 
 namespace {
 
-constexpr qint64 UpdateInterval = 1000;
+constexpr qint64 updateInterval = 1000;
 
 } // namespace
 
@@ -20,7 +20,7 @@ bool FrameRateMeter::addFrame(qint64 now)
 {
     m_frameTimes[m_writeIndex] = now;
     m_writeIndex = (m_writeIndex + 1) % FrameCount;
-    if (now - m_lastUpdate < UpdateInterval) {
+    if (now - m_lastUpdate < updateInterval) {
         return false;
     }
     m_lastUpdate = now;

@@ -3,7 +3,7 @@
 
 #include "controls/input/HoverArea.h"
 
-#include "controls/support/QueuedCalls.h"
+#include "controls/support/Teardown.h"
 
 namespace om::controls {
 
@@ -61,9 +61,7 @@ HoverArea::HoverArea(QQuickItem *parent)
 
 HoverArea::~HoverArea()
 {
-    // Leaving the item tree runs handlers, which may read properties that the record holds: done
-    // here, as the base class's destructor does it after the record is destroyed.
-    setParentItem(nullptr);
+    leaveItemTree(this);
     dropQueuedCalls(this);
 }
 

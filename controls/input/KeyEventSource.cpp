@@ -3,6 +3,8 @@
 
 #include "controls/input/KeyEventSource.h"
 
+#include "controls/support/Teardown.h"
+
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPointer>
@@ -30,9 +32,7 @@ KeyEventSource::KeyEventSource(QQuickItem *parent)
 
 KeyEventSource::~KeyEventSource()
 {
-    // Leaving the item tree runs handlers, which may read properties that the record holds: done
-    // here, as the base class's destructor does it after the record is destroyed.
-    setParentItem(nullptr);
+    leaveItemTree(this);
 }
 
 QQuickItem *KeyEventSource::target() const

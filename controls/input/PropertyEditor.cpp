@@ -3,6 +3,8 @@
 
 #include "controls/input/PropertyEditor.h"
 
+#include "controls/support/Teardown.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
@@ -109,9 +111,7 @@ PropertyEditor::~PropertyEditor()
     // Destruction takes the focus away, but endEdit() must not be emitted for it.
     disconnect(this, &QQuickItem::activeFocusChanged, this, &PropertyEditor::handleFocusChange);
     d->unwatch();
-    // Leaving the item tree runs handlers, which may read properties that the record holds: done
-    // here, as the base class's destructor does it after the record is destroyed.
-    setParentItem(nullptr);
+    leaveItemTree(this);
 }
 
 data::Document *PropertyEditor::document() const

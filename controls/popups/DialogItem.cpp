@@ -4,6 +4,8 @@
 #include "controls/popups/DialogItem.h"
 
 #include "controls/support/ActiveFocus.h"
+#include "controls/support/OverlayZ.h"
+#include "controls/support/Teardown.h"
 
 #include <QPointer>
 #include <QQuickWindow>
@@ -11,8 +13,6 @@
 namespace om::controls {
 
 namespace {
-
-constexpr qreal lowestZ = 65535.0;
 
 /// The dialogs of the process, in all windows, that are open now.
 int openDialogs = 0;
@@ -77,7 +77,7 @@ void DialogItem::Private::takeOver()
     }
     const int change = changes;
     const QPointer<DialogItem> self(q);
-    q->setZ(lowestZ + openDialogs);
+    q->setZ(overlayz::dialog + openDialogs);
     if (!self || changes != change) {
         return;
     }
@@ -128,7 +128,7 @@ DialogItem::DialogItem(QQuickItem *parent)
     : QQuickItem(parent)
     , d(std::make_unique<Private>(this))
 {
-    setZ(lowestZ);
+    setZ(overlayz::dialog);
     setEnabled(false);
     setFlag(ItemIsFocusScope);
 }
@@ -136,9 +136,7 @@ DialogItem::DialogItem(QQuickItem *parent)
 DialogItem::~DialogItem()
 {
     d->dying = true;
-    // Leaving the item tree runs handlers, which may read properties that the record holds: done
-    // here, as the base class's destructor does it after the record is destroyed.
-    setParentItem(nullptr);
+    leaveItemTree(this);
     if (d->counted) {
         d->giveBack();
     } else {

@@ -4,7 +4,8 @@
 #include "controls/popups/Popup.h"
 
 #include "controls/popups/Dependence.h"
-#include "controls/support/QueuedCalls.h"
+#include "controls/support/OverlayZ.h"
+#include "controls/support/Teardown.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -180,16 +181,14 @@ Popup::Popup(QQuickItem *parent)
     , d(std::make_unique<Private>(this))
 {
     setOpacity(0.0);
-    setZ(65540.0);
+    setZ(overlayz::popup);
     setEnabled(false);
     setVisible(false);
 }
 
 Popup::~Popup()
 {
-    // Leaving the item tree runs handlers, which may read properties that the record holds: done
-    // here, as the base class's destructor does it after the record is destroyed.
-    setParentItem(nullptr);
+    leaveItemTree(this);
     d->releaseFade();
     QObject::disconnect(d->attachedItemDestroyed);
     d->followFrames(nullptr);

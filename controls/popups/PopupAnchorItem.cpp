@@ -6,7 +6,8 @@
 #include "controls/popups/Dependence.h"
 #include "controls/popups/PopupAnchor.h"
 #include "controls/popups/PopupIncubator.h"
-#include "controls/support/QueuedCalls.h"
+#include "controls/support/OverlayZ.h"
+#include "controls/support/Teardown.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -131,9 +132,8 @@ void PopupAnchorItem::Private::createAnchor()
     made->setEnabled(false);
     made->setParent(q);
     made->setParentItem(q->window() ? q->window()->contentItem() : nullptr);
-    // Above the z of a Popup (65540), as the marked place may lie in a popup.
     if (made) {
-        made->setZ(65635.0);
+        made->setZ(overlayz::popupAnchor);
     }
 }
 
@@ -240,9 +240,7 @@ PopupAnchorItem::PopupAnchorItem(QQuickItem *parent)
 
 PopupAnchorItem::~PopupAnchorItem()
 {
-    // Leaving the item tree runs handlers, which may read properties that the record holds: done
-    // here, as the base class's destructor does it after the record is destroyed.
-    setParentItem(nullptr);
+    leaveItemTree(this);
     d->watch(nullptr);
     dropQueuedCalls(this);
 }

@@ -115,11 +115,10 @@ private:
         if (!m_hasDestroyed) {
             return;
         }
-        m_elements.erase(std::remove_if(m_elements.begin(), m_elements.end(),
-                                        [](const Element &element) {
-                                            return element.isDestroyed();
-                                        }),
-                         m_elements.end());
+        m_elements.erase(
+            std::remove_if(m_elements.begin(), m_elements.end(),
+                           [](const Element &element) { return element.isDestroyed(); }),
+            m_elements.end());
         m_hasDestroyed = false;
     }
 

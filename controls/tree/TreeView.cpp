@@ -6,7 +6,7 @@
 #include "controls/support/ElementList.h"
 #include "controls/support/ListProperty.h"
 #include "controls/support/QmlPlace.h"
-#include "controls/support/QueuedCalls.h"
+#include "controls/support/Teardown.h"
 #include "controls/tree/ContentHeight.h"
 #include "controls/tree/TreeRows.h"
 #include "controls/tree/TreeViewAttachedObject.h"
@@ -483,8 +483,8 @@ int TreeView::indexAt(double x, double y)
 }
 
 // The guards of the operations below are never true, as no index is both negative and beyond the
-// rows. They are kept, as callers rely on the result: an index outside the rows is looked up, and
-// TreeRows::at() returns null for it.
+// rows. So every index reaches TreeRows::at(), which answers null outside the rows; applications
+// rely on that.
 
 Document *TreeView::documentAt(int index)
 {

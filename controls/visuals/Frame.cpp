@@ -3,7 +3,7 @@
 
 #include "controls/visuals/Frame.h"
 
-#include "controls/support/QueuedCalls.h"
+#include "controls/support/Teardown.h"
 #include "controls/visuals/FrameItem.h"
 
 #include <QPointer>

@@ -5,6 +5,7 @@
 
 #include "controls/scenegraph/FrameNode.h"
 #include "controls/scenegraph/Renderer.h"
+#include "controls/support/OverlayZ.h"
 
 #include <QPointer>
 
@@ -54,7 +55,7 @@ FrameItem::FrameItem(QObject *owner)
 {
     setParent(owner);
     setFlag(ItemHasContents);
-    setZ(65534);
+    setZ(overlayz::frameRing);
 }
 
 FrameItem::~FrameItem() = default;

@@ -9,7 +9,6 @@ namespace om::controls::qr::accelerated {
 
 namespace {
 
-constexpr int TimingLine = 6;
 constexpr int FinderSize = 7;
 
 /// The part of a word, \a index of its line, whose rows lie from \a begin up to before \a end.

@@ -13,7 +13,6 @@ namespace om::controls::qr::accelerated {
 
 namespace {
 
-constexpr int TimingColumn = 6;
 constexpr int StreamWords = (8 * MaximumCodewords + 63) / 64;
 
 /// Two words that are worked on at once.
@@ -247,7 +246,7 @@ struct ColumnPair
     bool isValid() const { return column > 0; }
     void next()
     {
-        column -= column - 2 == TimingColumn ? 3 : 2;
+        column -= column - 2 == TimingLine ? 3 : 2;
         upwards = !upwards;
     }
 };

@@ -133,9 +133,8 @@ void TestLists::keptWhileTheirOwnerGoes()
     QVERIFY(list.append(view.root()->property("element").value<QObject *>()));
     evaluate(view.root(),
              QStringLiteral("kept = [children[0].%1]").arg(QString::fromLatin1(property)));
-    QVERIFY(evaluate(view.root(), QStringLiteral("read()"))
-                .toString()
-                .startsWith(QLatin1String("1 ")));
+    QVERIFY(
+        evaluate(view.root(), QStringLiteral("read()")).toString().startsWith(QLatin1String("1 ")));
 
     auto *const guest = new QQuickItem(item);
     guest->setParent(view.window());

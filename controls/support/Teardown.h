@@ -5,8 +5,18 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QQuickItem>
 
 namespace om::controls {
+
+/// Takes \a item out of the item tree.
+///
+/// That runs handlers, which may read properties that the record of its class holds. So a
+/// destructor does it first: ~QQuickItem() would do it after the record is destroyed.
+inline void leaveItemTree(QQuickItem *item)
+{
+    item->setParentItem(nullptr);
+}
 
 /// Takes back the calls that are queued for \a object.
 ///
