@@ -34,6 +34,17 @@ public:
     using Contexts = QHash<Document *, Context *>;
     static void addContexts(const Documents &documents, Contexts *contexts);
 
+    /// What a new list of children changes beside the list.
+    struct Relinked
+    {
+        /// The documents that have come or gone, and the context that each had before.
+        QVector<QPair<QPointer<Document>, Context *>> moved;
+        /// The documents that children were taken from.
+        QVector<QPointer<Document>> robbed;
+    };
+    QList<Document *> usable(const Documents &documents) const;
+    Relinked relink(const QList<Document *> &newChildren, const Contexts &contexts);
+
     static void emitContextChanged(Document *top);
     static void emitContextChangedIfNot(Context *before, Document *top);
 
@@ -114,6 +125,59 @@ void Document::Private::own(Document *child)
         }
     }
     child->setParent(q);
+}
+
+// Those of `documents` that can be children of this one, each once.
+QList<Document *> Document::Private::usable(const Documents &documents) const
+{
+    QList<Document *> usable;
+    QSet<Document *> seen;
+    for (Document *document : documents) {
+        if (document && !seen.contains(document) && !isAncestorOrSelf(document)) {
+            seen.insert(document);
+            usable.append(document);
+        }
+    }
+    return usable;
+}
+
+// Makes `newChildren` the children, with all links between the documents that this concerns. Emits
+// nothing.
+Document::Private::Relinked Document::Private::relink(const QList<Document *> &newChildren,
+                                                      const Contexts &contexts)
+{
+    Relinked changed;
+    QSet<Document *> kept;
+    for (Document *child : newChildren) {
+        kept.insert(child);
+    }
+    const QList<Document *> before = children;
+    for (Document *child : before) {
+        if (kept.contains(child)) {
+            continue;
+        }
+        changed.moved.append({child, contexts.value(child)});
+        child->d->parentDocument = nullptr;
+        if (child->parent() == q) {
+            child->setParent(nullptr);
+        }
+    }
+    for (Document *child : newChildren) {
+        Document *const oldParent = child->d->parentDocument;
+        if (oldParent == q) {
+            continue;
+        }
+        changed.moved.append({child, contexts.value(child)});
+        if (oldParent) {
+            oldParent->d->take(child);
+            if (!changed.robbed.contains(oldParent)) {
+                changed.robbed.append(oldParent);
+            }
+        }
+        own(child);
+    }
+    children = newChildren;
+    return changed;
 }
 
 void Document::Private::clearChildren()
@@ -378,49 +442,13 @@ void Document::setChildDocuments(const QList<Document *> &children)
         return;
     }
 
-    const QList<Document *> before = d->children;
-    QList<Document *> after;
-    QSet<Document *> kept;
-    for (Document *child : wanted) {
-        if (child && !kept.contains(child) && !d->isAncestorOrSelf(child)) {
-            kept.insert(child);
-            after.append(child);
-        }
-    }
-    if (after == before) {
+    const QList<Document *> newChildren = d->usable(wanted);
+    if (d->children == newChildren) {
         return;
     }
-
     // All links are set before the first signal.
-    QVector<QPair<QPointer<Document>, Context *>> movedFrom;
-    QVector<QPointer<Document>> robbed;
-    for (Document *child : before) {
-        if (kept.contains(child)) {
-            continue;
-        }
-        movedFrom.append({child, contexts.value(child)});
-        child->d->parentDocument = nullptr;
-        if (child->parent() == this) {
-            child->setParent(nullptr);
-        }
-    }
-    for (Document *child : qAsConst(after)) {
-        Document *const oldParent = child->d->parentDocument;
-        if (oldParent == this) {
-            continue;
-        }
-        movedFrom.append({child, contexts.value(child)});
-        if (oldParent) {
-            oldParent->d->take(child);
-            if (!robbed.contains(oldParent)) {
-                robbed.append(oldParent);
-            }
-        }
-        d->own(child);
-    }
-    d->children = after;
-
-    for (const QPointer<Document> &oldParent : qAsConst(robbed)) {
+    const Private::Relinked changed = d->relink(newChildren, contexts);
+    for (const QPointer<Document> &oldParent : changed.robbed) {
         if (oldParent) {
             oldParent->d->emitChildrenChanged();
         }
@@ -428,7 +456,7 @@ void Document::setChildDocuments(const QList<Document *> &children)
     if (self) {
         d->emitChildrenChanged();
     }
-    for (const auto &moved : qAsConst(movedFrom)) {
+    for (const auto &moved : changed.moved) {
         if (moved.first) {
             Private::emitContextChangedIfNot(moved.second, moved.first);
         }
