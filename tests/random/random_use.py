@@ -76,6 +76,7 @@ class Composer:
         self.made = {}  # name: type
         self.roots = []
         self.hooked = []  # (name, signal)
+        self.keepers = []  # names of items that keep lists
         self.kept = set()  # not to be deleted
 
     def pick(self, things):
@@ -101,8 +102,8 @@ class Composer:
             lambda: self.tree(depth + 2, items=True),
             lambda: 'Rectangle { width: 20; height: 10; color: "red"; Component.onCompleted: '
                     "scene.note(\"d%d\", this) }" % self.random.randrange(9),
-            lambda: "Text { text: String(DragArea.dragging) + DragZone.dragging }",
-            lambda: "Item { implicitWidth: 30; implicitHeight: TreeView.isCollapsed ? 40 : 20 }",
+            lambda: "Text { text: String(%s) + %s }" % (self.pick(ATTACHED), self.pick(ATTACHED)),
+            lambda: "Item { implicitWidth: 30; implicitHeight: %s ? 40 : 20 }" % self.pick(ATTACHED),
             lambda: "QtObject {}",
         ])()
         return "Component { %s }" % body
@@ -183,6 +184,14 @@ class Composer:
             for place in ("x", "y"):
                 lines.append("%s: %s" % (place, self.pick(USUAL)))
             used |= {"width", "height", "x", "y"}
+        if kind == "TreeView" and self.chance(0.8):
+            lines.append('childProperty: "children"')
+            used.add("childProperty")
+        if is_item and self.chance(0.3):
+            # Lists that keep() puts there are read and written as others' parents lose them.
+            lines += ["property var kept: []",
+                      "onChildrenChanged: { %s }" % self.reading("kept")]
+            self.keepers.append(name)
         properties = self.properties_of(kind)
         for prop in sorted(properties):
             interesting = prop in self.own.get(kind, ())
@@ -204,10 +213,10 @@ class Composer:
         elif kind == "Repeater":
             lines += ["model: %d" % self.random.randrange(4),
                       "Rectangle { width: 9; height: 9 }"]
-        elif kind in LISTS:
+        elif kind in ("DragArea", "DragZone", "TreeView"):
             if self.chance(0.85):
                 documents = ", ".join(self.document(2) for _ in range(self.random.randrange(1, 5)))
-                lines.append("%s: [%s]" % (LISTS[kind], documents))
+                lines.append("%s: [%s]" % (LISTS[kind][0], documents))
             delegate = "delegate" if kind == "TreeView" else "dragDelegate"
             if self.chance(0.8):
                 lines.append("%s: %s" % (delegate, self.component(depth)))
@@ -221,14 +230,19 @@ class Composer:
                 and (kind in OF_QT or (self.catalog[kind]["item"] and kind != "DropZone")):
             for _ in range(self.pick([0, 0, 1, 1, 2, 3])):
                 lines.append(self.tree(depth + 1, items=True))
-        # A property twice is no document: the first counts.
         return lines
 
     def document(self, depth=0):
-        children = ", ".join(self.document(depth - 1) for _ in range(self.random.randrange(3))) if depth else ""
-        name = self.named("Document")
-        content = "property list<Document> children_: [%s]; " % children if children else ""
-        return 'Document { Component.onCompleted: scene.note("%s", this); %s}' % (name, content)
+        """A document with others in it."""
+        children = [self.document(depth - 1) for _ in range(self.random.randrange(3))] if depth else []
+        return 'Document { Component.onCompleted: scene.note("%s", this); %s }' % (self.named("Document"),
+                                                                                  " ".join(children))
+
+    def reading(self, lists):
+        """Reads some lists; now and then writes them, too."""
+        what = self.pick(["list[0]", "list[list.length - 1]", "list.push(%s)" % self.reference(), "String(list)"])
+        return "if (scene.enter()) try { %s.forEach(function(list) { if (list) { list.length; %s } }) } " \
+               "finally { scene.leave() }" % (lists, what)
 
     def script(self):
         """What a handler in a document does."""
@@ -240,7 +254,6 @@ class Composer:
             "if (%s) %s.parent = %s" % (target, target, self.reference()),
             "gc()",
             "if (%s) %s.width = %s" % (target, target, self.pick(USUAL)),
-            "var map = scene; map = null",
         ])
 
     # Steps -------------------------------------------------------------------------------------
@@ -288,16 +301,38 @@ class Composer:
         values = ", ".join(self.value(kind, 9) for kind in functions[function])
         return [["evaluate", "all.%s.%s(%s)" % (name, function, values)]]
 
+    def owner_of_list(self):
+        """The name of an object that has a list, one of those made last; empty when there is none."""
+        owners = [name for name in self.made if self.made[name] in LISTS][-12:]
+        return self.pick(owners) if owners else ""
+
     def change_list(self):
-        name = self.some_name()
-        prop = LISTS.get(self.made[name])
-        if not prop:
+        name = self.owner_of_list()
+        if not name:
             return []
+        prop, kind = LISTS[self.made[name]]
         return [["evaluate", self.pick([
             "all.%s.%s = []" % (name, prop),
-            "all.%s.%s = [%s, %s]" % (name, prop, self.reference(), self.reference()),
-            "all.%s.%s.push(%s)" % (name, prop, self.reference()),
+            "all.%s.%s = [%s, %s]" % (name, prop, self.element(kind), self.element(kind)),
+            "all.%s.%s = [%s, %s]" % (name, prop, self.element(kind), self.element(kind)),
+            "all.%s.%s.push(%s)" % (name, prop, self.element(kind)),
             "all.%s.%s.length = 1" % (name, prop)])]]
+
+    def element(self, kind):
+        """For a list of what kind says: mostly such an object, which may be in other lists already."""
+        fitting = [name for name in self.made if self.made[name].endswith(kind)][-8:]
+        return "all." + self.pick(fitting) if fitting and self.chance(0.85) else self.reference()
+
+    def keep(self):
+        """Has an item keep a list of another object, or read those that it keeps."""
+        owner, keeper = self.owner_of_list(), self.pick(self.keepers[-8:]) if self.keepers else ""
+        if not owner or not keeper:
+            return []
+        prop, _ = LISTS[self.made[owner]]
+        return [["evaluate", self.pick([
+            "all.%s.kept = all.%s.kept.concat([all.%s.%s])" % (keeper, keeper, owner, prop),
+            "all.%s.kept = all.%s.kept.concat([all.%s.%s])" % (keeper, keeper, owner, prop),
+            self.reading("all.%s.kept" % keeper)])]]
 
     def act(self):
         if self.chance(0.25):
@@ -383,8 +418,10 @@ class Composer:
             return self.write()
         if roll < 0.42:
             return self.call()
-        if roll < 0.46:
+        if roll < 0.45:
             return self.change_list()
+        if roll < 0.47:
+            return self.keep()
         if roll < 0.56:
             return self.act()
         if roll < 0.66:
@@ -408,11 +445,18 @@ class Composer:
         return steps
 
 
-LISTS = {"DragArea": "dragDocuments", "DragZone": "dragDocuments", "TreeView": "rootDocuments"}
+# The lists, and how the names of the types end that they are of.
+LISTS = {"DragArea": ("dragDocuments", "Document"), "DragZone": ("dragDocuments", "Document"),
+         "TreeView": ("rootDocuments", "Document"), "DropZone": ("dropHandlers", "DropHandler"),
+         "Document": ("children", "Document")}
+
+# What delegates see.
+ATTACHED = ["DragArea.isOutside", "DragArea.isDropped", "DragZone.isOutside", "DragZone.isDropped",
+            "TreeView.isCollapsedItem", "TreeView.isActiveItem"]
 
 
 def without_doubles(text):
-    """A property may be set once in an object: of several lines the first is kept."""
+    """A property twice is no document: of several lines in an object the first is kept."""
     out, seen = [], []
     for line in text.split("\n"):
         stripped = line.strip()
