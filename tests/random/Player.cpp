@@ -227,7 +227,9 @@ void Player::act(const QString &action, const QString &name)
     } else if (action == QLatin1String("release the scene graph")) {
         m_scene.window(name.toInt())->releaseResources();
     } else if (action == QLatin1String("cancel the drag")) {
-        QDrag::cancel();
+        // Not within the delivery of a drop: qt/canceledinadrop.cpp
+        QMetaObject::invokeMethod(
+            &m_scene, [] { QDrag::cancel(); }, Qt::QueuedConnection);
     } else if (action == QLatin1String("turn the event loop")) {
         // Not within the delivery of an event: qt/loopinpress.cpp, qt/loopindrag.cpp
         if (m_mayTurnLoop) {
