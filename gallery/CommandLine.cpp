@@ -47,18 +47,15 @@ bool isScale(const QByteArray &text)
 CommandLine::CommandLine()
     : m_page(QStringLiteral("page"), QStringLiteral("Open this page."), QStringLiteral("name"))
     , m_pages(QStringLiteral("pages"), QStringLiteral("Print the names of the pages."))
-    , m_screenshots(
-          QStringLiteral("screenshots"),
-          QStringLiteral(
-              "Render every page to <dir>/<name>.png (with --page, only that) and quit."),
-          QStringLiteral("dir"))
-    , m_demos(
-          QStringLiteral("demos"),
-          QStringLiteral(
-              "With --screenshots: pictures of the demos, not of the pages around them."))
+    , m_screenshots(QStringLiteral("screenshots"),
+                    QStringLiteral(
+                        "Render every page to <dir>/<name>.png (with --page, only that) and quit."),
+                    QStringLiteral("dir"))
+    , m_demos(QStringLiteral("demos"),
+              QStringLiteral(
+                  "With --screenshots: pictures of the demos, not of the pages around them."))
     , m_samples(QStringLiteral("samples"),
-                QStringLiteral(
-                    "Show the pictures that come with the gallery instead of a folder."))
+                QStringLiteral("Show the pictures that come with the gallery instead of a folder."))
     , m_size(QStringLiteral("size"),
              QStringLiteral("The window's size; pictures are as tall as the page when there is no "
                             "height."),
@@ -75,8 +72,8 @@ CommandLine::CommandLine()
         QStringLiteral("Shows every control of ombrel.Controls, live and with its properties."));
     m_parser.addHelpOption();
     m_parser.addVersionOption();
-    m_parser.addOptions({m_page, m_pages, m_screenshots, m_demos, m_samples, m_size, m_scale,
-                         m_appearance});
+    m_parser.addOptions(
+        {m_page, m_pages, m_screenshots, m_demos, m_samples, m_size, m_scale, m_appearance});
     m_parser.addPositionalArgument(
         QStringLiteral("folder"),
         QStringLiteral("The folder to show as documents; the current one unless given."),
