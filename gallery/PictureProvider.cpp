@@ -3,33 +3,12 @@
 
 #include "gallery/PictureProvider.h"
 
-#include "gallery/Quiet.h"
+#include "gallery/PictureReading.h"
 
 #include <QFile>
-#include <QImageReader>
 #include <QMutexLocker>
 
 namespace om::gallery {
-
-namespace {
-
-// A picture of a hundred million pixels takes 400 MB while it is read.
-constexpr qint64 mostPixels = 100000000;
-
-QString problemOf(const QImageReader &reader, const QString &path)
-{
-    switch (reader.error()) {
-    case QImageReader::FileNotFoundError:
-    case QImageReader::DeviceError:
-        return QFile::exists(path) ? QStringLiteral("cannot be read") : QStringLiteral("is gone");
-    case QImageReader::InvalidDataError:
-        return QStringLiteral("is damaged");
-    default:
-        return QStringLiteral("is no picture");
-    }
-}
-
-} // namespace
 
 QString PictureProblems::of(const QString &path) const
 {
@@ -62,33 +41,15 @@ QString PictureProvider::sourceFor(const QString &path)
 QImage PictureProvider::requestImage(const QString &id, QSize *size, const QSize &requestedSize)
 {
     const QString path = QString::fromUtf8(QByteArray::fromHex(id.toLatin1()));
-    const Listening listening;
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const QSize whole = reader.size();
-    QImage image;
-    QString problem;
-    if (qint64(whole.width()) * whole.height() > mostPixels) {
-        problem = QStringLiteral("is too large to show");
-    } else {
-        if (requestedSize.width() > 0 && whole.width() > requestedSize.width()) {
-            reader.setScaledSize(
-                whole.scaled(requestedSize.width(), whole.height(), Qt::KeepAspectRatio));
-        }
-        image = reader.read();
-        if (image.isNull()) {
-            problem = problemOf(reader, path);
-        } else if (!listening.heard().isEmpty()) {
-            problem = QStringLiteral("is damaged");
-        }
-    }
-    m_problems->set(path, problem);
-    if (image.isNull()) {
-        // No picture at all would be a warning.
-        image = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-    }
+    QFile file(path);
+    const ReadPicture read = readPicture(&file, [requestedSize](const QSize &whole) {
+        const int width = requestedSize.width();
+        return width > 0 && whole.width() > width
+            ? whole.scaled(width, whole.height(), Qt::KeepAspectRatio)
+            : QSize();
+    });
+    m_problems->set(path, read.problem);
+    const QImage image = read.image.isNull() ? emptyPicture() : read.image;
     *size = image.size();
     return image;
 }

@@ -3,13 +3,12 @@
 
 #include "gallery/shelf/ShelfThumbnails.h"
 
-#include "gallery/Quiet.h"
+#include "gallery/PictureReading.h"
 
 #include <QBuffer>
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QMutexLocker>
 #include <QRunnable>
 #include <QThread>
@@ -17,22 +16,6 @@
 namespace om::gallery {
 
 namespace {
-
-// A picture of a hundred million pixels takes 400 MB while it is read.
-constexpr qint64 mostPixels = 100000000;
-
-QString faultOf(const QImageReader &reader)
-{
-    switch (reader.error()) {
-    case QImageReader::FileNotFoundError:
-    case QImageReader::DeviceError:
-        return QStringLiteral("cannot be read");
-    case QImageReader::InvalidDataError:
-        return QStringLiteral("is damaged");
-    default:
-        return QStringLiteral("is no picture");
-    }
-}
 
 /// Makes one picture. The engine deletes it once it has finished, and asks no more of it after
 /// cancel().
@@ -58,9 +41,7 @@ public:
             m_image = m_store->picture(m_id, m_path, m_size, m_whole);
         }
         if (m_image.isNull()) {
-            // No picture at all would be a warning.
-            m_image = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
-            m_image.fill(Qt::transparent);
+            m_image = emptyPicture();
         }
         Q_EMIT finished();
     }
@@ -150,32 +131,16 @@ QImage ShelfThumbnails::Store::read(const QString &id, const QString &path, cons
     QFile file(path);
     QBuffer buffer(&content);
     QIODevice *const device = inMemory ? static_cast<QIODevice *>(&buffer) : &file;
-    if (!device->open(QIODevice::ReadOnly)) {
-        *problem = file.exists() ? QStringLiteral("cannot be read") : QStringLiteral("is gone");
+    const ReadPicture read = readPicture(device, [&size, whole](const QSize &all) {
+        const QSize scaled =
+            all.scaled(size, whole ? Qt::KeepAspectRatio : Qt::KeepAspectRatioByExpanding);
+        return scaled.width() < all.width() && !size.isEmpty() ? scaled : QSize();
+    });
+    *problem = read.problem;
+    if (read.image.isNull()) {
         return {};
     }
-    const Listening listening;
-    QImageReader reader(device);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const QSize all = reader.size();
-    if (qint64(all.width()) * all.height() > mostPixels) {
-        *problem = QStringLiteral("is too large to show");
-        return {};
-    }
-    const QSize scaled =
-        all.scaled(size, whole ? Qt::KeepAspectRatio : Qt::KeepAspectRatioByExpanding);
-    if (scaled.width() < all.width() && !size.isEmpty()) {
-        reader.setScaledSize(scaled);
-    }
-    QImage image = reader.read();
-    if (image.isNull()) {
-        *problem = faultOf(reader);
-        return {};
-    }
-    if (!listening.heard().isEmpty()) {
-        *problem = QStringLiteral("is damaged");
-    }
+    QImage image = read.image;
     if (!whole && !size.isEmpty()
         && (image.width() > size.width() || image.height() > size.height())) {
         const QSize cut = image.size().boundedTo(size);
