@@ -4,7 +4,9 @@
 #include "tests/random/Catalog.h"
 
 #include "tests/support/RegisteredTypes.h"
+#include "tests/support/TypeDescriptions.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QMetaMethod>
 #include <QMetaProperty>
@@ -12,6 +14,7 @@
 #include <QQuickItem>
 
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -55,22 +58,60 @@ QJsonObject described(const QObject *object)
             {QStringLiteral("functions"), functions}};
 }
 
+/// The descriptions of the types of the library's module.
+std::vector<support::TypeBlock> describedTypes()
+{
+    QFile file(qEnvironmentVariable("OMBREL_SOURCE_DIR")
+               + QStringLiteral("/types/ombrel.Controls.qmltypes"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("There is no types/ombrel.Controls.qmltypes");
+    }
+    return support::readTypes(QString::fromUtf8(file.readAll())).blocks.at(0).blocks;
+}
+
+/// The properties of what \a className attaches; only the descriptions know its type.
+QJsonObject attachedTo(const QByteArray &className, const std::vector<support::TypeBlock> &types)
+{
+    QJsonObject properties;
+    const support::TypeBlock *const type =
+        support::typeNamed(types, QString::fromLatin1(className));
+    const support::TypeBlock *const attached =
+        type ? support::typeNamed(types, type->text("attachedType")) : nullptr;
+    if (attached) {
+        for (const support::TypeBlock *property : attached->children("Property")) {
+            properties.insert(property->text("name"),
+                              QJsonObject{
+                                  {QStringLiteral("type"), property->text("type")},
+                                  {QStringLiteral("writable"), !property->flag("isReadonly")},
+                              });
+        }
+    }
+    return properties;
+}
+
 } // namespace
 
 QJsonObject catalog(QQmlEngine &engine)
 {
     QJsonObject found;
-    const QStringList types = support::registeredTypes();
+    const std::vector<support::TypeBlock> descriptions = describedTypes();
+    // What the data core registers is not in the list.
+    const QStringList types = support::registeredTypes()
+        << QStringLiteral("Context") << QStringLiteral("Document");
     for (const QString &type : types) {
         QQmlComponent component(&engine);
         component.setData("import ombrel.Controls 1.0\nimport ombrel.Controls.Private 1.0\n"
+                          "import ombrel.data.Core 1.0\n"
                               + type.toLatin1() + " {}",
                           QUrl());
         const std::unique_ptr<QObject> object(component.create());
         if (!object) {
             qFatal("%s", qPrintable(component.errorString()));
         }
-        found.insert(type, described(object.get()));
+        QJsonObject description = described(object.get());
+        description.insert(QStringLiteral("attached"),
+                           attachedTo(object->metaObject()->className(), descriptions));
+        found.insert(type, description);
     }
     return found;
 }

@@ -64,6 +64,13 @@ void Player::next()
         }
         return;
     }
+    if (m_depth >= MaximumDepth) {
+        // What would end the drag in whose loop this is, such as a release, is not done so deep:
+        // all the steps that are left would be lost.
+        QDrag::cancel();
+        QTimer::singleShot(1, this, &Player::next);
+        return;
+    }
     const int index = m_index++;
     const QJsonArray step = m_steps.at(index).toArray();
     // The one who watches knows how far it went and that it still moves.
@@ -72,9 +79,7 @@ void Player::next()
     QTimer::singleShot(step.at(0) == QLatin1String("wait") ? step.at(1).toInt() : 0, this,
                        &Player::next);
     ++m_depth;
-    if (m_depth <= MaximumDepth) {
-        take(step);
-    }
+    take(step);
     --m_depth;
 }
 

@@ -34,7 +34,18 @@ QQuickItem *Scene::item(const QString &name) const
     return qobject_cast<QQuickItem *>(object(name));
 }
 
-void Scene::make(const QByteArray &document, QObject *parent)
+QVector<QObject *> Scene::objects() const
+{
+    QVector<QObject *> living;
+    for (const QPointer<QObject> &object : m_named) {
+        if (object) {
+            living.append(object);
+        }
+    }
+    return living;
+}
+
+bool Scene::make(const QByteArray &document, QObject *parent)
 {
     m_components.push_back(std::make_unique<QQmlComponent>(m_engine.get()));
     QQmlComponent *const component = m_components.back().get();
@@ -42,7 +53,7 @@ void Scene::make(const QByteArray &document, QObject *parent)
     QPointer<QObject> root = component->beginCreate(m_engine->rootContext());
     if (!root) {
         qCritical("%s", qPrintable(component->errorString()));
-        return;
+        return false;
     }
     m_roots.emplace_back(root);
     if (auto *const item = qobject_cast<QQuickItem *>(root)) {
@@ -50,6 +61,7 @@ void Scene::make(const QByteArray &document, QObject *parent)
         item->setParentItem(place ? place : m_windows[0]->contentItem());
     }
     component->completeCreate();
+    return true;
 }
 
 void Scene::evaluate(const QString &expression)

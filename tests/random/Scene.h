@@ -23,8 +23,9 @@ public:
     ~Scene() override;
 
     /// Makes the objects of \a document; an item goes into \a parent, or else into a window. What
-    /// is wrong with the document is said, and then there is nothing.
-    void make(const QByteArray &document, QObject *parent);
+    /// is wrong with the document is said, and then there is nothing; returns whether there is
+    /// something.
+    bool make(const QByteArray &document, QObject *parent);
     /// Evaluates an expression with the names; what goes wrong in it is silent, for values of wrong
     /// types are among what is tried.
     void evaluate(const QString &expression);
@@ -33,6 +34,8 @@ public:
 
     /// Called from documents: \a object has this name.
     Q_INVOKABLE void note(const QString &name, QObject *object);
+    /// Called from documents: whether an object that a script keeps is one still.
+    Q_INVOKABLE bool lives(QObject *object) const { return object; }
     /// Called from documents: whether a handler may run, which is not so from within five others.
     /// One that may calls leave() at its end.
     Q_INVOKABLE bool enter();
@@ -40,6 +43,8 @@ public:
 
     QObject *object(const QString &name) const { return m_named.value(name); }
     QQuickItem *item(const QString &name) const;
+    /// All that live and have a name.
+    QVector<QObject *> objects() const;
     QQuickWindow *window(int index) const { return m_windows[index & 1].get(); }
     QQmlEngine *engine() { return m_engine.get(); }
 

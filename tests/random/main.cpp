@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 // random_steps --catalog        prints what there is to compose from
+// random_steps --survey FILE    makes the documents of the steps in FILE without using them, and
+//                               says what is in them
 // random_steps FILE SECONDS     takes the steps in FILE, at most so long; the first step is
 //                               ["end", ORDER], how the end goes
 //
@@ -10,6 +12,7 @@
 
 #include "tests/random/Catalog.h"
 #include "tests/random/Player.h"
+#include "tests/random/Survey.h"
 #include "tests/support/Leftovers.h"
 
 #include <QClipboard>
@@ -49,6 +52,15 @@ void checkFrames(Scene &scene)
     }
 }
 
+QJsonArray stepsIn(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("There is no such file");
+    }
+    return QJsonDocument::fromJson(file.readAll()).array();
+}
+
 void play(const QJsonArray &steps, int seconds)
 {
     Scene scene;
@@ -81,11 +93,11 @@ int main(int argc, char *argv[])
         say(QString::fromUtf8(QJsonDocument(catalog(engine)).toJson()));
         return 0;
     }
-    QFile file(arguments.value(1));
-    if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("There is no such file");
+    if (arguments.value(1) == QLatin1String("--survey")) {
+        say(QString::fromUtf8(QJsonDocument(survey(stepsIn(arguments.value(2)))).toJson()));
+        return 0;
     }
-    play(QJsonDocument::fromJson(file.readAll()).array(), arguments.value(2).toInt());
+    play(stepsIn(arguments.value(1)), arguments.value(2).toInt());
     // What was copied lives until something else is.
     QGuiApplication::clipboard()->clear(QClipboard::Clipboard);
     QGuiApplication::clipboard()->clear(QClipboard::Selection);
