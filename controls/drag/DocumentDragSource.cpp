@@ -492,6 +492,11 @@ void DocumentDragSource::setDocuments(const QList<Document *> &documents)
     announceDocuments();
 }
 
+QQmlListProperty<Document> DocumentDragSource::documentList()
+{
+    return listProperty<Document>(source, m_listKey);
+}
+
 void DocumentDragSource::append(Document *document)
 {
     if (!document) {

@@ -5,6 +5,7 @@
 
 #include "controls/drag/DragVisualHost.h"
 #include "controls/support/ElementList.h"
+#include "controls/support/ListProperty.h"
 
 #include <OmbrelDataCore/Document.h>
 
@@ -75,6 +76,7 @@ public:
     /// False already while dragActiveChanged(false) is emitted: bindings evaluate in the signal.
     bool isDragging() const { return m_state == Dragging && !m_finishing; }
     const ElementList<om::data::Document> &elements() const { return m_documents; }
+    QQmlListProperty<om::data::Document> documentList();
     /// Null is left out.
     void append(om::data::Document *document);
     void clear() { setDocuments({}); }
@@ -139,6 +141,7 @@ private:
     QPointer<QQuickItem> m_receiver;
     QMetaObject::Connection m_receiverWatch;
     ElementList<om::data::Document> m_documents;
+    const ListKey<DocumentDragSource> m_listKey{this};
     QPointer<QQmlComponent> m_delegate;
     /// The drag that is about to run or whose loop is running.
     QPointer<QDrag> m_drag;

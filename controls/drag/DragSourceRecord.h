@@ -4,7 +4,6 @@
 #pragma once
 
 #include "controls/drag/DocumentDragSource.h"
-#include "controls/support/ListProperty.h"
 
 #include <QQmlEngine>
 
@@ -20,11 +19,6 @@ public:
         : DocumentDragSource(owner, differences)
         , q(owner)
     {
-    }
-
-    QQmlListProperty<om::data::Document> documentList()
-    {
-        return listProperty<om::data::Document>(q, static_cast<DocumentDragSource *>(this));
     }
 
 protected:

@@ -39,6 +39,7 @@ public:
     DropHandler *activeHandler = nullptr;
     DropData *const dropData;
     ElementList<DropHandler> handlers;
+    const ListKey<Private> listKey{this};
 };
 
 void DropZone::Private::append(DropHandler *handler)
@@ -126,7 +127,7 @@ DropZone::~DropZone() = default;
 
 QQmlListProperty<DropHandler> DropZone::dropHandlers()
 {
-    return listProperty<DropHandler>(this, d.get());
+    return listProperty<DropHandler>(this, d->listKey);
 }
 
 bool DropZone::containsDrag() const

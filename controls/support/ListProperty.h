@@ -3,50 +3,83 @@
 
 #pragma once
 
+#include <QHash>
 #include <QObject>
 #include <QQmlListProperty>
 
 namespace om::controls {
 
-/// The record of \a list, whose owner is an Owner; null while the owner is destroyed.
+/// The number of a record, by which a list property finds it; no other record of the process gets
+/// the same.
 ///
-/// QML reads a list that it keeps for as long as the owner is a QObject. ~QQuickItem(), which runs
-/// after the record is destroyed, still emits signals: the owner is a QQuickItem then and no Owner
-/// any more. qobject_cast would not see that, for the meta-object that QML gives an object stays.
-template<typename Owner, typename Record, typename T>
-Record *recordOf(const QQmlListProperty<T> *list)
+/// QML reads and writes a list that it keeps without asking whether the owner is still there: after
+/// its end, and in ~QQuickItem(), which emits signals when the record is destroyed. A pointer in
+/// the list would lead to freed memory then; the number leads nowhere.
+template<typename Record>
+class ListKey
 {
-    return dynamic_cast<Owner *>(list->object) ? static_cast<Record *>(list->data) : nullptr;
-}
+    Q_DISABLE_COPY(ListKey)
+public:
+    explicit ListKey(Record *record)
+        : m_number(++lastNumber())
+    {
+        records().insert(m_number, record);
+    }
+    ~ListKey() { records().remove(m_number); }
 
-/// A list property of \a owner that reads and writes \a record: the ElementList that its
-/// elements() returns, its append() and its clear().
+    /// What the list property holds.
+    void *data() const { return reinterpret_cast<void *>(m_number); }
+    /// Null once the record is destroyed.
+    static Record *recordOf(const void *data)
+    {
+        return records().value(reinterpret_cast<quintptr>(data));
+    }
+
+private:
+    // Never destroyed: the last owner may go with the statics of the application.
+    static QHash<quintptr, Record *> &records()
+    {
+        static auto *const all = new QHash<quintptr, Record *>;
+        return *all;
+    }
+    static quintptr &lastNumber()
+    {
+        static quintptr number = 0;
+        return number;
+    }
+
+    const quintptr m_number;
+};
+
+/// A list property of \a owner that reads and writes the record of \a key: the ElementList that its
+/// elements() returns, its append() and its clear(). It is empty, and takes nothing, once the
+/// record is destroyed.
 ///
 /// The engine does not check what a script pushes into a list property: what is no T is ignored
 /// here, while null is handed on.
-template<typename T, typename Owner, typename Record>
-QQmlListProperty<T> listProperty(Owner *owner, Record *record)
+template<typename T, typename Record>
+QQmlListProperty<T> listProperty(QObject *owner, const ListKey<Record> &key)
 {
     using List = QQmlListProperty<T>;
     return List(
-        owner, record,
+        owner, key.data(),
         [](List *list, T *element) {
-            auto *const present = recordOf<Owner, Record>(list);
-            if (present && (!element || qobject_cast<T *>(static_cast<QObject *>(element)))) {
-                present->append(element);
+            Record *const record = ListKey<Record>::recordOf(list->data);
+            if (record && (!element || qobject_cast<T *>(static_cast<QObject *>(element)))) {
+                record->append(element);
             }
         },
         [](List *list) {
-            auto *const present = recordOf<Owner, Record>(list);
-            return present ? present->elements().count() : 0;
+            const Record *const record = ListKey<Record>::recordOf(list->data);
+            return record ? record->elements().count() : 0;
         },
         [](List *list, int index) {
-            auto *const present = recordOf<Owner, Record>(list);
-            return present ? present->elements().at(index) : nullptr;
+            const Record *const record = ListKey<Record>::recordOf(list->data);
+            return record ? record->elements().at(index) : nullptr;
         },
         [](List *list) {
-            if (auto *const present = recordOf<Owner, Record>(list)) {
-                present->clear();
+            if (Record *const record = ListKey<Record>::recordOf(list->data)) {
+                record->clear();
             }
         });
 }

@@ -108,6 +108,7 @@ public:
     QPointer<QQuickItem> contentItem;
     /// The documents at level 0; null ones have no row.
     ElementList<Document> roots;
+    const ListKey<Private> listKey{this};
     QHash<QString, bool> collapsedById;
     TreeRows rows;
     std::unique_ptr<ContentHeight> contentHeight;
@@ -362,7 +363,7 @@ QObject *TreeView::qmlAttachedProperties(QObject *object)
 
 QQmlListProperty<Document> TreeView::rootDocuments()
 {
-    return listProperty<Document>(this, d.get());
+    return listProperty<Document>(this, d->listKey);
 }
 
 QString TreeView::childProperty() const

@@ -48,6 +48,8 @@ public:
     static void emitContextChanged(Document *top);
     static void emitContextChangedIfNot(Context *before, Document *top);
 
+    QQmlListProperty<Document> listProperty();
+    static Document *ownerOf(const QQmlListProperty<Document> *list);
     static void append(QQmlListProperty<Document> *list, Document *child);
     static int count(QQmlListProperty<Document> *list);
     static Document *at(QQmlListProperty<Document> *list, int index);
@@ -63,7 +65,21 @@ public:
     Document *parentDocument = nullptr;
     QList<Document *> children;
     bool childrenLoaded = false;
+    /// The document's number among those that have been asked for their list; 0 before.
+    quintptr listNumber = 0;
 };
+
+namespace {
+
+/// The documents that have been asked for their list, by numbers that are never given again. Never
+/// destroyed: the last document may go with the statics of the application.
+QHash<quintptr, Document *> &listOwners()
+{
+    static auto *const owners = new QHash<quintptr, Document *>;
+    return *owners;
+}
+
+} // namespace
 
 // loadChildren() and context() are the application's code, which may destroy documents, this one
 // too, and change lists: after a call guards tell what still lives, and lists are read anew.
@@ -254,26 +270,49 @@ void Document::Private::emitContextChangedIfNot(Context *before, Document *top)
     }
 }
 
+QQmlListProperty<Document> Document::Private::listProperty()
+{
+    static quintptr lastNumber = 0;
+    if (listNumber == 0) {
+        listNumber = ++lastNumber;
+        listOwners().insert(listNumber, q);
+    }
+    return {q, reinterpret_cast<void *>(listNumber), &append, &count, &at, &clear};
+}
+
+// The document whose list it is; null once that is destroyed. QML reads and writes a list that it
+// keeps without asking whether the owner is still there, so the list holds no pointer but a number.
+Document *Document::Private::ownerOf(const QQmlListProperty<Document> *list)
+{
+    return listOwners().value(reinterpret_cast<quintptr>(list->data));
+}
+
 void Document::Private::append(QQmlListProperty<Document> *list, Document *child)
 {
     // The engine does not check the type of what a script pushes into a list property.
     auto *const document = qobject_cast<Document *>(static_cast<QObject *>(child));
-    static_cast<Document *>(list->object)->appendChild(document);
+    if (Document *const owner = ownerOf(list)) {
+        owner->appendChild(document);
+    }
 }
 
 int Document::Private::count(QQmlListProperty<Document> *list)
 {
-    return static_cast<Document *>(list->object)->d->loadedChildren().size();
+    Document *const owner = ownerOf(list);
+    return owner ? owner->d->loadedChildren().size() : 0;
 }
 
 Document *Document::Private::at(QQmlListProperty<Document> *list, int index)
 {
-    return static_cast<Document *>(list->object)->d->loadedChildren().value(index);
+    Document *const owner = ownerOf(list);
+    return owner ? owner->d->loadedChildren().value(index) : nullptr;
 }
 
 void Document::Private::clear(QQmlListProperty<Document> *list)
 {
-    static_cast<Document *>(list->object)->d->clearChildren();
+    if (Document *const owner = ownerOf(list)) {
+        owner->d->clearChildren();
+    }
 }
 
 Document::Document(QObject *parent)
@@ -311,6 +350,10 @@ Document::~Document()
     }
     // A slot of destroyed() may destroy the context, when this is no document any more.
     disconnect(d->ownContextDestroyed);
+    // Not for what no QML has seen: that may live on another thread.
+    if (d->listNumber != 0) {
+        listOwners().remove(d->listNumber);
+    }
 }
 
 QString Document::documentId() const
@@ -422,7 +465,7 @@ void Document::resetContext()
 
 QQmlListProperty<Document> Document::childrenProperty()
 {
-    return {this, nullptr, &Private::append, &Private::count, &Private::at, &Private::clear};
+    return d->listProperty();
 }
 
 QList<Document *> Document::childDocuments() const

@@ -5,9 +5,12 @@
 #include "tests/support/QmlView.h"
 #include "tests/support/RegisteredTypes.h"
 #include "tests/support/SignalRecorder.h"
+#include "tests/support/SignalTrap.h"
 
 #include <QMetaProperty>
+#include <QPointer>
 #include <QQmlListReference>
+#include <QQmlProperty>
 #include <QTest>
 
 using namespace support;
@@ -24,6 +27,10 @@ private Q_SLOTS:
     void everyListIsKnown();
     void keptWhileTheirOwnerGoes_data() { lists(); }
     void keptWhileTheirOwnerGoes();
+    void keptBeyondTheirOwner_data();
+    void keptBeyondTheirOwner();
+    void whoseOwnerGoesAsTheyAreWritten_data() { keptBeyondTheirOwner_data(); }
+    void whoseOwnerGoesAsTheyAreWritten();
     void withAnElementOfAnother_data() { lists(); }
     void withAnElementOfAnother();
 
@@ -62,14 +69,23 @@ QByteArray documentOf(const QString &owner, const QString &element)
            "Item {\n"
            "    id: page\n"
            "    property var kept: []\n"
+           "    property QtObject owner\n"
            "    property var element: "
-        + element.toUtf8()
-        + " {}\n"
+        + element.toUtf8() + " {}\n    property Component elementMaker: Component { "
+        + element.toUtf8() + " {} }\n    property Component maker: Component { " + type + body
+        + " }\n"
           "    function read() {\n"
           "        return kept.map(function(list) { return list.length + ' ' + list[0] }).join()\n"
           "    }\n"
           "    "
         + type + body + "\n    " + type + body + "\n}";
+}
+
+/// What the page's component \a maker makes.
+QObject *made(const QmlView &view, const char *maker)
+{
+    const auto call = QStringLiteral("%1.createObject(page)").arg(QString::fromLatin1(maker));
+    return evaluate(view.root(), call).value<QObject *>();
 }
 
 bool isList(const QMetaProperty &property)
@@ -156,6 +172,58 @@ void TestLists::keptWhileTheirOwnerGoes()
     QCOMPARE(reads, 2);
     QVERIFY(!list.isValid());
     delete guest;
+}
+
+void TestLists::keptBeyondTheirOwner_data()
+{
+    lists();
+    QTest::newRow("Document.children") << "Document" << QByteArray("children") << "Document";
+}
+
+/// The engine asks a list that QML keeps also when its owner is gone.
+void TestLists::keptBeyondTheirOwner()
+{
+    QFETCH(const QString, owner);
+    QFETCH(const QByteArray, property);
+    QFETCH(const QString, element);
+    QmlView view;
+    view.load(documentOf(owner, element));
+    const auto make = [&] {
+        auto *const object = made(view, "maker");
+        return QQmlListReference(object, property).append(made(view, "elementMaker")) ? object
+                                                                                      : nullptr;
+    };
+    const QPointer<QObject> object = make();
+    QVERIFY(object);
+    view.root()->setProperty("owner", QVariant::fromValue(object.data()));
+    evaluate(view.root(), QStringLiteral("kept = [owner.%1]").arg(QString::fromLatin1(property)));
+    const auto read = [&view] {
+        return evaluate(view.root(), QStringLiteral("read()")).toString();
+    };
+    QVERIFY2(read().startsWith(QLatin1String("1 ")), qPrintable(read()));
+    delete object;
+    QCOMPARE(read(), QStringLiteral("0 undefined"));
+    // Nor does it become another object's.
+    QVERIFY(make());
+    QCOMPARE(read(), QStringLiteral("0 undefined"));
+}
+
+/// An assignment clears the list and appends each element, whatever comes of the first.
+void TestLists::whoseOwnerGoesAsTheyAreWritten()
+{
+    QFETCH(const QString, owner);
+    QFETCH(const QByteArray, property);
+    QFETCH(const QString, element);
+    QmlView view;
+    view.load(documentOf(owner, element));
+    const QPointer<QObject> object = made(view, "maker");
+    QVERIFY(object);
+    const QMetaObject *const meta = object->metaObject();
+    const QMetaProperty described = meta->property(meta->indexOfProperty(property));
+    const SignalTrap trap(object, described.notifySignal().name(), [object] { delete object; });
+    const QObjectList elements{made(view, "elementMaker"), made(view, "elementMaker")};
+    QQmlProperty::write(object, QString::fromLatin1(property), QVariant::fromValue(elements));
+    QVERIFY(!object);
 }
 
 /// One list tells that an element has gone while the next has not learned of it.
