@@ -10,17 +10,17 @@ Demo {
 
     title: "FpsCounter"
     steps: [
-        Step { text: "Switch the animation on and wait for 60 frames."; when: counter.currentFps > 0 },
+        Step { text: "Switch the animation on and wait for 60 frames."; when: frames.value > 0 },
         Step {
             text: "Switch it off: the window rests, and the counter does not wake it."
-            when: counter.currentFps > 0 && !animated.value
+            when: frames.value > 0 && !animated.value
         }
     ]
     stageHeight: 200
 
-    FpsCounter {
-        id: counter
-        onCurrentFpsChanged: log.note("currentFpsChanged: " + currentFps)
+    FrameRate {
+        id: frames
+        onValueChanged: log.note("currentFpsChanged: " + value)
     }
     Column {
         anchors.centerIn: parent
@@ -30,7 +30,7 @@ Demo {
             spacing: 12
             Label {
                 id: rate
-                text: counter.currentFps
+                text: frames.value
                 font.pixelSize: Theme.display
                 font.weight: Font.Light
             }
@@ -62,6 +62,6 @@ Demo {
 
     editors: [
         BoolEditor { id: animated; label: "animation"; value: false; onEdited: value = newValue },
-        ValueRow { target: counter; property: "currentFps" }
+        ValueRow { target: frames.counter; property: "currentFps" }
     ]
 }

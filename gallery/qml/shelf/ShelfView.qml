@@ -284,13 +284,13 @@ FocusScope {
             visible: false
             height: parent.height
             verticalAlignment: Text.AlignVCenter
-            text: counter.currentFps + " fps"
+            text: frames.value + " fps"
             color: Theme.accentText
             font.pixelSize: Theme.small
             font.family: Theme.monoFamily
             Accessible.role: Accessible.StaticText
             Accessible.name: "Frame rate " + text
-            FpsCounter { id: counter }
+            FrameRate { id: frames }
         }
     }
 
