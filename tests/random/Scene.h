@@ -34,8 +34,6 @@ public:
 
     /// Called from documents: \a object has this name.
     Q_INVOKABLE void note(const QString &name, QObject *object);
-    /// Called from documents: whether an object that a script keeps is one still.
-    Q_INVOKABLE bool lives(QObject *object) const { return object; }
     /// Called from documents: whether a handler may run, which is not so from within five others.
     /// One that may calls leave() at its end.
     Q_INVOKABLE bool enter();

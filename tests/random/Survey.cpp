@@ -93,9 +93,7 @@ void Surveyor::lookAtKept(QQuickItem *keeper)
     const auto kept = keeper->property("kept").value<QJSValue>();
     const quint32 count = kept.property(QStringLiteral("length")).toUInt();
     for (quint32 index = 0; index < count; ++index) {
-        // Each with its owner.
-        const QJSValue pair = kept.property(index);
-        const auto list = pair.property(1).toVariant().value<QQmlListReference>();
+        const auto list = kept.property(index).toVariant().value<QQmlListReference>();
         const auto *const owner = qobject_cast<QQuickItem *>(list.object());
         m_kept += owner && owner->parentItem() == keeper;
     }

@@ -264,19 +264,18 @@ class Composer:
                % (name, identifier, " ".join(children))
 
     def keeping(self):
-        """Of each child the lists, and those of the first documents in them; each with its owner."""
+        """Of each child the lists, and those of the first documents in them. None of Qt's: qt/keptlist.cpp"""
         names = sorted({name for kind in self.lists if self.catalog[kind]["item"] for name, _ in self.lists[kind]})
         return "for (var i = 0; kept && i < children.length && kept.length < 20; ++i) %s.forEach(function(name) " \
-               "{ var list = children[i][name]; if (!list) return; kept.push([children[i], list]); " \
-               "if (list[0] && list[0].children) kept.push([list[0], list[0].children]) })" % names
+               "{ var list = children[i][name]; if (!list) return; kept.push(list); " \
+               "if (list[0] && list[0].children) kept.push(list[0].children) })" % names
 
     def reading(self, kept):
         """Reads lists that are kept; now and then writes them, too."""
         what = self.pick(["list[0]", "list[list.length - 1]", "list.push(%s)" % self.reference(),
                           "list.push(list[0])", "String(list)"])
-        # Qt does not survive it once the owner has gone: qt/keptlist.cpp
-        return "if (scene.enter()) try { (%s || []).forEach(function(pair) { if (!scene.lives(pair[0])) return; " \
-               "var list = pair[1]; list.length; %s }) } finally { scene.leave() }" % (kept, what)
+        return "if (scene.enter()) try { (%s || []).forEach(function(list) { if (list) { list.length; %s } }) } " \
+               "finally { scene.leave() }" % (kept, what)
 
     def script(self):
         """What a handler in a document does."""
@@ -361,8 +360,8 @@ class Composer:
         keeper, owner = self.pick(self.keepers[-8:]), self.pick(self.owners[-12:])
         prop, _ = self.pick(self.lists[self.made[owner]])
         return [["evaluate", self.pick([
-            "all.%s.kept.push([all.%s, all.%s.%s])" % (keeper, owner, owner, prop),
-            "all.%s.kept.push([all.%s, all.%s.%s])" % (keeper, owner, owner, prop),
+            "all.%s.kept.push(all.%s.%s)" % (keeper, owner, prop),
+            "all.%s.kept.push(all.%s.%s)" % (keeper, owner, prop),
             self.reading("all.%s.kept" % keeper)])]]
 
     def act(self):
@@ -390,6 +389,8 @@ class Composer:
             target = name
         if signal in self.of_item and what not in HARMLESS:
             what = self.pick(HARMLESS)
+        if what == "delete later" and target in self.kept:
+            what = "collect garbage"
         self.hooked.append((name, signal))
         return [["hook", name, signal, what, target]]
 
