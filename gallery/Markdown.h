@@ -8,8 +8,9 @@
 namespace om::gallery {
 
 /// The Markdown of the reference pages as HTML of the kind that Qt's text items show: headings,
-/// paragraphs, lists, tables, fenced code, and within a line code, bold text and links. All else
-/// stays text. Qt reads Markdown itself from 5.14 on; this works from 5.12 on.
+/// paragraphs, lists, tables, fenced code, and within a line code, bold and italic text and links.
+/// Comments and pictures are left out; all else stays text. Qt reads Markdown itself from 5.14 on;
+/// this works from 5.12 on.
 QString htmlOf(const QString &markdown);
 
 } // namespace om::gallery

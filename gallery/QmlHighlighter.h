@@ -19,9 +19,9 @@ class QmlHighlighter : public QSyntaxHighlighter
                    textDocumentChanged)
     /// For types and other names that begin with a capital letter.
     Q_PROPERTY(QColor typeColor READ typeColor WRITE setTypeColor NOTIFY colorsChanged)
-    /// For names before a colon.
+    /// For names before a colon, keywords of declarations, and imports with their module.
     Q_PROPERTY(QColor nameColor READ nameColor WRITE setNameColor NOTIFY colorsChanged)
-    /// For strings, numbers, `true` and `false`.
+    /// For strings, numbers, `true`, `false` and `null`.
     Q_PROPERTY(QColor valueColor READ valueColor WRITE setValueColor NOTIFY colorsChanged)
     Q_PROPERTY(QColor commentColor READ commentColor WRITE setCommentColor NOTIFY colorsChanged)
 

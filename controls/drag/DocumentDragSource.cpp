@@ -90,7 +90,7 @@ void DocumentDragSource::press(QQuickItem *child, const QMouseEvent *event)
     }
     const bool leavesADrag = m_state == Dragging && !m_loopRunning;
     m_pressPosition = event->localPos();
-    setReceiver(child);
+    setGestureChild(child);
     m_state = Pressed;
     m_finishing = false;
     if (leavesADrag) {
@@ -102,7 +102,8 @@ void DocumentDragSource::press(QQuickItem *child, const QMouseEvent *event)
 
 void DocumentDragSource::move(QQuickItem *child, const QMouseEvent *event)
 {
-    // Not once the call that runs the drag is queued: inside the loop no move would arrive here.
+    // Not between start() and the loop: the drag has been announced, and nothing would announce its
+    // end.
     if (m_differences.yieldsToKeptGrab && !isAboutToRun()) {
         const QQuickWindow *const window = source->window();
         const QQuickItem *const grabber = window ? window->mouseGrabberItem() : nullptr;
@@ -114,7 +115,7 @@ void DocumentDragSource::move(QQuickItem *child, const QMouseEvent *event)
     if (m_state == Idle) {
         return;
     }
-    setReceiver(child);
+    setGestureChild(child);
     if (m_state != Pressed) {
         return;
     }
@@ -169,7 +170,7 @@ void DocumentDragSource::scheduleRun()
     if (!m_runScheduled) {
         m_runScheduled = true;
         QMetaObject::invokeMethod(
-            &m_receiverOfCalls, [this] { runDrag(); }, Qt::QueuedConnection);
+            &m_callContext, [this] { runDrag(); }, Qt::QueuedConnection);
     }
 }
 
@@ -235,15 +236,15 @@ void DocumentDragSource::release()
 
 /// Remembers the \a child whose events make the gesture. If it is destroyed before its release, no
 /// release can arrive: a queued call then ends the drag, as a destructor must emit no signal.
-void DocumentDragSource::setReceiver(QQuickItem *child)
+void DocumentDragSource::setGestureChild(QQuickItem *child)
 {
-    if (m_receiver == child) {
+    if (m_gestureChild == child) {
         return;
     }
-    QObject::disconnect(m_receiverWatch);
-    m_receiver = child;
-    m_receiverWatch = QObject::connect(
-        child, &QObject::destroyed, &m_receiverOfCalls,
+    QObject::disconnect(m_childWatch);
+    m_gestureChild = child;
+    m_childWatch = QObject::connect(
+        child, &QObject::destroyed, &m_callContext,
         [this] {
             if (isWaitingForRelease() && !canBeReleased()) {
                 finish();
@@ -255,10 +256,10 @@ void DocumentDragSource::setReceiver(QQuickItem *child)
 /// The \a child has lost the mouse: the release will be another item's.
 void DocumentDragSource::ungrab(const QQuickItem *child)
 {
-    if (m_receiver != child) {
+    if (m_gestureChild != child) {
         return;
     }
-    m_receiver.clear();
+    m_gestureChild.clear();
     if (isWaitingForRelease()) {
         finish();
     }
@@ -280,7 +281,7 @@ bool DocumentDragSource::isWaitingForRelease() const
 /// the dragged row takes that child away.
 bool DocumentDragSource::canBeReleased() const
 {
-    return m_receiver && source->filtersChildMouseEvents();
+    return m_gestureChild && source->filtersChildMouseEvents();
 }
 
 /// Ends a drag: announces the end, then removes the visual, the QDrag and the filter.

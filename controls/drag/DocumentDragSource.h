@@ -119,7 +119,7 @@ private:
     void runDrag();
     bool beginLoopAt(const QEvent *event);
     void release();
-    void setReceiver(QQuickItem *child);
+    void setGestureChild(QQuickItem *child);
     void ungrab(const QQuickItem *child);
     bool isAboutToRun() const;
     bool isWaitingForRelease() const;
@@ -138,8 +138,8 @@ private:
     bool m_finishing = false;
     QPointF m_pressPosition;
     /// The child that got the last mouse event of the gesture; it will get the release as well.
-    QPointer<QQuickItem> m_receiver;
-    QMetaObject::Connection m_receiverWatch;
+    QPointer<QQuickItem> m_gestureChild;
+    QMetaObject::Connection m_childWatch;
     ElementList<om::data::Document> m_documents;
     const ListKey<DocumentDragSource> m_listKey{this};
     QPointer<QQmlComponent> m_delegate;
@@ -157,7 +157,7 @@ private:
     QPointer<QQuickItem> m_visual;
     /// The receiver of the child's signals and of the queued call: its end, with the record,
     /// disconnects them although the item's QObject part is destroyed later.
-    QObject m_receiverOfCalls;
+    QObject m_callContext;
 };
 
 } // namespace om::controls

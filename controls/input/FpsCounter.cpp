@@ -74,10 +74,10 @@ void FpsCounter::findWindow()
         if (!item || !item->window()) {
             continue;
         }
-        // One connection for each ancestor that is an item, even if they share a window: a frame is
-        // then counted several times at one time, and the meter ignores intervals of 0 ms. A signal
-        // from the render thread is queued (automatic connection), so that only the counter's
-        // thread uses the meter.
+        // One connection for each ancestor that is an item, even if they share a window: a frame
+        // then takes several of the meter's 60 slots, and the rate reads that many times too high.
+        // Applications rely on what they read. A signal from the render thread is queued (automatic
+        // connection), so that only the counter's thread uses the meter.
         d->watches.append(
             connect(item->window(), &QQuickWindow::frameSwapped, this, &FpsCounter::updateFps));
         found = true;

@@ -20,8 +20,9 @@ class FpsCounter
 {
     Q_OBJECT
     Q_INTERFACES(QQmlParserStatus)
-    /// Frames per second over the last 60 frames, computed at most once a second. 0 until that many
-    /// have been seen.
+    /// Frames per second over the last 60 that were counted, computed at most once a second; 0
+    /// before. A frame is counted once for each item among the QObject parents: with n of them this
+    /// is n times the rate of the window.
     Q_PROPERTY(int currentFps READ currentFps NOTIFY currentFpsChanged)
 
 public:

@@ -26,9 +26,8 @@ public:
         : q(popup)
         , animation(new QPropertyAnimation(popup, "opacity", popup))
     {
-        // Set after target and property: the values then stay integers, as which they read, until
-        // the first start converts them to the property's type. Set before, they would be
-        // converted with the target.
+        // QPropertyAnimation converts values that are set after its target only when it first
+        // starts: until then these read as the integers that they are.
         animation->setStartValue(0);
         animation->setEndValue(1);
         animation->setDuration(100);

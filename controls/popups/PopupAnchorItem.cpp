@@ -149,7 +149,7 @@ void PopupAnchorItem::Private::createPopupItem()
     PopupIncubator incubator(q, anchor, &popupItem);
     popup->create(incubator, popup->creationContext());
     if (!self) {
-        // The object began to exist before it could be given to this item.
+        // The item was destroyed before the incubator could make it the owner of the object.
         if (incubator.object() && !incubator.object()->parent()) {
             incubator.object()->deleteLater();
         }

@@ -15,8 +15,8 @@ class DashedGeometryNode : public QSGGeometryNode
 public:
     DashedGeometryNode();
 
-    /// Sets the colour. Each call makes a new material, which hands the colour to the render
-    /// thread, and deletes the old one.
+    /// Sets the colour. Each call makes a new material and deletes the old one; setMaterial() marks
+    /// the node as dirty.
     void setColor(const QColor &color);
     void setSize(double width, double height);
 };

@@ -38,8 +38,8 @@ public:
     /// Emits the row's layoutRequired().
     void requireLayout();
 
-    /// Whether the top is anchored to the bottom of the row's predecessor and follows it: Qt Quick
-    /// lets it rest while one of the two has been taken to another parent.
+    /// Whether the top is anchored to the bottom of the row's predecessor and follows it: the
+    /// anchor stays set but has no effect while one of the two has been taken to another parent.
     bool isBelowPredecessor() const;
     /// Clears the top anchor.
     void releaseTop();

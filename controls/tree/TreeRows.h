@@ -61,8 +61,9 @@ public:
     /// Calls \a change, in which the rows below \a entry hide or show. False when the view has been
     /// destroyed.
     bool hideOrShow(TreeViewEntry *entry, const std::function<void()> &change);
-    /// To be called as \a entry is destroyed. Whether rows have left the content with it: all of a
-    /// build do so with the first of them. The view may be destroyed when the call returns.
+    /// To be called as \a entry is destroyed. Returns whether rows have left the content: the first
+    /// destroyed entry of a retired build takes all rows of that build out. The view may be
+    /// destroyed when the call returns.
     bool entryEnds(TreeViewEntry *entry);
 
     /// Whether \a item is the item of a row of the view, one of an earlier build perhaps.

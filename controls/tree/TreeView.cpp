@@ -615,8 +615,8 @@ void TreeView::performScheduledUpdate()
     d->updateScheduled = true;
     d->rebuilding = true;
     d->rebuild();
-    // After the rebuild: a delegate that requests an update as it completes would otherwise queue a
-    // rebuild each time it is made again by one, without end.
+    // Cleared after the rebuild only: a delegate that requests an update as it completes would
+    // queue a rebuild, which makes the delegate again, without end.
     if (alive) {
         d->updateScheduled = false;
     }

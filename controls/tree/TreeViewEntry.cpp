@@ -88,8 +88,8 @@ public:
     int level = 0;
     int index = 0;
     int childCount = 0;
-    /// How often collapsed and childCount have changed: handlers of what shows a change may make
-    /// further ones, which have been told then.
+    /// How often collapsed and childCount have changed. Writing a change to the rows runs handlers,
+    /// which may make the next one and have it told: the outer change is not told any more then.
     int collapses = 0;
     int countChanges = 0;
     QPointer<Document> document;
@@ -207,7 +207,7 @@ void TreeViewEntry::createRow(QQuickItem *content, QQuickItem *treeParent)
 {
     QQmlContext *const viewContext = qmlContext(parent());
     if (!viewContext || !viewContext->isValid()) {
-        return; // with the engine or the document of the view nothing is made any more
+        return; // nothing can be made once the view's engine or document is gone
     }
     QQmlComponent *component = d->host->component(EntryComponent);
     d->context = new QQmlContext(viewContext, this);
@@ -277,7 +277,7 @@ void TreeViewEntry::setCollapsed(bool collapsed)
     const QPointer<TreeViewEntry> alive(this);
     const QString id = d->document ? d->document->documentId() : QString();
     if (!alive) {
-        return; // the identifier is the application's code
+        return; // documentId() is the application's code and has destroyed the entry
     }
     d->collapsed = collapsed;
     const int change = ++d->collapses;

@@ -64,9 +64,10 @@ public:
     /// null for a root. The delegates run the application's code: the view may be gone afterwards,
     /// and the entry with it.
     void createRow(QQuickItem *content, QQuickItem *treeParent);
-    /// Destroys the row's context, which ends the evaluation of its bindings; and takes the item
-    /// out of the content. Both ahead of the entry's destruction.
+    /// Destroys the row's context, which ends the evaluation of its bindings, ahead of the entry's
+    /// destruction.
     void destroyContext();
+    /// Takes the row's item out of the content, ahead of the entry's destruction.
     void leaveContent();
 
     /// Collapses or expands the row; told when the rows below have hidden or shown and are in their

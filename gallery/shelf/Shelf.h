@@ -24,8 +24,8 @@ namespace om::gallery {
 /// A folder to be put in order: its files and folders as documents that can be renamed, moved,
 /// labelled, removed and added, all of it in memory, until it is saved.
 ///
-/// Reading and writing happen on another thread. While something is written nothing can be changed.
-/// What takes a list of documents takes documents of this shelf.
+/// Documents are read and written on another thread. While something is written nothing can be
+/// changed. What takes a list of documents takes documents of this shelf.
 class Shelf : public QObject
 {
     Q_OBJECT

@@ -15,7 +15,7 @@
 
 namespace support {
 
-/// "3 × om::controls::Popup, QQuickItem", each after \a what.
+/// "an object QQuickItem (3 times)": \a what, a name, and how often it comes.
 static QStringList counted(const QString &what, const QStringList &sortedNames)
 {
     QStringList left;

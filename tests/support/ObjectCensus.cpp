@@ -49,8 +49,7 @@ public:
         }
     }
 
-    /// What \a describe answers of each object, without the empty answers; its second argument says
-    /// whether this test has made the object.
+    /// What \a describe answers of each object, without the empty answers.
     template<typename Describe>
     QStringList list(Describe describe)
     {

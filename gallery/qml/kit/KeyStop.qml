@@ -3,8 +3,8 @@
 
 import QtQuick 2.12
 
-// A stop of Tab around an item that has none of its own: types of this library's modules have no
-// `activeFocusOnTab` in QML. Declare the item inside with `focus: true`, and its keys on it.
+// A stop of Tab around an item, with a name and a ring of focus. Declare the item inside with
+// `focus: true`, and its keys on it.
 FocusScope {
     id: stop
 

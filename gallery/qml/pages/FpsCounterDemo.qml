@@ -3,6 +3,7 @@
 
 import QtQuick 2.12
 import ombrel.Controls 1.0
+import ".."
 import "../kit"
 
 Demo {

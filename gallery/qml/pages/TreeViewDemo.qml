@@ -185,7 +185,7 @@ Demo {
                 }
             }
 
-            // The tree is in a module of its own version and has no tab stop of its own.
+            // The stop of Tab: it carries the role and the name.
             FocusScope {
                 id: stop
                 x: 6

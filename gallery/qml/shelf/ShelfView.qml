@@ -4,6 +4,7 @@
 import QtQuick 2.12
 import QtQuick.Window 2.12
 import ombrel.Controls 1.0
+import ".."
 import "../kit"
 
 // A small media organiser: folders at the left, thumbnails in the middle, what is known of one of
