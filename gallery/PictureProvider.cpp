@@ -49,7 +49,7 @@ QImage PictureProvider::requestImage(const QString &id, QSize *size, const QSize
             : QSize();
     });
     m_problems->set(path, read.problem);
-    const QImage image = read.image.isNull() ? emptyPicture() : read.image;
+    QImage image = read.image.isNull() ? emptyPicture() : read.image;
     *size = image.size();
     return image;
 }

@@ -36,7 +36,7 @@ public:
     }
 
 private:
-    // Never destroyed: the last owner may go with the statics of the application.
+    // Never destroyed: the last owner may go with the static objects of the application.
     static QHash<quintptr, Record *> &records()
     {
         static auto *const all = new QHash<quintptr, Record *>;

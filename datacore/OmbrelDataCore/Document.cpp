@@ -72,7 +72,7 @@ public:
 namespace {
 
 /// The documents that have been asked for their list, by numbers that are never given again. Never
-/// destroyed: the last document may go with the statics of the application.
+/// destroyed: the last document may go with the static objects of the application.
 QHash<quintptr, Document *> &listOwners()
 {
     static auto *const owners = new QHash<quintptr, Document *>;
