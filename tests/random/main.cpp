@@ -69,6 +69,10 @@ void play(const QJsonArray &steps, int seconds)
         Player player(scene, steps, 1000 * seconds);
         bool finished = false;
         QObject::connect(&player, &Player::finished, [&finished] { finished = true; });
+        // A drag that begins in the same turn as the end has nobody who would end it.
+        QTimer canceller;
+        QObject::connect(&canceller, &QTimer::timeout, [] { QDrag::cancel(); });
+        QObject::connect(&player, &Player::finished, [&canceller] { canceller.start(50); });
         player.start();
         while (!finished) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
