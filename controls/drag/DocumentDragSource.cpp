@@ -16,7 +16,6 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPixmap>
-#include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickWindow>
 

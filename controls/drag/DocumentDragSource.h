@@ -35,8 +35,9 @@ class DragVisualState;
 /// The gesture has three states:
 ///
 ///     Idle      -> Pressed    a press with exactly the left button held (from any state)
-///     Pressed   -> Idle       a release; a move without documents; a move while another item
-///                             keeps the mouse grab (only where the source yields to it)
+///     Pressed   -> Idle       a release; a move without documents
+///     any       -> Idle       a move while another item keeps the mouse grab, except between
+///                             start() and the loop (only where the source yields to it)
 ///     Pressed   -> Dragging   a move of a Manhattan length of 4 or more, start()
 ///     Dragging  -> Idle       finish(): a release, or what ends the drag in its place
 ///

@@ -9,8 +9,8 @@
 
 namespace om::controls {
 
-/// The number of a record, by which a list property finds it; no other record of the process gets
-/// the same.
+/// The number of a record, by which a list property finds it; no other record of the same type ever
+/// gets it.
 ///
 /// QML reads and writes a list that it keeps without asking whether the owner is still there: after
 /// its end, and in ~QQuickItem(), which emits signals when the record is destroyed. A pointer in

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick 2.12
-import ombrel.Controls 1.0
 import ".."
 import "../kit"
 
